@@ -1,0 +1,2 @@
+// The first program.
+Print "Hello from QuorlScript"
