@@ -1,0 +1,1 @@
+// Keeps the compiler library non-empty while its first sources are written.

@@ -1,0 +1,88 @@
+#include "Compiler/Frontend/SrcContext.h"
+
+#include "Compiler/BackEnds/codestorage.h"
+#include "Compiler/SemBase.h"
+#include "Compiler/SymbolTable/LocalSymbolTable.h"
+#include "Compiler/SymbolTable/SymbolTable.h"
+#include "Universal/Assertion.h"
+
+// Set by the SrcContext constructor, cleared by its destructor: non-null
+// exactly while a compilation (or a declaration encoding) is under way.
+SrcContext* gContext = nullptr;
+
+SrcContext::SrcContext()
+    : mDelegate(nullptr), mSymbols(nullptr), mProgramCode(nullptr),
+      mConditionalDepth(0), mStubCode(nullptr), mLibrary(0), mBigEndian(0),
+      mStaticClassData(0), mScriptMode(0), mErrorFlag(0), mNextLabel(1),
+      mNextID(1) {
+  QASSERT(NULL == gContext);
+  mTables.BindNewObject(new LocalSymbolTableList);
+  mSymbols = new StaticSymbolTable("");
+  mTables->AddTable(mSymbols);
+  mProgramCode = SemCode::New(IRDataType(), nullptr);
+  gContext = this;
+  MakeSharedOperands();
+}
+
+// The local tables go with the last Ref to them; the semantic values,
+// program code included, with the sweep.
+SrcContext::~SrcContext() {
+  for (unsigned long i = 0; i < mStaticBlocks.size(); i++)
+    delete mStaticBlocks[i];
+  gContext = nullptr;
+  SemBase::PostCompileCleanup();
+}
+
+long SrcContext::NewLabel() { return mNextLabel++; }
+
+TacAddr const* SrcContext::NamedLabel(string const& name) {
+  for (unsigned long i = 0; i < mLabelNames.size(); i++)
+    if (mLabelNames[i] == name) return mLabelAddrs[i];
+  TacAddr const* label = GetLiteral(NewLabel(), kSInt32Type);
+  mLabelNames.push_back(name);
+  mLabelAddrs.push_back(label);
+  return label;
+}
+
+TacAddr const* SrcContext::GetStaticSymbolAddr(IRDataType const& type,
+                                               string const& name) {
+  TacAddr* addr;
+  if (mStaticSymbols.GetEntry(name, addr)) return addr;
+  addr = Own(new SymbolAddr(kGlobalDataStorage, type, name, 0));
+  mStaticSymbols.AddEntry(name, addr);
+  return addr;
+}
+
+TacAddr const* SrcContext::GetObjectSymbolAddr(IRDataType const& type,
+                                               string const& name,
+                                               unsigned int offset) {
+  TacAddr* addr;
+  if (mObjectSymbols.GetEntry(name, addr)) return addr;
+  addr = Own(new SymbolAddr(kBaseRelativeDataStorage, type, name, offset));
+  mObjectSymbols.AddEntry(name, addr);
+  return addr;
+}
+
+StaticDataBlock* SrcContext::MakeStaticDataBlock(string const& name) {
+  QASSERT(name.Length());
+  StaticDataBlock* block = new StaticDataBlock(mBigEndian);
+  block->mName = name;
+  mStaticBlocks.push_back(block);
+  return block;
+}
+
+void SrcContext::MoveStaticDataBlocks(SimpleVector<StaticDataBlock*>* target) {
+  QASSERT(target);
+  for (unsigned long i = 0; i < mStaticBlocks.size(); i++)
+    target->push_back(mStaticBlocks[i]);
+  mStaticBlocks.deleteAll();
+}
+
+void SrcContext::RecordDependency(SourceUnitDependencyLink* link) {
+  if (link) link->Touch();
+}
+
+TacAddr const* NewLabel() {
+  QASSERT(gContext);
+  return gContext->GetLiteral(gContext->NewLabel(), kSInt32Type);
+}

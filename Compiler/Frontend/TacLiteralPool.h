@@ -1,0 +1,43 @@
+// Interned constants of a compilation. Identical string literals and 32-bit
+// integers share one operand; the pool owns every operand it hands out and
+// frees them all with itself.
+#ifndef COMPILER_FRONTEND_TACLITERALPOOL_H
+#define COMPILER_FRONTEND_TACLITERALPOOL_H
+
+#include "Compiler/InterRep.h"
+#include "Compiler/datatypes.h"
+#include "Universal/IntMap.h"
+#include "Universal/SimpleVector.h"
+#include "Universal/stringmap.h"
+#include "Universal/ustring.h"
+
+class TacLiteralPool {
+ public:
+  TacLiteralPool() {}
+  virtual ~TacLiteralPool();
+
+  // A String constant; literals are told apart with case.
+  TacAddr const* GetLiteral(string const& text);
+  // An Int32 or UInt32 constant, interned by its low word; a 64-bit one is
+  // always a new operand. Other types are a compiler fault.
+  TacAddr const* GetLiteral(long long value, SimpleDataType type);
+  // Any constant. Plain Int32, String and Boolean go through the interning
+  // forms (Boolean gives the shared gTacTrue or gTacFalse); everything else,
+  // enum-typed values included, is a new operand.
+  TacAddr const* GetLiteral(IRValue const& value, IRDataType const& type);
+
+ protected:
+  // Takes ownership of `addr` and returns it.
+  TacAddr* Own(TacAddr* addr);
+
+ private:
+  TacLiteralPool(TacLiteralPool const&) = delete;
+  TacLiteralPool& operator=(TacLiteralPool const&) = delete;
+
+  SimpleVector<TacAddr*> mOwned;
+  IntMap<TacAddr*> mSInt32Literals;
+  IntMap<TacAddr*> mUInt32Literals;
+  StringMapCase<TacAddr*> mStringLiterals;
+};
+
+#endif
