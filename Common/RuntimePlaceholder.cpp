@@ -1,0 +1,1 @@
+// Keeps the runtime library non-empty while its first sources are written.

@@ -1,0 +1,99 @@
+#include "Plugin/QuorlInterpreter.h"
+
+#include <string.h>
+
+#include "Plugin/HostCalls.h"
+
+// The fixed text of every CompilerError event. The host string is asked for
+// 28 bytes, so that it holds the 27 characters and their terminating NUL:
+// hosts have come to rely on that length.
+static char const kCompilerErrorText[] = "Error found while compiling";
+static int const kCompilerErrorTextLength = 28;
+
+void* QuorlInterpreter::EventHandler(QuorlScriptEventIndex event) const {
+  return VELDGetEventInstance(mHostObject, &gQuorlScriptEvents[event]);
+}
+
+void QuorlInterpreter::MarkAborted() {
+  QuorlScriptDataOf(mHostObject)->mState = kStateAborted;
+}
+
+// A host string of the bytes, tagged UTF-8; one reference for the caller.
+static VELDString BuildUTF8String(char const* bytes, unsigned long length) {
+  VELDString text = VELDBuildString(bytes, (int)length);
+  VELDSetStringEncoding(text, kEncodingUTF8);
+  return text;
+}
+
+void QuorlInterpreter::Print(char const* text, unsigned long length) {
+  QuorlPrintHandler handler = (QuorlPrintHandler)EventHandler(kEventPrint);
+  if (!handler) return;
+  VELDString message = BuildUTF8String(text, length);
+  handler(mHostObject, message);
+  VELDUnlockString(message);
+}
+
+char* QuorlInterpreter::Input(char const* prompt, unsigned long promptLength,
+                              unsigned long* resultLength) {
+  QuorlInputHandler handler = (QuorlInputHandler)EventHandler(kEventInput);
+  if (!handler) {
+    if (resultLength) *resultLength = 0;
+    return nullptr;
+  }
+  VELDString promptText = BuildUTF8String(prompt, promptLength);
+  VELDString answer = handler(mHostObject, promptText);
+  VELDString converted = VELDConvertString(answer, kEncodingUTF8);
+  VELDUnlockString(answer);
+  unsigned long length = converted ? converted->mLength : 0;
+  if (resultLength) *resultLength = length;
+  char* result = nullptr;
+  if (length) {
+    // One spare byte keeps the copy usable as a C string as well.
+    result = new char[length + 1];
+    memcpy(result, converted->CString(), length);
+    result[length] = 0;
+  }
+  VELDUnlockString(promptText);
+  VELDUnlockString(converted);
+  return result;
+}
+
+void QuorlInterpreter::CompilerError(CompileErrorCode code, unsigned long line) {
+  QuorlCompilerErrorHandler handler =
+      (QuorlCompilerErrorHandler)EventHandler(kEventCompilerError);
+  if (handler) {
+    VELDString text = VELDBuildString(kCompilerErrorText, kCompilerErrorTextLength);
+    handler(mHostObject, (int)line, (int)code, text);
+    VELDUnlockString(text);
+  }
+  MarkAborted();
+}
+
+// The host class that stands for a runtime error of this code.
+static char const* RuntimeErrorClassName(RuntimeErrorCode code) {
+  switch (code) {
+    case kRuntimeErrorStackOverflow:
+    case kRuntimeErrorStackOverflow2:
+      return "stackOverflowException";
+    case kRuntimeErrorOutOfBounds:
+      return "OutOfBoundsException";
+    default:
+      return "RuntimeException";
+  }
+}
+
+void QuorlInterpreter::RuntimeError(RuntimeErrorCode code, unsigned long line) {
+  QuorlRuntimeErrorHandler handler =
+      (QuorlRuntimeErrorHandler)EventHandler(kEventRuntimeError);
+  if (handler) {
+    VELDObject error = VELDnewInstance(RuntimeErrorClassName(code));
+    handler(mHostObject, (int)line, error);
+    if (error) VELDUnlockObject(error);
+  }
+  MarkAborted();
+}
+
+void QuorlInterpreter::YieldToOtherThreads() { VELDYieldToQuorl(); }
+unsigned long QuorlInterpreter::GetStackLimit() { return VELDGetStackLimit(); }
+void QuorlInterpreter::SetStackLimit(unsigned long limit) { VELDSetStackLimit(limit); }
+void QuorlInterpreter::InitStackChecker(unsigned long base) { VELDInitStackChecker(base); }

@@ -1,0 +1,42 @@
+// The command line of quorl: a table of options, the parser and the help.
+#ifndef QUORLRUNNER_COMMANDLINE_H
+#define QUORLRUNNER_COMMANDLINE_H
+
+#include <string>
+#include <vector>
+
+namespace quorl {
+namespace runner {
+
+// What the file operand "-" stands for, and how that file is shown.
+constexpr char kStandardInputOperand[] = "-";
+constexpr char kStandardInputName[] = "<stdin>";
+
+struct RunnerOptions {
+  std::string file;  // kStandardInputOperand for standard input
+  bool check = false;
+  bool help = false;
+  std::string pluginPath;  // empty: the host's default
+};
+
+struct CommandLine {
+  RunnerOptions options;
+  std::string error;  // set for a usage error
+};
+
+// Parses the arguments after the program name. Options may come before or
+// after the file; "--" ends them; "--name=value" and "--name value" both
+// give a value.
+CommandLine ParseCommandLine(std::vector<std::string> const& arguments);
+
+// The one-line synopsis, and the whole text of --help.
+std::string UsageLine();
+std::string HelpText();
+
+// How the file appears in messages.
+std::string DisplayName(RunnerOptions const& options);
+
+}  // namespace runner
+}  // namespace quorl
+
+#endif

@@ -1,0 +1,40 @@
+// A script's events, connected to the terminal: output and prompts to
+// standard output, answers from standard input, reports to standard error.
+#ifndef QUORLRUNNER_CONSOLEEVENTS_H
+#define QUORLRUNNER_CONSOLEEVENTS_H
+
+#include <cstdio>
+#include <string>
+
+#include "quorl/QuorlHost.h"
+
+namespace quorl {
+namespace runner {
+
+struct Console {
+  std::FILE* in = stdin;
+  std::FILE* out = stdout;
+  std::FILE* err = stderr;
+};
+
+// What the events reported while the script was connected.
+struct EventCounts {
+  int compileErrors = 0;
+  int runtimeErrors = 0;
+};
+
+// Connects the four events of `script`. `fileName` is how reports name the
+// script. The counts must outlive the script's runs.
+void ConnectConsole(Script& script, Console const& console,
+                    std::string const& fileName, EventCounts& counts);
+
+// Removes the four handlers again.
+void DisconnectConsole(Script& script);
+
+// One line of input without its line end; "" at the end of input.
+std::string ReadLine(std::FILE* in);
+
+}  // namespace runner
+}  // namespace quorl
+
+#endif

@@ -1,0 +1,132 @@
+// The script object of the embedding API: a "QuorlScript" instance driven
+// through its class record.
+#include "StandInHost/HostObjects.h"
+#include "StandInHost/HostStrings.h"
+#include "StandInHost/PluginCalls.h"
+#include "StandInHost/ScriptEvents.h"
+#include "StandInHost/ScriptRecords.h"
+
+namespace quorl {
+
+using namespace standin;
+
+struct Script::Impl {
+  VELDObject instance = nullptr;
+  VELDClassDefinition* definition = nullptr;
+  ScriptCallbacks callbacks;
+
+  void CallMethod(char const* declaration) {
+    auto method = reinterpret_cast<VELDInstanceProc>(
+        FindMethod(definition, declaration).mFunction);
+    CallIntoPlugin([&] { method(instance); });
+  }
+
+  VELDProperty const& Property(char const* name) const {
+    return FindProperty(definition, name);
+  }
+
+  void Bind() { BindEvents(instance, &callbacks); }
+};
+
+namespace {
+
+constexpr char kScriptClass[] = "QuorlScript";
+
+typedef int (*IntegerGetterProc)(VELDObject instance, long parameter);
+typedef VELDString (*StringGetterProc)(VELDObject instance, long parameter);
+
+}  // namespace
+
+Script::Script() : mImpl(std::make_unique<Impl>()) {
+  VELDClassRef cls = FindClass(kScriptClass);
+  if (!cls || !cls->mDefinition) throw UnknownClass(kScriptClass);
+  CallIntoPlugin([&] { mImpl->instance = NewObject(cls); });
+  mImpl->definition = cls->mDefinition;
+  mImpl->Bind();
+}
+
+// The instance may outlive this object if someone else holds it, so it is
+// cut off from the callables first.
+Script::~Script() {
+  if (!mImpl || !mImpl->instance) return;
+  UnbindEvents(mImpl->instance);
+  try {
+    CallIntoPlugin([&] { UnlockObject(mImpl->instance); });
+  } catch (...) {
+  }
+}
+
+Script::Script(Script&& other) noexcept = default;
+Script& Script::operator=(Script&& other) noexcept = default;
+
+void Script::SetSource(std::string const& source) {
+  VELDProperty const& property = mImpl->Property("Source");
+  auto setter = reinterpret_cast<VELDStringSetterProc>(property.mSetter);
+  VELDString text = NewHostString(source);
+  CallIntoPlugin([&] {
+    setter(mImpl->instance, property.mParameter, text);
+    UnlockStringStorage(text);
+  });
+}
+
+std::string Script::Source() const {
+  VELDProperty const& property = mImpl->Property("Source");
+  if (property.mGetter == kVELDDirectAccess) {
+    return ToStdString(*static_cast<VELDString*>(
+        DirectField(mImpl->instance, mImpl->definition, property)));
+  }
+  auto getter = reinterpret_cast<StringGetterProc>(property.mGetter);
+  VELDString text = getter(mImpl->instance, property.mParameter);
+  std::string result = ToStdString(text);
+  UnlockStringStorage(text);
+  return result;
+}
+
+void Script::SetContext(Object const& context) {
+  VELDProperty const& property = mImpl->Property("Context");
+  auto setter = reinterpret_cast<VELDObjectSetterProc>(property.mSetter);
+  CallIntoPlugin(
+      [&] { setter(mImpl->instance, property.mParameter, context.Get()); });
+}
+
+void Script::SetContext(std::nullptr_t) { SetContext(Object()); }
+
+void Script::Run() { mImpl->CallMethod("Run()"); }
+
+void Script::Precompile() { mImpl->CallMethod("Precompile()"); }
+
+void Script::Reset() { mImpl->CallMethod("Reset()"); }
+
+ScriptState Script::State() const {
+  VELDProperty const& property = mImpl->Property("State");
+  if (property.mGetter == kVELDDirectAccess) {
+    return static_cast<ScriptState>(*static_cast<int32_t*>(
+        DirectField(mImpl->instance, mImpl->definition, property)));
+  }
+  auto getter = reinterpret_cast<IntegerGetterProc>(property.mGetter);
+  return static_cast<ScriptState>(getter(mImpl->instance, property.mParameter));
+}
+
+void Script::OnPrint(PrintHandler handler) {
+  mImpl->callbacks.print = std::move(handler);
+  mImpl->Bind();
+}
+
+void Script::OnInput(InputHandler handler) {
+  mImpl->callbacks.input = std::move(handler);
+  mImpl->Bind();
+}
+
+void Script::OnCompilerError(CompilerErrorHandler handler) {
+  mImpl->callbacks.compilerError = std::move(handler);
+  mImpl->Bind();
+}
+
+void Script::OnRuntimeError(RuntimeErrorHandler handler) {
+  mImpl->callbacks.runtimeError = std::move(handler);
+  mImpl->Bind();
+}
+
+VELDObject Script::Instance() const { return mImpl->instance; }
+
+}  // namespace quorl

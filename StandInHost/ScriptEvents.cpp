@@ -1,0 +1,116 @@
+#include "StandInHost/ScriptEvents.h"
+
+#include <exception>
+
+#include "StandInHost/HostObjects.h"
+#include "StandInHost/HostStrings.h"
+#include "StandInHost/PluginCalls.h"
+
+namespace quorl {
+namespace standin {
+
+char const kInputEvent[] = "Input(prompt As String) As String";
+char const kPrintEvent[] = "Print(msg As String)";
+char const kCompilerErrorEvent[] =
+    "CompilerError(line As Integer, errorNumber As Integer, errorMsg As String)";
+char const kRuntimeErrorEvent[] =
+    "RuntimeError(line As Integer, error As RuntimeException)";
+
+namespace {
+
+ScriptCallbacks* CallbacksOf(VELDObject instance) {
+  return static_cast<ScriptCallbacks*>(EmbedderData(instance));
+}
+
+// Runs a callable where engine frames are below: nothing may unwind past
+// here. After one failure the call's remaining events are dropped. The
+// handler is copied first, since it may replace itself while it runs.
+template <class Handler, class Call>
+void Deliver(Handler const& handler, Call const& call) {
+  if (!handler || CallbackFailed()) return;
+  Handler copy = handler;
+  try {
+    call(copy);
+  } catch (...) {
+    RecordCallbackFailure(std::current_exception());
+  }
+}
+
+// The engine's message text ends in a NUL it counts as part of the text.
+std::string WithoutTrailingNuls(std::string text) {
+  while (!text.empty() && text.back() == '\0') text.pop_back();
+  return text;
+}
+
+void PrintTrampoline(VELDObject instance, VELDString message) {
+  ScriptCallbacks* callbacks = CallbacksOf(instance);
+  if (!callbacks) return;
+  Deliver(callbacks->print, [&](Script::PrintHandler const& print) {
+    print(ToStdString(message));
+  });
+}
+
+// The answer goes back with one reference, which the engine releases.
+VELDString InputTrampoline(VELDObject instance, VELDString prompt) {
+  ScriptCallbacks* callbacks = CallbacksOf(instance);
+  std::string answer;
+  if (callbacks) {
+    Deliver(callbacks->input, [&](Script::InputHandler const& input) {
+      answer = input(ToStdString(prompt));
+    });
+  }
+  return answer.empty() ? nullptr : NewHostString(answer);
+}
+
+void CompilerErrorTrampoline(VELDObject instance, int line, int number,
+                             VELDString message) {
+  ScriptCallbacks* callbacks = CallbacksOf(instance);
+  if (!callbacks) return;
+  Deliver(callbacks->compilerError,
+          [&](Script::CompilerErrorHandler const& compilerError) {
+            compilerError(line, number,
+                          WithoutTrailingNuls(ToStdString(message)));
+          });
+}
+
+void RuntimeErrorTrampoline(VELDObject instance, int line, VELDObject error) {
+  ScriptCallbacks* callbacks = CallbacksOf(instance);
+  if (!callbacks) return;
+  Deliver(callbacks->runtimeError,
+          [&](Script::RuntimeErrorHandler const& runtimeError) {
+            runtimeError(line, ClassNameOf(error));
+          });
+}
+
+template <class Proc>
+void* HandlerIf(bool present, Proc trampoline) {
+  return present ? reinterpret_cast<void*>(trampoline) : nullptr;
+}
+
+}  // namespace
+
+void BindEvents(VELDObject instance, ScriptCallbacks* callbacks) {
+  SetEmbedderData(instance, callbacks);
+  SetEventHandler(instance, kPrintEvent,
+                  HandlerIf<QuorlPrintHandler>(bool(callbacks->print),
+                                               &PrintTrampoline));
+  SetEventHandler(instance, kInputEvent,
+                  HandlerIf<QuorlInputHandler>(bool(callbacks->input),
+                                               &InputTrampoline));
+  SetEventHandler(instance, kCompilerErrorEvent,
+                  HandlerIf<QuorlCompilerErrorHandler>(
+                      bool(callbacks->compilerError), &CompilerErrorTrampoline));
+  SetEventHandler(instance, kRuntimeErrorEvent,
+                  HandlerIf<QuorlRuntimeErrorHandler>(
+                      bool(callbacks->runtimeError), &RuntimeErrorTrampoline));
+}
+
+void UnbindEvents(VELDObject instance) {
+  for (char const* event : {kPrintEvent, kInputEvent, kCompilerErrorEvent,
+                            kRuntimeErrorEvent})
+    SetEventHandler(instance, event, nullptr);
+  SetEmbedderData(instance, nullptr);
+}
+
+}  // namespace standin
+}  // namespace quorl

@@ -1,0 +1,37 @@
+// The four events of a script, delivered to the embedding program's
+// callables. The host's per-instance event handlers are C functions called
+// as handler(instance, parameters...); for each callable the program sets,
+// the instance gets a trampoline that finds the callable again through the
+// instance's embedder word.
+#ifndef STANDINHOST_SCRIPTEVENTS_H
+#define STANDINHOST_SCRIPTEVENTS_H
+
+#include "quorl/QuorlHost.h"
+
+namespace quorl {
+namespace standin {
+
+// The events' declarations, which name them in the class record.
+extern char const kInputEvent[];
+extern char const kPrintEvent[];
+extern char const kCompilerErrorEvent[];
+extern char const kRuntimeErrorEvent[];
+
+struct ScriptCallbacks {
+  Script::PrintHandler print;
+  Script::InputHandler input;
+  Script::CompilerErrorHandler compilerError;
+  Script::RuntimeErrorHandler runtimeError;
+};
+
+// Gives the instance a trampoline for each callable present and no handler
+// for each one missing.
+void BindEvents(VELDObject instance, ScriptCallbacks* callbacks);
+
+// Removes every handler and the instance's way back to the callables.
+void UnbindEvents(VELDObject instance);
+
+}  // namespace standin
+}  // namespace quorl
+
+#endif

@@ -1,0 +1,117 @@
+// The quorl binary, run through the shell as a user runs it.
+#include <gtest/gtest.h>
+#include <stdlib.h>
+#include <sys/wait.h>
+
+#include <fstream>
+#include <sstream>
+#include <string>
+
+namespace {
+
+struct Outcome {
+  int status;
+  std::string out;
+  std::string err;
+};
+
+std::string ReadFile(std::string const& path) {
+  std::ifstream stream(path, std::ios::binary);
+  std::ostringstream text;
+  text << stream.rdbuf();
+  return text.str();
+}
+
+class RunnerBinary : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    char pattern[] = "/tmp/quorl-runner-XXXXXX";
+    ASSERT_NE(mkdtemp(pattern), nullptr);
+    dir = pattern;
+  }
+  void TearDown() override {
+    ASSERT_EQ(system(("rm -rf '" + dir + "'").c_str()), 0);
+  }
+
+  void WriteFile(std::string const& name, std::string const& text) {
+    std::ofstream(dir + "/" + name, std::ios::binary) << text;
+  }
+
+  // Runs quorl in the scratch directory with `input` on standard input.
+  // `prefix` comes before the binary, for env(1) settings.
+  Outcome Run(std::string const& arguments, std::string const& input = "",
+              std::string const& prefix = "") {
+    WriteFile("stdin.txt", input);
+    std::string command = "cd '" + dir + "' && " + prefix + " '" +
+                          QUORL_BINARY + "' " + arguments +
+                          " <stdin.txt >stdout.txt 2>stderr.txt";
+    int status = system(command.c_str());
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1,
+            ReadFile(dir + "/stdout.txt"), ReadFile(dir + "/stderr.txt")};
+  }
+
+  std::string dir;
+};
+
+bool Contains(std::string const& text, std::string const& part) {
+  return text.find(part) != std::string::npos;
+}
+
+TEST_F(RunnerBinary, AnEmptyScriptRunsSilently) {
+  WriteFile("empty.qs", "");
+  Outcome outcome = Run("empty.qs");
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(outcome.err, "");
+}
+
+TEST_F(RunnerBinary, ADashReadsTheScriptFromStandardInput) {
+  Outcome outcome = Run("-", "");
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  EXPECT_EQ(outcome.err, "");
+}
+
+TEST_F(RunnerBinary, AMissingFileIsReportedWithStatus66) {
+  Outcome outcome = Run("missing.qs");
+  EXPECT_EQ(outcome.status, 66);
+  EXPECT_TRUE(Contains(outcome.err, "cannot read missing.qs")) << outcome.err;
+  EXPECT_TRUE(Contains(outcome.err, "No such file")) << outcome.err;
+  EXPECT_EQ(outcome.out, "");
+}
+
+TEST_F(RunnerBinary, ADirectoryIsNoReadableScript) {
+  Outcome outcome = Run("/tmp");
+  EXPECT_EQ(outcome.status, 66);
+  EXPECT_TRUE(Contains(outcome.err, "cannot read /tmp")) << outcome.err;
+}
+
+TEST_F(RunnerBinary, HelpExplainsAndExitsZero) {
+  Outcome outcome = Run("--help");
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_TRUE(Contains(outcome.out, "usage: quorl")) << outcome.out;
+  EXPECT_TRUE(Contains(outcome.out, "Exit status")) << outcome.out;
+  EXPECT_EQ(outcome.err, "");
+}
+
+TEST_F(RunnerBinary, AnUnknownOptionIsAUsageError) {
+  WriteFile("empty.qs", "");
+  Outcome outcome = Run("--bogus empty.qs");
+  EXPECT_EQ(outcome.status, 64);
+  EXPECT_TRUE(Contains(outcome.err, "unknown option '--bogus'")) << outcome.err;
+  EXPECT_TRUE(Contains(outcome.err, "quorl --help")) << outcome.err;
+}
+
+TEST_F(RunnerBinary, ThePluginBesideTheBinaryIsFoundWithoutTheEnvironment) {
+  WriteFile("empty.qs", "");
+  Outcome outcome = Run("empty.qs", "", "env -u QUORL_PLUGIN");
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+}
+
+TEST_F(RunnerBinary, AMissingPluginIsReportedWithStatus69) {
+  WriteFile("empty.qs", "");
+  Outcome outcome = Run("--plugin=/nonexistent/plugin.so empty.qs");
+  EXPECT_EQ(outcome.status, 69);
+  EXPECT_TRUE(Contains(outcome.err, "cannot load plug-in")) << outcome.err;
+}
+
+}  // namespace
