@@ -3,9 +3,23 @@
 #include "Plugin/HostCalls.h"
 #include "Plugin/QuorlInterpreter.h"
 #include "Plugin/QuorlScriptClass.h"
+#include "Plugin/RuntimeLibraryTable.h"
 #include "Universal/Assertion.h"
 
 void* Resolver(char const* name) { return CallResolver(name); }
+
+// Registers each library function the host serves. A function the host does
+// not serve is left out rather than registered without an entry point: a
+// script that calls it gets a compile error for an unknown name instead of
+// the host going down.
+static void RegisterRuntimeLibrary(QuorlScriptInterface* script) {
+  unsigned long count = 0;
+  RuntimeLibraryEntry const* entries = RuntimeLibraryEntries(&count);
+  for (unsigned long i = 0; i < count; i++) {
+    void* address = Resolver(entries[i].mRuntimeName);
+    if (address) script->RegisterHostMethod(address, false, entries[i].mDeclaration);
+  }
+}
 
 void QuorlScriptInstallRuntime(QuorlScriptData* me) {
   QASSERT(kStateRunning != me->mState);
@@ -24,4 +38,5 @@ void QuorlScriptInstallRuntime(QuorlScriptData* me) {
   runtime->mRuntimeLockArray = Resolver("RuntimeLockArray");
   runtime->mRuntimeUnlockArray = Resolver("RuntimeUnlockArray");
   runtime->mRuntimeLockUnlockArrays = Resolver("RuntimeLockUnlockArrays");
+  RegisterRuntimeLibrary(runtime);
 }

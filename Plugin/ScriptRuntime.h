@@ -8,7 +8,8 @@ struct QuorlScriptData;
 // A runtime name through the host's resolver; null when the host lacks it.
 void* Resolver(char const* name);
 
-// Stores the runtime's entry words in the instance's interface. Run at
+// Stores the runtime's entry words in the instance's interface and registers
+// the standard library functions the host serves. Run at
 // instance creation and after each change of Context; never while running.
 void QuorlScriptInstallRuntime(QuorlScriptData* me);
 
