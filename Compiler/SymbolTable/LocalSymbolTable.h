@@ -56,6 +56,8 @@ class LocalSymbolTable {
     return var;
   }
   unsigned long VariableCount() const { return mVariables.size(); }
+  // Bytes of stack frame the table's variables take; none for static data.
+  virtual unsigned long GetTotalStorage() const { return 0; }
   VariableSymbol* Variable(unsigned long i) const { return mVariables[i]; }
 
   string mName;

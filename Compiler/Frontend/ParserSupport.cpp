@@ -1,0 +1,34 @@
+#include "Compiler/Frontend/ParserSupport.h"
+
+#include "Compiler/Frontend/Lexer.h"
+#include "Compiler/Frontend/ParserError.h"
+#include "Compiler/Frontend/SrcContext.h"
+#include "Compiler/compiler.h"
+#include "Universal/Assertion.h"
+#include "Universal/ByteHelpers.h"
+
+namespace {
+char const kStackOverflowText[] = "parser stack overflow";
+}  // namespace
+
+char const* ParserMessage(char const* generatorText) {
+  if (ustrcmp(generatorText, "memory exhausted") == 0)
+    return kStackOverflowText;
+  if (ustrcmp(generatorText, "syntax error") == 0) return "parse error";
+  return generatorText;
+}
+
+void yyerror(char const* message) {
+  QASSERT(gContext);
+  gContext->mErrorFlag = 1;
+  bool overflow = ustrcmpi(message, kStackOverflowText) == 0;
+  Error(overflow ? kErrorParserStackOverflow : kErrorSyntax);
+}
+
+bool CheckDelegate() {
+  QASSERT(gContext);
+  if (gContext->mDelegate)
+    return gContext->mDelegate->CompilerFrontendProgress(current_line(),
+                                                         total_lines()) != 0;
+  return gContext->mErrorFlag != 0;
+}

@@ -1,0 +1,150 @@
+// The runtime functions that generated code calls by number, in number
+// order (the first entry is number 1; number 0 is reserved).
+//
+// QUORL_INTRINSICS(X) calls X(LinkName) once per function. The enumerator is
+// kIntrinsicLinkName and the link name is the text; both the compiler's
+// table and the runtime's function table come from this one list, so the
+// numbers and names cannot drift apart. Append only, never reorder: the
+// numbers are the contract between generated code and the runtime.
+#ifndef COMPILER_INTRINSICLIST_H
+#define COMPILER_INTRINSICLIST_H
+
+#define QUORL_INTRINSICS(X) \
+  X(RuntimeInit) \
+  X(RuntimeExit) \
+  X(RuntimePow) \
+  X(RuntimeMulSInt64) \
+  X(RuntimeMulUInt64) \
+  X(RuntimeDivSInt64) \
+  X(RuntimeDivUInt64) \
+  X(RuntimeModSInt64) \
+  X(RuntimeModUInt64) \
+  X(RuntimeShiftLeftInt64) \
+  X(RuntimeShiftRightInt64) \
+  X(RuntimeMulCurrency) \
+  X(RuntimeDivCurrency) \
+  X(RuntimeCvtSInt32ToReal64) \
+  X(RuntimeCvtSInt32ToCurrency) \
+  X(RuntimeCvtUInt32ToReal64) \
+  X(RuntimeCvtUInt32ToCurrency) \
+  X(RuntimeCvtSInt64ToReal64) \
+  X(RuntimeCvtSInt64ToCurrency) \
+  X(RuntimeCvtUInt64ToReal64) \
+  X(RuntimeCvtUInt64ToCurrency) \
+  X(RuntimeCvtReal32ToSInt32) \
+  X(RuntimeCvtReal32ToUInt32) \
+  X(RuntimeCvtReal32ToSInt64) \
+  X(RuntimeCvtReal32ToUInt64) \
+  X(RuntimeCvtReal32ToCurrency) \
+  X(RuntimeCvtReal64ToSInt32) \
+  X(RuntimeCvtReal64ToUInt32) \
+  X(RuntimeCvtReal64ToSInt64) \
+  X(RuntimeCvtReal64ToUInt64) \
+  X(RuntimeCvtReal64ToCurrency) \
+  X(RuntimeCvtCurrencyToSInt32) \
+  X(RuntimeCvtCurrencyToUInt32) \
+  X(RuntimeCvtCurrencyToSInt64) \
+  X(RuntimeCvtCurrencyToUInt64) \
+  X(RuntimeCvtCurrencyToReal64) \
+  X(RuntimeStringCompare) \
+  X(RuntimeAddString) \
+  X(StringToPString) \
+  X(StringToCString) \
+  X(StringToWString) \
+  X(StringToCFString) \
+  X(StringToOSType) \
+  X(StringFromPString) \
+  X(StringFromCString) \
+  X(StringFromWString) \
+  X(StringFromCFString) \
+  X(StringFromOSType) \
+  X(RuntimeGetStructureString) \
+  X(RuntimeSetStructureString) \
+  X(RuntimeGetStructureContents) \
+  X(RuntimeSetStructureWString) \
+  X(RuntimeNewObject) \
+  X(RuntimeNewClass) \
+  X(RuntimeRegisterClass) \
+  X(RuntimeNewVtable) \
+  X(RuntimeObjectIsa) \
+  X(RuntimeCheckCast) \
+  X(RuntimeLookupInterfaceVtable) \
+  X(LoadFunctionPointerFromLibrary) \
+  X(VarType) \
+  X(RuntimeIsNumeric) \
+  X(IsNull) \
+  X(VariantHash) \
+  X(VariantEqual) \
+  X(VariantToInt32) \
+  X(VariantToUInt32) \
+  X(VariantToInt64) \
+  X(VariantToUInt64) \
+  X(VariantToColor) \
+  X(VariantToSingle) \
+  X(VariantToDouble) \
+  X(VariantToObject) \
+  X(VariantToString) \
+  X(VariantToBoolean) \
+  X(VariantToDate) \
+  X(VariantToCurrency) \
+  X(VariantCompare) \
+  X(VariantAdd) \
+  X(VariantSubtract) \
+  X(VariantMultiply) \
+  X(VariantDivide) \
+  X(VariantIntegerDivide) \
+  X(VariantModulo) \
+  X(VariantNegate) \
+  X(VariantPower) \
+  X(VariantAnd) \
+  X(VariantOr) \
+  X(VariantNot) \
+  X(Int32ToVariant) \
+  X(UInt32ToVariant) \
+  X(Int64ToVariant) \
+  X(UInt64ToVariant) \
+  X(ColorToVariant) \
+  X(SingleToVariant) \
+  X(DoubleToVariant) \
+  X(CurrencyToVariant) \
+  X(ObjectToVariant) \
+  X(StringToVariant) \
+  X(BooleanToVariant) \
+  X(CreateArray) \
+  X(RuntimeCreateArrayCastWrapper) \
+  X(RuntimeCreateStructureArray) \
+  X(RuntimeNilObject) \
+  X(RuntimeRaiseFunctionNotFoundException) \
+  X(RaiseOutOfBoundsException) \
+  X(RuntimeRaiseException) \
+  X(RuntimeReraiseException) \
+  X(readColorHue) \
+  X(readColorSaturation) \
+  X(readColorValue) \
+  X(readColorCyan) \
+  X(readColorMagenta) \
+  X(readColorYellow) \
+  X(RuntimeCreateDelegate) \
+  X(RuntimeDelegateIsA) \
+  X(RuntimeCheckDelegateCast) \
+  X(RuntimeCompareDelegates) \
+  X(VELDYieldToQuorl) \
+  X(DebuggerHook) \
+  X(RemoteDebuggerStartup) \
+  X(RuntimeCheckStack) \
+  X(DisableAutoWaitCursor) \
+  X(EnableAutoWaitCursor) \
+  X(RuntimeLockString) \
+  X(RuntimeUnlockString) \
+  X(RuntimeLockUnlockStrings) \
+  X(RuntimeLockObject) \
+  X(RuntimeUnlockObject) \
+  X(RuntimeLockUnlockObjects) \
+  X(LockWString) \
+  X(UnlockWString) \
+  X(LockCFString) \
+  X(UnlockCFString) \
+  X(SwapWStringLocks) \
+  X(SwapCFStringLocks)
+
+#endif
