@@ -1,0 +1,156 @@
+#include "Common/ObjectModel/RuntimeExceptionFoundation.h"
+
+#include <stdint.h>
+#include <stdio.h>
+#include <string.h>
+
+#include "Common/ObjectModel/ExceptionMarkerLayout.h"
+#include "Common/ObjectModel/RuntimeThread.h"
+#include "Universal/Assertion.h"
+
+namespace {
+
+// Set once when the script runtime is installed (the monitor and hook may
+// change at any time); they live as long as the process.
+RuntimeExceptionHook sExceptionMonitor;
+RuntimeExceptionHook sUnhandledExceptionHook;
+RuntimeClass* sNilObjectExceptionClass;
+RuntimeClass* sFunctionNotFoundClass;
+RuntimeClass* sExceptionClass;
+RuntimeClass* sIllegalCastExceptionClass;
+RuntimeClass* sOutOfBoundsExceptionClass;
+
+int32_t Read32(unsigned char const* p) {
+  int32_t value;
+  memcpy(&value, p, sizeof value);
+  return value;
+}
+
+int16_t Read16(unsigned char const* p) {
+  int16_t value;
+  memcpy(&value, p, sizeof value);
+  return value;
+}
+
+// A function's code ends in `pop ebp; ret` or `leave; ret`.
+bool AtFunctionEnd(unsigned char const* p) {
+  return (p[0] == 0x5D || p[0] == 0xC9) && p[1] == 0xC3;
+}
+
+}  // namespace
+
+void SetExceptionMonitor(RuntimeExceptionHook monitor) {
+  sExceptionMonitor = monitor;
+}
+
+void SetUnhandledExceptionHook(RuntimeExceptionHook hook) {
+  sUnhandledExceptionHook = hook;
+}
+
+void SetNilObjectExceptionClass(RuntimeClass* exc) {
+  QASSERT_TEXT(exc, "exc");
+  sNilObjectExceptionClass = exc;
+}
+
+void SetFunctionNotFoundClass(RuntimeClass* exc) { sFunctionNotFoundClass = exc; }
+void SetExceptionClass(RuntimeClass* exc) { sExceptionClass = exc; }
+void SetIllegalCastExceptionClass(RuntimeClass* exc) {
+  sIllegalCastExceptionClass = exc;
+}
+void SetOutOfBoundsExceptionClass(RuntimeClass* exc) {
+  sOutOfBoundsExceptionClass = exc;
+}
+RuntimeClass* GetNilObjectExceptionClass() { return sNilObjectExceptionClass; }
+
+void RuntimeRaiseException(RuntimeObject* exception) {
+  if (!exception) return;
+  if (sExceptionMonitor) sExceptionMonitor(exception);
+  ActivateNextExceptionHandler(exception);
+}
+
+void RuntimeReraiseException(RuntimeObject* exception) {
+  if (!exception) return;
+  ActivateNextExceptionHandler(exception);
+}
+
+void RuntimeUnhandledException(RuntimeObject* exception) {
+  QASSERT_TEXT(sUnhandledExceptionHook, "0");
+  sUnhandledExceptionHook(exception);
+}
+
+// Every record starts with a jump and carries its marker at a fixed
+// distance. A region that begins after the starting point is passed by
+// the depth counter together with its pads; a pad at depth 0 is the one.
+// The scan moves one byte at a time, so that a stray jump opcode inside
+// another instruction cannot make it step over a record.
+unsigned char* FindHandlerSwitchBlock(unsigned char* code) {
+  QASSERT_TEXT(code, "p");
+  int depth = 0;
+  for (unsigned char* p = code; !AtFunctionEnd(p); p++) {
+    if (*p != kMarkerJumpOpcode) continue;
+    int32_t marker = Read32(p + kMarkerValueOffset);
+    if (marker == kTryBeginMarker) {
+      depth++;
+    } else if (marker == kTryEndMarker) {
+      if (depth > 0) depth--;
+    } else if (marker == kHandlerBlockMarker && depth == 0) {
+      return p;
+    }
+  }
+  return nullptr;
+}
+
+// Kept out of line with its own frame: the walk starts at this very frame.
+__attribute__((noinline)) void ActivateNextExceptionHandler(
+    RuntimeObject* exception) {
+  void** limit = static_cast<void**>(GetCurrentRuntimeThread()->StackBase());
+  void** frame = static_cast<void**>(__builtin_frame_address(0));
+  while (frame && frame <= static_cast<void**>(*frame) &&
+         static_cast<void**>(*frame) <= limit) {
+    char* caller = static_cast<char*>(*frame);
+    unsigned char* returnAddress = static_cast<unsigned char*>(frame[1]);
+    unsigned char* pad =
+        returnAddress ? FindHandlerSwitchBlock(returnAddress) : nullptr;
+    if (pad) {
+      int16_t offset = Read16(pad + kMarkerFrameOffset);
+      if (offset != 0) {
+        memcpy(caller + offset, &exception, sizeof exception);
+        RuntimeLockObject(exception);
+      }
+      frame[1] = pad + kMarkerResumeOffset;
+      return;
+    }
+    frame = static_cast<void**>(*frame);
+  }
+  RuntimeUnhandledException(exception);
+}
+
+void* CrawlStack(void* start, void* limit, StackCrawlCallback callback,
+                 void* data) {
+  void** frame = static_cast<void**>(start);
+  while (frame && frame <= static_cast<void**>(limit) && frame >= start) {
+    if (!*frame) break;
+    if (callback(frame, data)) break;
+    frame = static_cast<void**>(*frame);
+  }
+  return frame;
+}
+
+char const* FailureMode(short code) {
+  static char const* const kModes[] = {
+      "Plugin TOC Load Failure",       "Invalid Class Definition",
+      "Unknown Class",                 "Failed Assertion",
+      "Unable to Write to Handle",     "CarbonLib 1.1 or Later Required",
+      "Cannot Connect to Debugger",    "Unhandled Exception"};
+  if (code < 1 || code > 8) return nullptr;
+  return kModes[code - 1];
+}
+
+void DisplayRuntimeErrorAlert(short unused, short code, char const* file,
+                              int line, char const* condition,
+                              char const* text) {
+  printf(
+      "Runtime Error %d:%s\n\nPlease report what caused this error\nalong "
+      "with the information below.\n\n%s: %d\nFailure Condition: %s\n%s\n\n",
+      code, FailureMode(code), file, line, condition, text);
+}

@@ -1,0 +1,53 @@
+// Raising exceptions in running script code. There are no unwind tables:
+// the raiser follows the frame-pointer chain and, in each frame, scans the
+// machine code after the return address for the next landing pad the code
+// generator left in line (see ExceptionMarkerLayout.h). It then makes that
+// pad the frame's return address and returns, so the running function
+// returns straight into its handler.
+#ifndef COMMON_OBJECTMODEL_RUNTIMEEXCEPTIONFOUNDATION_H
+#define COMMON_OBJECTMODEL_RUNTIMEEXCEPTIONFOUNDATION_H
+
+#include "Common/ObjectModel/RuntimeObjectFoundation.h"
+
+typedef void (*RuntimeExceptionHook)(RuntimeObject* exception);
+typedef bool (*StackCrawlCallback)(void* frame, void* data);
+
+extern "C" {
+// Tells the monitor, then hands the exception to the nearest handler; nil
+// does nothing.
+void RuntimeRaiseException(RuntimeObject* exception);
+// The same without telling the monitor: the exception was seen already.
+void RuntimeReraiseException(RuntimeObject* exception);
+// What happens when no frame handles it: the hook, or a failed assertion
+// without one.
+void RuntimeUnhandledException(RuntimeObject* exception);
+
+void SetExceptionMonitor(RuntimeExceptionHook monitor);
+void SetUnhandledExceptionHook(RuntimeExceptionHook hook);
+void SetNilObjectExceptionClass(RuntimeClass* exc);
+void SetFunctionNotFoundClass(RuntimeClass* exc);
+void SetExceptionClass(RuntimeClass* exc);
+void SetIllegalCastExceptionClass(RuntimeClass* exc);
+void SetOutOfBoundsExceptionClass(RuntimeClass* exc);
+RuntimeClass* GetNilObjectExceptionClass();
+
+// Walks the frame chain from the caller's frame and activates the first
+// landing pad found; without one, RuntimeUnhandledException.
+void ActivateNextExceptionHandler(RuntimeObject* exception);
+// The landing pad that a raise at `code` reaches within its function, or
+// null: regions that start after `code` are skipped whole, with their pads.
+unsigned char* FindHandlerSwitchBlock(unsigned char* code);
+// Calls `callback` for each frame from `frame` up, while the chain climbs
+// and stays at or below `limit`; stops when the callback says so. Answers
+// the frame where it stopped.
+void* CrawlStack(void* frame, void* limit, StackCrawlCallback callback,
+                 void* data);
+// Prints the failure report on standard output.
+void DisplayRuntimeErrorAlert(short unused, short code, char const* file,
+                              int line, char const* condition,
+                              char const* text);
+// The text of a failure code, or null.
+char const* FailureMode(short code);
+}
+
+#endif

@@ -1,0 +1,267 @@
+// The IA-32 target: a one-pass, line-at-a-time generator with no lookahead
+// and no liveness analysis.
+//
+// Every TAC operand lives in memory. Registers are a write-through cache of
+// memory: a store writes memory at once and then remembers that the source
+// register holds the operand, so a value can always be found in its home
+// and nothing is flushed at a jump. What a register holds is its
+// RegisterState; the kinds of entries are:
+//   - a variable or temporary (stack, field or global operand): the register
+//     holds its current value, renormalised to the type's width on each use;
+//   - a constant: the register holds that value;
+//   - nothing: the register is free, or holds a scratch value (an address,
+//     a partial result) that no operand names.
+// Entries are dropped when the register is about to change (Touch), when
+// the operand is stored from elsewhere, and wholesale at labels, calls,
+// landing pads and base changes. The one eviction policy is in
+// AllocateRegister; there is no spill code, as a register holds only copies.
+//
+// The frame, from high addresses to low: arguments from EBP + 8 (a hidden
+// first word for a structure result), return address, saved EBP (the chain
+// the exception raiser walks), locals down to EBP - T, the stored ESP word
+// at EBP - StoredESPOffset(), padding, then saved EBX, ESI, EDI where used.
+// The body is generated first; Leave builds the prologue in front of it
+// once the registers used are known.
+#ifndef COMPILER_BACKENDS_IA32_CGIA32_H
+#define COMPILER_BACKENDS_IA32_CGIA32_H
+
+#include "Compiler/BackEnds/IA-32/IA32OpWriter.h"
+#include "Compiler/BackEnds/codegenerator.h"
+
+class LocalSymbolTable;
+
+struct CGIA32Options {
+  CGIA32Options() : mAlignStack16(false), mUseSSE2FloatingPointMath(false) {}
+  bool mAlignStack16;              // 16-byte stack alignment at calls
+  bool mUseSSE2FloatingPointMath;  // SSE registers instead of the x87 stack
+};
+
+// A memory operand as the writer's shapes want it: a base register and a
+// displacement, an optional index (SIB, no displacement), or an absolute
+// address whose field the linker fills for a global.
+struct IA32Operand {
+  int mod;
+  int rm;
+  int disp;
+  int index;                   // kNoRegister when there is none
+  TacAddr const* global;       // the global named by an absolute operand
+};
+
+class CGIA32 : public CodeGenerator, public IA32OpWriter {
+ public:
+  enum {
+    kRegisterCount = 8,
+    kXMMRegisterCount = 8,
+    kNoRegister = -1,
+  };
+  // Register schemes: one bit per acceptable register.
+  enum {
+    kSelectAnyGPR = 207,
+    kSelect8BitGPR = 15,
+    kSelectFunctionResult = 1,
+    kSelectVolatileGPR = 7,
+    kSelectInt64Result = 5,
+    kSelectAnyXMM = -1,
+  };
+
+  CGIA32();
+  ~CGIA32() override;
+
+  void Configure(CGIA32Options const& options,
+                 SimpleVector<string> const& intrinsicLinkNames);
+  void ia32_Write8(int value) override;
+  void ia32_Write16(int value) override;
+  void ia32_Write32(int value) override;
+
+  void BeginFunction(string const& name) override;
+  void EndFunction() override;
+  long TargetProcessorFamily() override { return kProcessorFamilyIA32; }
+  unsigned int CodeBufferLength() override;
+  void CompileLineBefore(TacLine const& line) override;
+
+  void tac_Noop(TacLine const& line) override;
+  void tac_Debugout(TacLine const& line) override;
+  void tac_Store(TacLine const& line) override;
+  void tac_Zero(TacLine const& line) override;
+  void tac_EndianSwap(TacLine const& line) override;
+  void tac_Varptr(TacLine const& line) override;
+  void tac_Peek(TacLine const& line) override;
+  void tac_Poke(TacLine const& line) override;
+  void tac_Add(TacLine const& line) override;
+  void tac_Sub(TacLine const& line) override;
+  void tac_Mul(TacLine const& line) override;
+  void tac_Div(TacLine const& line) override;
+  void tac_Mod(TacLine const& line) override;
+  void tac_Pow(TacLine const& line) override;
+  void tac_Neg(TacLine const& line) override;
+  void tac_BitOr(TacLine const& line) override;
+  void tac_BitAnd(TacLine const& line) override;
+  void tac_BitXor(TacLine const& line) override;
+  void tac_BitNot(TacLine const& line) override;
+  void tac_BitShiftLeft(TacLine const& line) override;
+  void tac_BitShiftRight(TacLine const& line) override;
+  void tac_EQ(TacLine const& line) override;
+  void tac_NE(TacLine const& line) override;
+  void tac_LT(TacLine const& line) override;
+  void tac_LE(TacLine const& line) override;
+  void tac_Cvt(TacLine const& line) override;
+  void tac_Label(TacLine const& line) override;
+  void tac_Jump(TacLine const& line) override;
+  void tac_IfEQI(TacLine const& line) override;
+  void tac_IfNEI(TacLine const& line) override;
+  void tac_IfLTI(TacLine const& line) override;
+  void tac_IfLTU(TacLine const& line) override;
+  void tac_Lock(TacLine const& line) override;
+  void tac_Unlock(TacLine const& line) override;
+  void tac_SwapLocks(TacLine const& line) override;
+  void tac_Enter(TacLine const& line) override;
+  void tac_Leave(TacLine const& line) override;
+  void tac_PutParam(TacLine const& line) override;
+  void tac_GetParam(TacLine const& line) override;
+  void tac_Intrinsic(TacLine const& line) override;
+  void tac_Call(TacLine const& line) override;
+  void tac_CallPtr(TacLine const& line) override;
+  void tac_CallPtrVarargs(TacLine const& line) override;
+  void tac_CallVirtual(TacLine const& line) override;
+  void tac_FuncPtr(TacLine const& line) override;
+  void tac_Baseref(TacLine const& line) override;
+  void tac_Stop(TacLine const& line) override;
+  void tac_HandleException(TacLine const& line) override;
+  void tac_BeginTry(TacLine const& line) override;
+  void tac_EndTry(TacLine const& line) override;
+  void tac_Pragma(TacLine const& line) override;
+
+  // ---- register schemes and the cache (CGIA32RegisterCache.cpp)
+  static bool RegMatchesScheme(int reg, int scheme);
+  static bool IsXMMScheme(int scheme);
+  static int SchemeExclude(int reg, int scheme);
+  static int SchemeExclude2(int reg1, int reg2, int scheme);
+  static int SchemeExclude3(int reg1, int reg2, int reg3, int scheme);
+  static int ModDisp(int disp);
+  long HitClock() { return ++mClock; }
+  bool LocateLoadedAddr(TacAddr const* addr, int scheme, int* foundWhere);
+  void Touch(RegisterState* state);
+  void Touch(int reg) { Touch(&mRegisters[reg]); }
+  int AllocateRegister(int scheme, int preferred);
+  void AllocateInt64Registers(int* hi, int* lo, int scheme);
+  void InvalidateRegisters();
+  void ResetRegisters();
+  // The operand is no longer what any register holds (its memory changed).
+  void ForgetAddr(TacAddr const* addr);
+  // Debug check: after a label no register may claim to hold an operand.
+  void AssertCacheEmpty() const;
+
+  // ---- moving operands (CGIA32LoadStore.cpp)
+  int LoadTacAddr(TacAddr const* addr, int scheme);
+  void LoadInt64TacAddr(TacAddr const* addr, int* hi, int* lo, int scheme);
+  int LoadSymbolAddress(TacAddr const* addr, int scheme);
+  void LoadGlobal(TacAddr const* addr, int delta);
+  void StoreTacAddr(int reg, TacAddr const* dest);
+  void StoreInt64TacAddr(int hi, int lo, TacAddr const* dest);
+  void PushFloatTacAddr(TacAddr const* addr);
+  void PopFloatTacAddr(TacAddr const* addr);
+  void SignExtend(int reg, unsigned int size);
+  // The operand's home; a base-relative one loads the base from `scheme`.
+  IA32Operand AddressOf(TacAddr const* addr, int scheme);
+  unsigned long StoredESPOffset() const;
+
+  // ---- calls (CGIA32Calls.cpp)
+  void PushTacAddr(TacAddr const* addr);
+  void PushInt64TacAddr(TacAddr const* addr);
+  void PushStructTacAddr(TacAddr const* addr);
+  void PushCallParameters(TacAddr const* result);
+  void ClearCallParameters();
+  void BackFromFunctionCall(TacAddr const* result);
+  void GetReturnedResult(TacAddr const* result);
+  void CallIntrinsic(unsigned int functionID, TacAddr const* result);
+  // Queues the operands and calls the intrinsic; for the runtime forms of
+  // arithmetic, conversions and reference counts.
+  void CallRuntime(unsigned int functionID, TacAddr const* a,
+                   TacAddr const* b, TacAddr const* result);
+
+  // ---- structures (CGIA32Memory.cpp)
+  void CopyStructure(int dest, int src, unsigned int bytes, int scheme);
+
+  // ---- labels (CGIA32Labels.cpp). Label numbers of the program are
+  // positive; the generator's own jump targets are negative, so that one
+  // mechanism serves both.
+  int FindLabel(long label, int delta);
+  void PlaceLabel(long label);
+  long NewLocalLabel() { return --mNextLocalLabel; }
+
+  CGIA32Options mOptions;
+  LocalSymbolTable* mLocals;
+  SimpleVector<LabelPosition> mLabels;
+  SimpleVector<LabelPosition> mForwardRefs;
+  TacAddr const* mObjectBase;
+  long mObjectBaseOffset;
+  long mClock;
+  RegisterState mRegisters[kRegisterCount];
+  RegisterState mXMMRegisters[kXMMRegisterCount];
+  SimpleVector<TacAddr const*> mArguments;
+  SimpleVector<TacAddr const*> mParameters;
+  long mCallingConvention;
+
+ private:
+  typedef void (IA32OpWriter::*RegMemPlain)(int, int, int);
+  typedef void (IA32OpWriter::*RegMemDisp)(int, int, int, int);
+  typedef void (IA32OpWriter::*RegMemSIB)(int, int, int, int, int, int);
+  typedef void (IA32OpWriter::*GroupPlain)(int, int);
+  typedef void (IA32OpWriter::*GroupDisp)(int, int, int);
+  typedef void (IA32OpWriter::*Branch)(int);
+
+  // One instruction on a memory operand, in the shape the operand needs.
+  void EmitRegMem(RegMemPlain plain, RegMemDisp displaced, RegMemSIB sib,
+                  int reg, IA32Operand const& where);
+  void EmitGroup(GroupPlain plain, GroupDisp displaced,
+                 IA32Operand const& where);
+  // A branch to one of the generator's own labels; `opcodeBytes` is the
+  // length of the branch before its displacement.
+  void EmitBranch(Branch branch, int opcodeBytes, long label);
+  RegisterState* Bank(int scheme) {
+    return IsXMMScheme(scheme) ? mXMMRegisters : mRegisters;
+  }
+
+  // Loading helpers (CGIA32LoadStore.cpp).
+  int LoadConstant(TacAddr const* addr, int scheme);
+  void LoadFromMemory(int reg, TacAddr const* addr, IA32Operand const& where);
+  void Renormalise(int reg, SimpleDataType type);
+  int RestrictScheme(SimpleDataType type, int scheme, int* preferred);
+  void StoreToMemory(int reg, TacAddr const* dest, IA32Operand const& where);
+
+  // Frames (CGIA32Frames.cpp).
+  unsigned long FrameSize();
+  void EmitPrologue(unsigned long frameSize);
+  void CopyOneParameter(TacAddr const* param, unsigned long* count);
+  void LoadReturnValue(TacAddr const* value);
+  void EmitEpilogue(unsigned long frameSize, unsigned long parameterBytes);
+
+  // Arithmetic helpers (integer, 64-bit, float files).
+  void IntegerBinop(TacLine const& line, RegMemPlain op);
+  void Int64Binop(TacLine const& line, RegMemPlain lowOp, RegMemPlain highOp);
+  void IntegerDivide(TacLine const& line, bool remainder);
+  void IntegerShift(TacLine const& line, bool left);
+  void IntegerCompare(TacLine const& line, GroupPlain setcc);
+  void Int64Compare(TacLine const& line, GroupPlain setHigh,
+                    GroupPlain setLow, bool equality);
+  void FloatBinop(TacLine const& line, void (IA32OpWriter::*x87)(),
+                  RegMemPlain ssePacked, RegMemPlain sseSingle);
+  void FloatCompare(TacLine const& line, bool swap, int mask, int value,
+                    GroupPlain setcc);
+  void CompareAndBranch(TacLine const& line, Branch branch);
+  void StoreBoolean(int reg, TacAddr const* dest);
+  void LockOperation(TacLine const& line, int stringID, int objectID,
+                     int wstringID, int cfstringID, char const* failure);
+  void ZeroStructure(TacAddr const* dest);
+  // Peek and Poke's address of pointer a plus offset b.
+  IA32Operand PointerOperand(TacLine const& line, TacAddr const* pointer,
+                             int scheme, bool x87);
+  void EmitExceptionMarker(unsigned int marker);
+
+  long mNextLocalLabel;
+  // Callee-saved registers the prologue saved; nothing may add to them
+  // while the epilogue is written.
+  bool mSavedRegisters[kRegisterCount];
+};
+
+#endif

@@ -1,0 +1,43 @@
+// Floating point: the x87 stack by default, SSE registers by option for
+// arithmetic; comparisons and negation always use the x87.
+#include "Compiler/BackEnds/IA-32/CGIA32.h"
+
+#include "Universal/Assertion.h"
+
+void CGIA32::FloatBinop(TacLine const& line, void (IA32OpWriter::*x87)(),
+                        RegMemPlain ssePacked, RegMemPlain sseSingle) {
+  ExprIsFloat(line);
+  if (!mOptions.mUseSSE2FloatingPointMath) {
+    PushFloatTacAddr(line.opA);
+    PushFloatTacAddr(line.opB);
+    (this->*x87)();
+    PopFloatTacAddr(line.result);
+    return;
+  }
+  int a = LoadTacAddr(line.opA, kSelectAnyXMM);
+  int b = LoadTacAddr(line.opB, SchemeExclude(a, kSelectAnyXMM));
+  Touch(&mXMMRegisters[a]);
+  bool single = line.opA->mType.GetMainType() == kReal32Type;
+  (this->*(single ? sseSingle : ssePacked))(3, a, b);
+  StoreTacAddr(a, line.result);
+}
+
+// fcompp compares ST0 with ST1; the status word's C3, C2 and C0 bits
+// (0x4000, 0x400, 0x100) are masked and tested. An unordered result sets
+// all three, which makes EQ and LT false and NE and LE true.
+void CGIA32::FloatCompare(TacLine const& line, bool swap, int mask, int value,
+                          GroupPlain setcc) {
+  ExprIsFloat(line);
+  PushFloatTacAddr(swap ? line.opB : line.opA);
+  PushFloatTacAddr(swap ? line.opA : line.opB);
+  ia32_fcompp();
+  Touch(kEAX);
+  int r = AllocateRegister(kSelect8BitGPR, kEAX);
+  QASSERT(r == kEAX);
+  ia32_fnstsw();
+  ia32_and_imm32(3, kEAX, mask);
+  ia32_cmp_imm32(3, kEAX, value);
+  (this->*setcc)(3, r);
+  ia32_and_imm8_se(3, r, 1);
+  StoreBoolean(r, line.result);
+}

@@ -1,0 +1,67 @@
+// Labels and branches: the program's labels and the generator's own jump
+// targets go through the same two lists, so every forward jump is patched
+// the same way.
+#include "Compiler/BackEnds/IA-32/CGIA32.h"
+
+#include "Universal/Assertion.h"
+
+// The displacement field lies `delta` bytes past the current end; answers
+// the displacement to a known label, or 0 with the field noted for later.
+int CGIA32::FindLabel(long label, int delta) {
+  unsigned int field = CodeBufferLength() + delta;
+  for (unsigned long i = 0; i < mLabels.size(); i++)
+    if (mLabels[i].mLabel == label)
+      return static_cast<int>(mLabels[i].mOffset - (field + 4));
+  LabelPosition ref = {label, field};
+  mForwardRefs.push_back(ref);
+  return 0;
+}
+
+void CGIA32::PlaceLabel(long label) {
+  unsigned int here = CodeBufferLength();
+  LabelPosition position = {label, here};
+  mLabels.push_back(position);
+  for (unsigned long i = mForwardRefs.size(); i > 0; i--) {
+    LabelPosition const& ref = mForwardRefs[i - 1];
+    if (ref.mLabel != label) continue;
+    mFunc->Set32(ref.mOffset, here - (ref.mOffset + 4));
+    mForwardRefs.deleteIdx(i - 1);
+  }
+}
+
+void CGIA32::EmitBranch(Branch branch, int opcodeBytes, long label) {
+  (this->*branch)(FindLabel(label, opcodeBytes));
+}
+
+void CGIA32::tac_Label(TacLine const& line) {
+  QASSERT(line.opA->IsConstant() &&
+          line.opA->mType.GetMainType() == kSInt32Type);
+  InvalidateRegisters();
+  AssertCacheEmpty();
+  PlaceLabel(line.opA->GetValue()->uSInt32);
+}
+
+void CGIA32::tac_Jump(TacLine const& line) {
+  EmitBranch(&IA32OpWriter::ia32_jmp_rel, 1, line.result->GetValue()->uSInt32);
+}
+
+void CGIA32::CompareAndBranch(TacLine const& line, Branch branch) {
+  if (ExprIsInt64(line)) QFAIL("not yet supported for Int64");
+  int a = LoadTacAddr(line.opA, kSelectAnyGPR);
+  int b = LoadTacAddr(line.opB, SchemeExclude(a, kSelectAnyGPR));
+  ia32_cmp(3, a, b);
+  EmitBranch(branch, 2, line.result->GetValue()->uSInt32);
+}
+
+void CGIA32::tac_IfEQI(TacLine const& line) {
+  CompareAndBranch(line, &IA32OpWriter::ia32_je);
+}
+void CGIA32::tac_IfNEI(TacLine const& line) {
+  CompareAndBranch(line, &IA32OpWriter::ia32_jne);
+}
+void CGIA32::tac_IfLTI(TacLine const& line) {
+  CompareAndBranch(line, &IA32OpWriter::ia32_jl);
+}
+void CGIA32::tac_IfLTU(TacLine const& line) {
+  CompareAndBranch(line, &IA32OpWriter::ia32_jb);
+}
