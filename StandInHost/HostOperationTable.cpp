@@ -6,6 +6,7 @@
 
 #include "StandInHost/HostOperations.h"
 #include "StandInHost/HostState.h"
+#include "StandInHost/RuntimeLibrary/RuntimeLibrary.h"
 
 namespace quorl {
 namespace {
@@ -58,6 +59,11 @@ std::map<std::string, void*> BuiltInOperations() {
 
 std::map<std::string, void*>& FunctionTable() {
   static std::map<std::string, void*> table = BuiltInOperations();
+  static bool sLibraryJoined = false;
+  if (!sLibraryJoined) {
+    sLibraryJoined = true;  // registering comes back through here
+    standin::RegisterRuntimeLibrary();
+  }
   return table;
 }
 

@@ -1,0 +1,102 @@
+// Number text: the reader behind Val and CDbl, the writer behind Str.
+#include "StandInHost/RuntimeLibrary/NumberReading.h"
+
+#include <ctype.h>
+#include <math.h>
+#include <stdio.h>
+
+#include "Universal/ByteHelpers.h"
+
+namespace quorl {
+namespace standin {
+namespace library {
+namespace {
+
+int DigitValue(char c) {
+  if (c >= '0' && c <= '9') return c - '0';
+  c = static_cast<char>(tolower(static_cast<unsigned char>(c)));
+  if (c >= 'a' && c <= 'z') return c - 'a' + 10;
+  return 99;
+}
+
+int RadixOfPrefix(char letter) {
+  switch (tolower(static_cast<unsigned char>(letter))) {
+    case 'h': return 16;
+    case 'o': return 8;
+    case 'b': return 2;
+    default: return 0;
+  }
+}
+
+// Digits of the radix from `at`; the value wraps at 64 bits.
+double ReadRadixDigits(std::string const& text, size_t at, int radix) {
+  unsigned long long value = 0;
+  for (; at < text.size() && DigitValue(text[at]) < radix; at++)
+    value = value * radix + DigitValue(text[at]);
+  return static_cast<double>(value);
+}
+
+bool IsDigit(std::string const& text, size_t at) {
+  return at < text.size() && text[at] >= '0' && text[at] <= '9';
+}
+
+// Copies a run of digits to `out`, skipping commas that stand between
+// digits when `thousands` allows; returns how many digits were copied.
+size_t CopyDigits(std::string const& text, size_t& at, std::string& out,
+                  bool thousands) {
+  size_t copied = 0;
+  while (IsDigit(text, at) ||
+         (thousands && copied && text[at] == ',' && IsDigit(text, at + 1))) {
+    if (text[at] != ',') {
+      out += text[at];
+      copied++;
+    }
+    at++;
+  }
+  return copied;
+}
+
+// An exponent counts only when at least one digit follows its sign.
+void CopyExponent(std::string const& text, size_t at, std::string& out) {
+  if (at >= text.size() || (text[at] != 'e' && text[at] != 'E')) return;
+  std::string exponent = "e";
+  at++;
+  if (at < text.size() && (text[at] == '+' || text[at] == '-'))
+    exponent += text[at++];
+  if (CopyDigits(text, at, exponent, false)) out += exponent;
+}
+
+}  // namespace
+
+double ReadLeadingNumber(std::string const& text, bool thousands) {
+  size_t at = 0;
+  while (at < text.size() && (text[at] == ' ' || text[at] == '\t')) at++;
+  if (at + 1 < text.size() && text[at] == '&' && RadixOfPrefix(text[at + 1]))
+    return ReadRadixDigits(text, at + 2, RadixOfPrefix(text[at + 1]));
+  std::string number;
+  if (at < text.size() && (text[at] == '-' || text[at] == '+'))
+    number += text[at++];
+  size_t digits = CopyDigits(text, at, number, thousands);
+  if (at < text.size() && text[at] == '.') {
+    number += text[at++];
+    digits += CopyDigits(text, at, number, false);
+  }
+  if (!digits) return 0;
+  CopyExponent(text, at, number);
+  return uatod(number.c_str());
+}
+
+std::string DoubleText(double value) {
+  if (isnan(value)) return "NaN";
+  if (isinf(value)) return value < 0 ? "-INF" : "INF";
+  if (value == 0) return "0";
+  char text[40];
+  snprintf(text, sizeof text, "%.15g", value);
+  for (char* c = text; *c; c++)
+    if (*c == ',') *c = '.';  // a locale's decimal comma
+  return text;
+}
+
+}  // namespace library
+}  // namespace standin
+}  // namespace quorl
