@@ -2,8 +2,17 @@
 #ifndef COMPILER_COMPILER_H
 #define COMPILER_COMPILER_H
 
+#include "Compiler/BackEnds/IA-32/CGIA32.h"
+#include "Compiler/Frontend/LanguageOptions.h"
 #include "Compiler/Frontend/ParserError.h"
+#include "Compiler/SmartRef.h"
+#include "Universal/SimpleVector.h"
+#include "Universal/stringmap.h"
 #include "Universal/ustring.h"
+
+class CodeModule;
+class GlobalSymbolTable;
+class SrcContext;
 
 // What a compilation reports to whoever started it. Progress calls may cancel
 // the compilation by returning non-zero.
@@ -23,6 +32,54 @@ class CompilerDelegate {
  protected:
   // Never deleted through this face: its owner knows the whole object.
   ~CompilerDelegate() {}
+};
+
+// The back ends a compilation can select.
+enum CompilerCodeType {
+  kCodeTypePowerPC = 0,
+  kCodeTypeIA32 = 1,
+};
+
+// One compilation's options and the steps from text to a CodeModule. A
+// Compiler lives on its caller's frame for one compilation; it keeps nothing
+// of it but its options.
+class Compiler {
+ public:
+  Compiler();
+  virtual ~Compiler();
+
+  // Compiles `source`, whose declarations `symbols` already holds, merged
+  // and resolved; the caller keeps `symbols`. Nil after any error: the
+  // errors went to the delegate as they were found.
+  Ref<CodeModule> Compile(string const& source, string const& name,
+                          GlobalSymbolTable* symbols);
+
+  void SetDelegate(CompilerDelegate* delegate) { mDelegate = delegate; }
+
+  LanguageOptions mLanguageOptions;     // initial pragma values
+  SimpleVector<string> mIntrinsicNames;  // link name per intrinsic number
+  long mCodeType;                        // a CompilerCodeType
+  CGIA32Options mIA32Options;
+  // The conditional-compilation constants ("TargetLinux"...), in order.
+  StringMap<bool> mConditionalConstants;
+  unsigned char mLibrary;          // no main body in this unit
+  unsigned char mDebug;            // copy symbols to the debug data
+  unsigned char mStaticClassData;  // class records as static data
+  unsigned char mScriptMode;       // a script: nothing that needs external code
+
+ private:
+  Compiler(Compiler const&) = delete;
+  Compiler& operator=(Compiler const&) = delete;
+
+  // Makes the context of one compilation (it installs itself as gContext).
+  SrcContext* CreateCompilationContext(string const& name);
+  // Parses the text into the context's program code; false on failure.
+  bool RunFrontEnd(string const& source);
+  // Turns the context's program code into a module; nil on failure.
+  Ref<CodeModule> RunBackEnd(string const& name);
+  void HandOverToModule(CodeModule* module, SrcContext* context);
+
+  CompilerDelegate* mDelegate;
 };
 
 #endif

@@ -67,12 +67,6 @@ void QuorlScriptInterface::ClearHostCallbacks() {
   mHostProperties.deleteAll();
 }
 
-// The single compile path. Until a source is compiled into ready code there
-// is nothing to run: Run() then goes through its states and ends complete.
-void QuorlScriptInterface::Precompile() {
-  if (!mSourceText || mReadyCode) return;
-}
-
 void QuorlScriptInterface::Run() {
   mRunning = 1;
   if (!mReadyCode) Precompile();

@@ -114,4 +114,35 @@ TEST_F(RunnerBinary, AMissingPluginIsReportedWithStatus69) {
   EXPECT_TRUE(Contains(outcome.err, "cannot load plug-in")) << outcome.err;
 }
 
+TEST_F(RunnerBinary, CheckReportsSyntaxErrorsWithTheirOneBasedLines) {
+  WriteFile("bad.bas",
+            "Sub Main()\n"
+            "  y = 0\n"
+            "  For i = 1 To 3\n"
+            "    y = i\n"
+            "  End If\n"
+            "  z = = 1\n"
+            "End Sub\n");
+  Outcome outcome = Run("--check bad.bas");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.out, "");
+  // A mistyped terminator is reported at the block's opening line, and the
+  // parse goes on to the next fault.
+  EXPECT_TRUE(Contains(outcome.err, "bad.bas:3: error 97: ")) << outcome.err;
+  EXPECT_TRUE(Contains(outcome.err, "bad.bas:6: error 1: ")) << outcome.err;
+}
+
+TEST_F(RunnerBinary, CheckAcceptsAValidProgram) {
+  WriteFile("good.bas",
+            "Function Twice(n As Integer) As Integer\n"
+            "  Return n * 2\n"
+            "End Function\n"
+            "#if TargetLinux Then\n"
+            "Print \"linux\"\n"
+            "#endif\n");
+  Outcome outcome = Run("--check good.bas");
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  EXPECT_EQ(outcome.err, "");
+}
+
 }  // namespace

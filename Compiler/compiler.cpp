@@ -1,0 +1,83 @@
+#include "Compiler/compiler.h"
+
+#include "Compiler/BackEnds/codestorage.h"
+#include "Compiler/Frontend/Lexer.h"
+#include "Compiler/Frontend/ParserSupport.h"
+#include "Compiler/Frontend/SrcContext.h"
+#include "Compiler/SemBase.h"
+#include "Compiler/SymbolTable/GlobalSymbolTable.h"
+#include "Universal/Assertion.h"
+
+// Room for every intrinsic's link name.
+static unsigned long const kIntrinsicNameCapacity = 137;
+
+Compiler::Compiler()
+    : mCodeType(kCodeTypePowerPC), mLibrary(0), mDebug(0), mStaticClassData(0),
+      mScriptMode(0), mDelegate(nullptr) {
+  mIntrinsicNames.resize(kIntrinsicNameCapacity);
+}
+
+Compiler::~Compiler() {}
+
+SrcContext* Compiler::CreateCompilationContext(string const& name) {
+  SrcContext* context = new SrcContext();
+  context->mDelegate = mDelegate;
+  context->mOptions = mLanguageOptions;
+  context->mLibrary = mLibrary;
+  context->mSourceName = name;
+  QASSERT_TEXT(mCodeType == kCodeTypePowerPC || mCodeType == kCodeTypeIA32,
+               "unknown code type");
+  context->mBigEndian = mCodeType == kCodeTypePowerPC;
+  context->mStaticClassData = mStaticClassData;
+  context->mScriptMode = mScriptMode;
+  return context;
+}
+
+bool Compiler::RunFrontEnd(string const& source) {
+  InitLexer(source.CString());
+  int parsed = yyparse();
+  return parsed == 0 && !gContext->mErrorFlag;
+}
+
+// Only the IA-32 back end exists in this build; the engine never asks for
+// another.
+Ref<CodeModule> Compiler::RunBackEnd(string const& name) {
+  QASSERT_TEXT(mCodeType == kCodeTypeIA32, "no back end for this code type");
+  CGIA32* backEnd = new CGIA32();
+  backEnd->Configure(mIA32Options, mIntrinsicNames);
+  backEnd->SetDelegate(mDelegate);
+  TacBlock* code = gContext->mProgramCode ? gContext->mProgramCode->Code() : nullptr;
+  TacBlock empty;
+  Ref<CodeModule> module =
+      backEnd->Generate(name, code ? code : &empty, gContext->mTables);
+  delete backEnd;
+  return module;
+}
+
+// What the front end made besides code: start and exit functions per item,
+// and the static data blocks.
+void Compiler::HandOverToModule(CodeModule* module, SrcContext* context) {
+  StringMapIterator<string>* iter = context->mInitializers.NewIterator();
+  QASSERT(iter);
+  string function;
+  while (iter->Next(function)) module->mInitializers.AddEntry(iter->Key(), function);
+  delete iter;
+  iter = context->mFinalizers.NewIterator();
+  QASSERT(iter);
+  while (iter->Next(function)) module->mFinalizers.AddEntry(iter->Key(), function);
+  delete iter;
+  context->MoveStaticDataBlocks(&module->mStaticData);
+}
+
+Ref<CodeModule> Compiler::Compile(string const& source, string const& name,
+                                  GlobalSymbolTable* symbols) {
+  Ref<CodeModule> module;
+  QASSERT(symbols);
+  SrcContext* context = CreateCompilationContext(name);
+  context->blocks.Enter(symbols);
+  if (RunFrontEnd(source)) module = RunBackEnd(name);
+  if (module) HandOverToModule(&*module, context);
+  // Clears gContext and sweeps every semantic value of the compilation.
+  delete context;
+  return module;
+}
