@@ -1,0 +1,131 @@
+// Runs one script through the real quorl program and compares what happens
+// with the expectations written in the script's own comments:
+//
+//   // expect: TEXT                 a line of standard output, in order
+//   // expect error LINE NUMBER     a compile error at LINE (1-based)
+//   // expect runtime error: CLASS  the run ends with that exception
+//   // stdin: TEXT                  a line given to the script's Input
+//
+// The exit status follows from them: 1 with compile errors, 2 with a runtime
+// error, 0 otherwise. Usage: golden_runner QUORL SCRIPT
+#include <stdio.h>
+#include <stdlib.h>
+#include <sys/wait.h>
+
+#include <fstream>
+#include <iostream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+struct Expectations {
+  std::vector<std::string> output;
+  std::vector<std::string> errors;  // "FILE:LINE: error NUMBER:" prefixes
+  std::string runtimeError;
+  std::string input;
+};
+
+std::string ReadFile(std::string const& path) {
+  std::ifstream stream(path, std::ios::binary);
+  std::ostringstream text;
+  text << stream.rdbuf();
+  return text.str();
+}
+
+std::vector<std::string> Lines(std::string const& text) {
+  std::vector<std::string> lines;
+  std::istringstream stream(text);
+  for (std::string line; std::getline(stream, line);) {
+    if (!line.empty() && line.back() == '\r') line.pop_back();
+    lines.push_back(line);
+  }
+  return lines;
+}
+
+// The text after `marker` on the line, or false when the line has none.
+bool After(std::string const& line, std::string const& marker, std::string* rest) {
+  size_t at = line.find(marker);
+  if (at == std::string::npos) return false;
+  *rest = line.substr(at + marker.size());
+  return true;
+}
+
+Expectations ReadExpectations(std::string const& script) {
+  Expectations expected;
+  for (std::string const& line : Lines(ReadFile(script))) {
+    std::string rest;
+    if (After(line, "// expect: ", &rest)) {
+      expected.output.push_back(rest);
+    } else if (After(line, "// expect runtime error: ", &rest)) {
+      expected.runtimeError = script + ": runtime error: " + rest;
+    } else if (After(line, "// expect error ", &rest)) {
+      std::istringstream numbers(rest);
+      int lineNumber = 0, errorNumber = 0;
+      numbers >> lineNumber >> errorNumber;
+      expected.errors.push_back(script + ":" + std::to_string(lineNumber) +
+                                ": error " + std::to_string(errorNumber) + ":");
+    } else if (After(line, "// stdin: ", &rest)) {
+      expected.input += rest + "\n";
+    }
+  }
+  return expected;
+}
+
+struct Outcome {
+  int status;
+  std::string out, err;
+};
+
+Outcome RunQuorl(std::string const& quorl, std::string const& script,
+                 std::string const& input) {
+  char dir[] = "/tmp/quorl-golden-XXXXXX";
+  if (!mkdtemp(dir)) return {-1, "", "cannot make a scratch directory"};
+  std::string scratch = dir;
+  std::ofstream(scratch + "/stdin", std::ios::binary) << input;
+  std::string command = "'" + quorl + "' '" + script + "' <'" + scratch +
+                        "/stdin' >'" + scratch + "/stdout' 2>'" + scratch + "/stderr'";
+  int status = system(command.c_str());
+  Outcome outcome{WIFEXITED(status) ? WEXITSTATUS(status) : -1,
+                  ReadFile(scratch + "/stdout"), ReadFile(scratch + "/stderr")};
+  system(("rm -rf '" + scratch + "'").c_str());
+  return outcome;
+}
+
+int Fail(std::string const& what, Outcome const& outcome) {
+  std::cerr << "FAILED: " << what << "\n--- exit status: " << outcome.status
+            << "\n--- stdout:\n" << outcome.out << "--- stderr:\n" << outcome.err;
+  return 1;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 3) {
+    std::cerr << "usage: golden_runner QUORL SCRIPT\n";
+    return 64;
+  }
+  std::string script = argv[2];
+  Expectations expected = ReadExpectations(script);
+  Outcome outcome = RunQuorl(argv[1], script, expected.input);
+
+  int status = !expected.errors.empty() ? 1 : !expected.runtimeError.empty() ? 2 : 0;
+  if (outcome.status != status)
+    return Fail("exit status " + std::to_string(status) + " expected", outcome);
+  std::vector<std::string> output = Lines(outcome.out);
+  if (output != expected.output) return Fail("standard output differs", outcome);
+  std::vector<std::string> errors = Lines(outcome.err);
+  size_t next = 0;
+  for (std::string const& want : expected.errors) {
+    while (next < errors.size() && errors[next].compare(0, want.size(), want) != 0) next++;
+    if (next == errors.size()) return Fail("missing '" + want + "'", outcome);
+    next++;
+  }
+  if (expected.errors.empty() && expected.runtimeError.empty() && !outcome.err.empty())
+    return Fail("unexpected standard error", outcome);
+  if (!expected.runtimeError.empty() &&
+      outcome.err.find(expected.runtimeError) == std::string::npos)
+    return Fail("missing '" + expected.runtimeError + "'", outcome);
+  return 0;
+}

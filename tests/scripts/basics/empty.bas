@@ -1,0 +1,1 @@
+// A program with nothing in it runs and prints nothing.
