@@ -1,13 +1,15 @@
-// Symbols: every named thing the compiler knows, from a local variable to a
-// class.
+// Symbols and the table that holds them.
 //
-// MINIMAL FOR NOW. This header holds only what the type values, the
-// semantic values and the compilation context need: the Symbol base with its
-// kinds, the TypeSymbol base that IRDataType points at, and the dependency
-// link that a lookup touches. The symbol table itself (the indexed,
-// insertion-ordered container of owned symbols), lookup sets, iterators, the
-// source line and owner fields, and the GlobalSymbol/MemberSymbol layers
-// between Symbol and TypeSymbol come with the symbol table issue.
+// Every named thing the compiler knows, from a local variable to a class, is
+// a Symbol, and every scope keeps its symbols in a SymbolTable: an
+// insertion-ordered list of owned symbols, overlaid with an open-addressing
+// index keyed by a case-insensitive hash of the name. Symbols of one name
+// form a chain behind one index slot, newest first, so that a name can stand
+// for several overloads; a lookup yields the whole chain as a LookupSet.
+//
+// The table also tracks dependencies: reaching a symbol that was cloned from
+// another source unit touches that unit's link, so that the system can tell
+// afterwards which units a compilation actually used.
 #ifndef COMPILER_SYMBOLTABLE_SYMBOLTABLE_H
 #define COMPILER_SYMBOLTABLE_SYMBOLTABLE_H
 
@@ -15,21 +17,20 @@
 #include "Universal/Assertion.h"
 #include "Universal/ustring.h"
 
-// One merged source unit; a lookup that reaches a symbol cloned from that
-// unit touches it, so that the system can tell which units a compilation
-// actually used.
-// `second` is what the caller passed when merging the unit; `next` links
-// the list that the global table owns.
+class SymbolTable;
+
+// One merged source unit, a node of the list that the global table owns.
+// `second` is what the caller passed when merging the unit.
 class SourceUnitDependencyLink {
  public:
   SourceUnitDependencyLink(string const& unitID, string const& second,
-                           SourceUnitDependencyLink* next)
-      : mTouched(false), mUnitID(unitID), mSecond(second), mNext(next) {
-    QASSERT(mUnitID.Length());
-  }
+                           SourceUnitDependencyLink* next);
   void Touch() { mTouched = true; }
   bool Touched() const { return mTouched; }
+  void ClearTouched() { mTouched = false; }
   string const& UnitID() const { return mUnitID; }
+  string const& Second() const { return mSecond; }
+  SourceUnitDependencyLink* Next() const { return mNext; }
 
  private:
   bool mTouched;
@@ -61,29 +62,106 @@ class Symbol {
     kStructureField = 16,
   };
 
-  explicit Symbol(string const& name) : mName(name) {}
+  // Notes the lexer's current line as the declaration's line.
+  explicit Symbol(string const& name);
+  // A copy for another table: name, hash and line; the copy is not owned
+  // and carries `link` as its source unit. A clone is never cloned again.
+  Symbol(Symbol const& original, SourceUnitDependencyLink* link);
   virtual bool IsA(int kind) const { return false; }
   virtual ~Symbol() {}
 
-  string const& Name() const { return mName; }
+  // The case-folding hash of a name: equal names (ASCII case aside) hash
+  // alike. Bytes from 128 up are added as negative values, unfolded.
+  static unsigned long Hash(string const& name);
 
-  // The name exactly as declared; compared without regard to case.
-  string mName;
+  string const& Name() const { return mName; }
+  unsigned long GetHash() const { return mHash; }
+  unsigned int SourceLine() const { return mSourceLine; }
+  SourceUnitDependencyLink* SourceUnit() const { return mSourceUnit; }
+  SymbolTable* Owner() const { return mOwner; }
+
+ private:
+  friend class SymbolTable;
+  friend class LookupSet;
+  friend class SymbolTableIterator;
+  Symbol(Symbol const&) = delete;
+  Symbol& operator=(Symbol const&) = delete;
+
+  string mName;  // as declared; its case shows in messages and link names
+  unsigned long mHash;
+  SourceUnitDependencyLink* mSourceUnit;
+  unsigned int mSourceLine;
+  SymbolTable* mOwner;
+  Symbol* mNextInTable;   // insertion order
+  Symbol* mNextSameName;  // the next older symbol of this name
 };
 
-// A declared type: what IRDataType::mDecl points at.
-class TypeSymbol : public Symbol {
+// One same-name chain, newest symbol first: `while (set.Next()) set.Value()`.
+class LookupSet {
  public:
-  explicit TypeSymbol(string const& name) : Symbol(name) {}
-  bool IsA(int kind) const override {
-    return kind == kType || Symbol::IsA(kind);
-  }
-  // The type of a value of this type.
-  virtual IRDataType InstanceType() const = 0;
+  explicit LookupSet(Symbol* head) : mCurrent(head), mStarted(false) {}
+  // Moves to the first, then the next symbol; answers whether there is one.
+  // Reaching a symbol of a merged unit records the dependency.
+  bool Next();
+  // The current symbol, null before the first successful Next.
+  Symbol* Value() const { return mStarted ? mCurrent : nullptr; }
 
-  // How the type is spelled in messages and mangled names; set by the
-  // declaration resolver.
-  string mLinkName;
+ private:
+  Symbol* mCurrent;
+  bool mStarted;
+};
+
+// Owns its symbols and deletes them with itself. Nothing is ever removed.
+class SymbolTable {
+ public:
+  SymbolTable();
+  virtual ~SymbolTable();
+
+  // Takes ownership. Refused while an iterator walks the table.
+  void Add(Symbol* item);
+  LookupSet Lookup(string const& name) const;
+  // The one symbol of this name declared on `line` of unit `unitID`; a
+  // symbol of the current source matches any unit.
+  Symbol* LookupDeclaration(string const& name, string const& unitID,
+                            unsigned int line) const;
+
+  unsigned long Count() const { return mSymbolCount; }
+  unsigned long IndexSize() const { return mIndexSize; }
+  Symbol* First() const { return mFirst; }
+
+ private:
+  friend class SymbolTableIterator;
+  SymbolTable(SymbolTable const&) = delete;
+  SymbolTable& operator=(SymbolTable const&) = delete;
+
+  // Doubles the index; only chain heads move.
+  void EnlargeIndex();
+  unsigned long Probe(string const& name, unsigned long hash) const;
+
+  Symbol** mIndex;
+  unsigned long mIndexSize;
+  unsigned long mSymbolCount;
+  Symbol* mFirst;
+  Symbol* mLast;
+  unsigned long mIteratorLocks;
+};
+
+// Walks a table in insertion order. While it lives, the table refuses to
+// grow or die, so keep it tightly scoped.
+class SymbolTableIterator {
+ public:
+  explicit SymbolTableIterator(SymbolTable* target);
+  SymbolTableIterator(SymbolTableIterator const& other);
+  ~SymbolTableIterator();
+  // Moves to the first or next symbol; past the end it starts over.
+  bool Next();
+  Symbol* Value() const { return mCurrent; }
+
+ private:
+  SymbolTableIterator& operator=(SymbolTableIterator const&) = delete;
+
+  SymbolTable* mTarget;
+  Symbol* mCurrent;
 };
 
 #endif

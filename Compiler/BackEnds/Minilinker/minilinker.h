@@ -1,16 +1,50 @@
-// Linked, ready-to-run code in memory.
+// Linked, ready-to-run code in memory, and the one call that makes it.
 #ifndef COMPILER_BACKENDS_MINILINKER_MINILINKER_H
 #define COMPILER_BACKENDS_MINILINKER_MINILINKER_H
 
+#include "Compiler/BackEnds/Minilinker/ExecutableDataBlock.h"
+#include "Compiler/BackEnds/codestorage.h"
+#include "Compiler/SmartRef.h"
+#include "Universal/SimpleVector.h"
+#include "Universal/stringmap.h"
+#include "Universal/ustring.h"
+
+class LinkerDelegate;
 class QuorlScriptCorrespondent;
 
-// The product of linking one compiled script: the merged code, the global
-// data and the literals, owned together. The in-memory linker makes it.
+typedef void (*ScriptEntrypoint)();
+
+// The product of linking one compiled script: the code, the global data and
+// the literals, owned together.
 class RunReadyCode {
  public:
-  virtual ~RunReadyCode() {}
-  // Runs the script's main body on this thread, reporting to `correspondent`.
-  virtual void Run(QuorlScriptCorrespondent* correspondent) = 0;
+  RunReadyCode(Ref<DataBlock> globals, Ref<ExecutableDataBlock> code,
+               SimpleVector<string> const& stringLiterals,
+               ScriptEntrypoint entrypoint);
+  virtual ~RunReadyCode();
+
+  // Runs the main body on this thread, reporting to `correspondent`. Every
+  // run starts from the global data as linked.
+  void Run(QuorlScriptCorrespondent* correspondent);
+
+  Ref<DataBlock> Globals() const { return mGlobals; }
+  Ref<ExecutableDataBlock> Code() const { return mCode; }
+  ScriptEntrypoint Entrypoint() const { return mEntrypoint; }
+
+ private:
+  RunReadyCode(RunReadyCode const&) = delete;
+  RunReadyCode& operator=(RunReadyCode const&) = delete;
+
+  Ref<DataBlock> mGlobals;
+  Ref<ExecutableDataBlock> mCode;
+  SimpleVector<string> mStringLiterals;
+  ScriptEntrypoint mEntrypoint;
 };
+
+// Links `code` against the module itself and `functions`. The caller owns
+// the result. A name found in neither fails the link: the answer is null,
+// and `failures`, when given, hears why.
+RunReadyCode* MiniLink(Ref<CodeModule> code, StringMap<void*>* functions,
+                       LinkerDelegate* failures = nullptr);
 
 #endif

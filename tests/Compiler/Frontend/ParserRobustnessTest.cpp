@@ -6,6 +6,10 @@
 
 #include <random>
 
+#include "Compiler/Frontend/SrcContext.h"
+#include "Compiler/Miner/DeclarationParser.h"
+#include "Compiler/Miner/Miner.h"
+#include "Compiler/SymbolTable/GlobalSymbolTable.h"
 #include "ParseDriver.h"
 
 namespace {
@@ -91,6 +95,53 @@ std::string Mutate(std::string text, std::mt19937& random) {
     }
   }
   return text;
+}
+
+// The declaration pass over the same text: scan, merge, resolve, and print
+// the tree back. Gives whether the scanner accepted the text.
+bool ScanAndResolve(std::string const& text) {
+  SrcContext* context = new SrcContext;  // sweeps the scanned literals
+  TestDelegate delegate;
+  UnitSymbolTable* unit =
+      ParseDeclarations("", (text + "\n").c_str(), &delegate);
+  bool accepted = unit != nullptr;
+  if (unit) {
+    GlobalSymbolTable global;
+    global.MergeUnitSymbols(unit, "");
+    delete unit;
+    ResolveDeclarations(&global);
+    global.MakeContentsPrototype();
+  }
+  delete context;
+  return accepted;
+}
+
+TEST(ParserRobustness, MutatedCorpusNeverBreaksTheDeclarationPass) {
+  std::vector<std::string> sources;
+  for (std::string const& file : CorpusFiles())
+    sources.push_back(ReadFile(file));
+  ASSERT_FALSE(sources.empty());
+  for (std::string const& source : sources)
+    EXPECT_TRUE(ScanAndResolve(source));
+  alarm(120);
+  std::mt19937 random(20240612u);
+  int accepted = 0;
+  const int kCases = 3000;
+  for (int i = 0; i < kCases; i++)
+    accepted += ScanAndResolve(Mutate(sources[i % sources.size()], random));
+  alarm(0);
+  // The scanner is tolerant, but broken block structure must show.
+  EXPECT_LT(accepted, kCases);
+  EXPECT_GT(accepted, 0);
+}
+
+TEST(ParserRobustness, EveryPrefixOfTheCorpusScansSafely) {
+  alarm(120);
+  for (std::string const& file : CorpusFiles()) {
+    std::string text = ReadFile(file);
+    for (size_t n = 0; n <= text.size(); n += 5) ScanAndResolve(text.substr(0, n));
+  }
+  alarm(0);
 }
 
 TEST(ParserRobustness, MutatedCorpusNeverCrashesOrHangs) {

@@ -1,0 +1,68 @@
+// The script runtime's glue: what running script code calls that belongs to
+// the plug-in itself, the state of the script now running, and the table
+// from link names to addresses that the in-memory linker resolves against.
+//
+// The state is process-wide: one correspondent, one class list and one stack
+// limit, for the script that runs now. Scheduling is cooperative, and the
+// yield saves and restores them around the host's turn.
+#ifndef COMPILER_BACKENDS_MINILINKER_QUORLSCRIPTINTRINSICS_H
+#define COMPILER_BACKENDS_MINILINKER_QUORLSCRIPTINTRINSICS_H
+
+#include "Common/ObjectModel/RuntimeObjectFoundation.h"
+#include "Plugin/QuorlScriptCorrespondent.h"
+#include "Universal/stringmap.h"
+#include "Universal/ustring.h"
+
+// A name-to-address lookup of the host's; null for an unknown name.
+typedef void* (*RuntimeNameResolver)(char const* name);
+
+// ---- the running script's state
+void SetRuntimeCorrespondent(QuorlScriptCorrespondent* correspondent);
+QuorlScriptCorrespondent* GetRuntimeCorrespondent();
+RuntimeClass* GetClassListHead();
+void SetClassListHead(RuntimeClass* head);
+// The lowest stack address running code may reach; 0 checks nothing. Set
+// by the script object before a run, from the host's limit.
+void SetRuntimeStackLimit(unsigned long limit);
+unsigned long GetRuntimeStackLimit();
+
+// Before a run: no correspondent, no classes.
+void InitQuorlScriptRuntime();
+// After a run (and as "RuntimeExit" at the end of the main body): the
+// program's classes are dropped.
+void ExitQuorlScriptRuntime();
+
+// ---- called from generated code
+// The correspondent comes as a hidden first argument. Input answers a new
+// string the caller owns, or nil without an answer.
+stringStorage* Input(QuorlScriptCorrespondent* corr, stringStorage* prompt);
+void Print(QuorlScriptCorrespondent* corr, stringStorage* text);
+// The classes of the runtime's exceptions; a class that cannot be had is
+// reported as runtime error 10.
+RuntimeClass* RuntimeExceptionLookup();
+RuntimeClass* NilObjectExceptionLookup();
+RuntimeClass* IllegalCastExceptionLookup();
+RuntimeClass* OutOfBoundsExceptionLookup();
+// First call of the main body: exception classes and the unhandled hook.
+void RuntimeInit();
+// What no handler caught: reported as runtime error 2 (6 for a stack
+// overflow), line 0.
+void UnhandledException(RuntimeObject* exception);
+// The host's turn, once per loop iteration.
+void RuntimeYield();
+// Raises the stack overflow when the stack has grown below the limit.
+void RuntimeCheckStack();
+// A script has no debugger: these do nothing.
+void RuntimeDebugEntry();
+void RemoteDebuggerStartup();
+
+// The object raised by RuntimeCheckStack.
+RuntimeObject* StackOverflowExceptionObject();
+
+// ---- the table the linker resolves against
+// A new table, owned by the caller: the plug-in's own entries first, then
+// every intrinsic name through `resolver`.
+StringMap<void*>* MakeQuorlScriptRuntimeFunctionTable(
+    RuntimeNameResolver resolver);
+
+#endif

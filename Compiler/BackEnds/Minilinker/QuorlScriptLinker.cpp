@@ -1,0 +1,94 @@
+// The in-memory link: one copy of the merged code into code memory, the
+// branches resolved, the global data image built, every data reference
+// patched, and the code sealed.
+#include "Compiler/BackEnds/Minilinker/QuorlScriptLinker.h"
+
+#include "Compiler/BackEnds/codegenerator.h"
+#include "Compiler/Linker/LinkerAssertion.h"
+
+unsigned long QuorlScriptFunctionFinder::LookupFunctionAddress(
+    string const& name) {
+  QASSERT_TEXT(mFunctions, "functions");
+  void* address = nullptr;
+  if (!mFunctions->GetEntry(name, address)) return 0;
+  return reinterpret_cast<unsigned long>(address);
+}
+
+void QuorlScriptFunctionFinder::LinkerFailed(string const& message) {
+  if (mReporter) mReporter->LinkerFailed(message);
+}
+
+QuorlScriptLinker::QuorlScriptLinker()
+    : mStaticDataOffset(0), mQuorlScriptDelegate(nullptr) {}
+
+// From the copy on, the code has its final address: every displacement to
+// an outside address depends on it. The product stays in this object.
+Ref<DataBlock> QuorlScriptLinker::FormatLink() {
+  QASSERT_TEXT(mOneCode, "mOneCode");
+  mCode.BindNewObject(new ExecutableDataBlock(mOneCode->IsBigEndian()));
+  mCode->Append(reinterpret_cast<char const*>(mOneCode->Buffer()),
+                mOneCode->Length());
+  mGlobalData = mSrc->MakeDataBlock();
+  PreprocessCodeModule();
+  ResolveJumps();
+  if (!LinkCancelled()) {
+    AllocateGlobalDataBlock();
+    ResolveDataReferences();
+  }
+  if (!LinkCancelled()) PostLink();
+  mCode->MakeExecutable();
+  return Ref<DataBlock>();
+}
+
+// Branches are finished here; every other import stays for the data pass.
+void QuorlScriptLinker::ResolveJumps() {
+  SimpleVector<Import> remaining;
+  SimpleVector<Import>& imports = mOneCode->mImports;
+  for (unsigned long i = 0; i < imports.size(); i++) {
+    Import& import = imports[i];
+    unsigned long entry;
+    if (!import.IsRelativeBranch()) {
+      remaining.push_back(import);
+    } else if (import.mSourceLibrary.IsEmpty() &&
+               mEntrypoints.GetEntry(import.mName, entry)) {
+      ResolveLocalJump(import.mOffset, entry);
+    } else {
+      unsigned long address = FunctionAddress(import);
+      if (address) ResolveExternalJump(import, address);
+    }
+  }
+  imports = remaining;
+}
+
+unsigned long QuorlScriptLinker::FunctionAddress(Import const& import) {
+  QASSERT_TEXT(mQuorlScriptDelegate, "mQuorlScriptDelegate");
+  unsigned long address =
+      mQuorlScriptDelegate->LookupFunctionAddress(import.mName);
+  if (!address)
+    LinkError(kLinkErrorFunctionNotFound,
+              string("The function ") + import.mName +
+                  string(" could not be found."));
+  return address;
+}
+
+unsigned long QuorlScriptLinker::CodeBase() const {
+  return reinterpret_cast<unsigned long>(mCode->Buffer());
+}
+
+unsigned long QuorlScriptLinker::GlobalDataBase() const {
+  return reinterpret_cast<unsigned long>(mGlobalData->Buffer());
+}
+
+void QuorlScriptLinker::CopyStringLiterals(
+    SimpleVector<string>& literals) const {
+  for (unsigned long i = 0; i < mStringLiterals.size(); i++)
+    literals.push_back(mStringLiterals[i]);
+}
+
+void* QuorlScriptLinker::MainEntrypoint() const {
+  unsigned long entrypointOffset = 0;
+  QASSERT_TEXT(mEntrypoints.GetEntry(kMainBodyFunctionName, entrypointOffset),
+               "mEntrypoints.GetEntry( kMainBodyFunctionName, "
+               "entrypointOffset )");
+  return mCode->Buffer() + entrypointOffset;
+}

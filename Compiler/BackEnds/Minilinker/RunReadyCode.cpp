@@ -1,0 +1,80 @@
+// Running linked code, and the link that makes it.
+#include "Compiler/BackEnds/Minilinker/minilinker.h"
+
+#include <string.h>
+
+#include "Compiler/BackEnds/Minilinker/QuorlScriptIntrinsics.h"
+#include "Compiler/BackEnds/Minilinker/QuorlScriptLinker.h"
+#include "Universal/Assertion.h"
+
+// Calls the main body with a frame chain that ends in it: the exception
+// raiser walks frames up to a null link and so never scans the machine code
+// of the host's frames above the script. EBX keeps this frame meanwhile;
+// generated code saves it when it uses it.
+extern "C" void QuorlEnterScript(ScriptEntrypoint entrypoint);
+asm(R"(
+  .text
+  .globl QuorlEnterScript
+  .hidden QuorlEnterScript
+  .type QuorlEnterScript, @function
+QuorlEnterScript:
+  pushl %ebp
+  movl %esp, %ebp
+  pushl %ebx
+  subl $4, %esp
+  movl 8(%ebp), %eax
+  movl %ebp, %ebx
+  xorl %ebp, %ebp
+  call *%eax
+  movl %ebx, %ebp
+  leal -4(%ebp), %esp
+  popl %ebx
+  popl %ebp
+  ret
+  .size QuorlEnterScript, .-QuorlEnterScript
+)");
+
+RunReadyCode::RunReadyCode(Ref<DataBlock> globals,
+                           Ref<ExecutableDataBlock> code,
+                           SimpleVector<string> const& stringLiterals,
+                           ScriptEntrypoint entrypoint)
+    : mGlobals(globals), mCode(code), mStringLiterals(stringLiterals),
+      mEntrypoint(entrypoint) {}
+
+RunReadyCode::~RunReadyCode() {}
+
+// The globals are copied aside before and back after, so that a second run
+// needs no relink. Nothing else is reset: the literals' counts stay where
+// the run left them, which is why each site holds its own reference.
+void RunReadyCode::Run(QuorlScriptCorrespondent* correspondent) {
+  QASSERT_TEXT(mCode, "mCode");
+  QASSERT_TEXT(mGlobals, "mGlobals");
+  Ref<DataBlock> backup;
+  if (mGlobals->Length()) {
+    backup = mGlobals->Get(0, mGlobals->Length());
+    QASSERT_TEXT(backup, "backupGlobals");
+  }
+  InitQuorlScriptRuntime();
+  SetRuntimeCorrespondent(correspondent);
+  QuorlEnterScript(mEntrypoint);
+  ExitQuorlScriptRuntime();
+  if (backup) memcpy(mGlobals->Buffer(), backup->Buffer(), backup->Length());
+}
+
+RunReadyCode* MiniLink(Ref<CodeModule> code, StringMap<void*>* functions,
+                       LinkerDelegate* failures) {
+  QuorlScriptLinkIA32* linker = new QuorlScriptLinkIA32;
+  QuorlScriptFunctionFinder finder(functions, failures);
+  linker->SetQuorlScriptDelegate(&finder);
+  linker->Link(code, &finder);
+  RunReadyCode* result = nullptr;
+  if (!linker->LinkCancelled()) {
+    SimpleVector<string> literals;
+    linker->CopyStringLiterals(literals);
+    result = new RunReadyCode(
+        linker->GetGlobalData(), linker->GetCode(), literals,
+        reinterpret_cast<ScriptEntrypoint>(linker->MainEntrypoint()));
+  }
+  delete linker;
+  return result;
+}

@@ -1,0 +1,95 @@
+// Link names of scopes and members: dotted paths from the root, mangled
+// signatures for methods, plain qualified names for the rest.
+#include "Compiler/Frontend/NameMangler.h"
+#include "Compiler/Miner/Miner.h"
+#include "Compiler/SymbolTable/GlobalSymbolTable.h"
+
+namespace {
+
+// The root's name is empty, so top-level modules get no leading ".".
+void ComputeModuleLinkIDs(string const& prefix, ModuleSymbol* module) {
+  string qualified = QualifyName(prefix, module->Name());
+  module->mLinkName = qualified;
+  {
+    ModuleSymbolIterator m = module->IterateModules();
+    while (m.Next()) ComputeModuleLinkIDs(qualified, m.Value());
+  }
+  TypeSymbolIterator t = module->IterateTypes();
+  while (t.Next())
+    t.Value()->mLinkName = QualifyName(qualified, t.Value()->Name());
+}
+
+// A name that mangles to nothing (an unnamed declaration the scanner kept)
+// keeps no link ID; the grammar pass reports its declaration.
+void ComputeMethodLinkID(string const& prefix, MethodSymbol* method) {
+  string id = MangledMethodName(method, prefix);
+  if (id.Length()) method->SetLinkID(id);
+}
+
+void ComputePropertyLinkID(string const& prefix, PropertySymbol* property) {
+  property->SetLinkName(QualifyName(prefix, property->Name()));
+}
+
+// Events are not mangled: they don't overload.
+void ComputeEventLinkID(string const& prefix, MethodSymbol* event) {
+  string id = QualifyName(prefix, event->Name());
+  if (id.Length()) event->SetLinkID(id);
+}
+
+void ComputeMethodListLinkIDs(string const& prefix,
+                              MethodDeclarationListOwner* owner) {
+  MethodSymbolIterator it = owner->IterateMethods();
+  while (it.Next()) ComputeMethodLinkID(prefix, it.Value());
+}
+
+void ComputeClassMemberLinkIDs(string const& prefix, ClassSymbol* it) {
+  ComputeMethodListLinkIDs(prefix, it);
+  {
+    PropertySymbolIterator p = it->IterateProperties();
+    while (p.Next()) ComputePropertyLinkID(prefix, p.Value());
+  }
+  EventSymbolIterator e = it->IterateEvents();
+  while (e.Next()) ComputeEventLinkID(prefix, e.Value());
+}
+
+void ComputeTypeMemberLinkIDs(string const& prefix, TypeSymbol* type) {
+  string qualified = QualifyName(prefix, type->Name());
+  if (type->IsA(Symbol::kClass)) {
+    ComputeClassMemberLinkIDs(qualified, static_cast<ClassSymbol*>(type));
+  } else if (type->IsA(Symbol::kInterface)) {
+    ComputeMethodListLinkIDs(qualified, static_cast<InterfaceSymbol*>(type));
+  } else if (type->IsA(Symbol::kStructure)) {
+    FieldSymbolIterator f = static_cast<StructureSymbol*>(type)->IterateFields();
+    while (f.Next())
+      f.Value()->mLinkName = QualifyName(qualified, f.Value()->Name());
+  } else if (!type->IsA(Symbol::kEnum) && !type->IsA(Symbol::kDelegate)) {
+    QFAIL("unknown type declaration type");
+  }
+}
+
+void ComputeModuleMemberLinkIDs(string const& prefix, ModuleSymbol* module) {
+  string qualified = QualifyName(prefix, module->Name());
+  {
+    ModuleSymbolIterator m = module->IterateModules();
+    while (m.Next()) ComputeModuleMemberLinkIDs(qualified, m.Value());
+  }
+  {
+    TypeSymbolIterator t = module->IterateTypes();
+    while (t.Next()) ComputeTypeMemberLinkIDs(qualified, t.Value());
+  }
+  {
+    PropertySymbolIterator p = module->IterateProperties();
+    while (p.Next()) ComputePropertyLinkID(qualified, p.Value());
+  }
+  ComputeMethodListLinkIDs(qualified, module);
+}
+
+}  // namespace
+
+void ComputeScopeLinkIDs(GlobalSymbolTable* decls) {
+  ComputeModuleLinkIDs("", decls);
+}
+
+void ComputeMemberLinkIDs(GlobalSymbolTable* decls) {
+  ComputeModuleMemberLinkIDs("", decls);
+}

@@ -1,0 +1,174 @@
+#include "Compiler/SymbolTable/SymbolTable.h"
+
+#include "Compiler/Frontend/Lexer.h"
+#include "Compiler/Frontend/SrcContext.h"
+
+namespace {
+
+enum { kInitialIndexSize = 17 };
+
+// Symbols reached inside a compilation tell it which merged units it used.
+void RecordReach(Symbol* symbol) {
+  if (gContext && symbol && symbol->SourceUnit())
+    gContext->RecordDependency(symbol->SourceUnit());
+}
+
+}  // namespace
+
+SourceUnitDependencyLink::SourceUnitDependencyLink(
+    string const& unitID, string const& second, SourceUnitDependencyLink* next)
+    : mTouched(false), mUnitID(unitID), mSecond(second), mNext(next) {
+  QASSERT_TEXT(mUnitID.Length(), "mUnitID.Length()");
+}
+
+// ------------------------------------------------------------------ Symbol
+
+Symbol::Symbol(string const& name)
+    : mName(name), mHash(Hash(name)), mSourceUnit(nullptr),
+      mSourceLine(current_line()), mOwner(nullptr), mNextInTable(nullptr),
+      mNextSameName(nullptr) {}
+
+Symbol::Symbol(Symbol const& original, SourceUnitDependencyLink* link)
+    : mName(original.mName), mHash(original.mHash), mSourceUnit(link),
+      mSourceLine(original.mSourceLine), mOwner(nullptr),
+      mNextInTable(nullptr), mNextSameName(nullptr) {
+  QASSERT_TEXT(NULL == original.mSourceUnit, "NULL == original.mSourceUnit");
+}
+
+// hash = hash * 31 + byte, with ASCII lower case folded and bytes taken as
+// signed, in wrapping 32-bit arithmetic.
+unsigned long Symbol::Hash(string const& name) {
+  uint32_t hash = 0;
+  char const* bytes = name.CString();
+  unsigned long length = name.Length();
+  for (unsigned long i = 0; i < length; i++) {
+    int32_t c = (signed char)bytes[i];
+    if (c >= 'a' && c <= 'z') c -= 32;
+    hash = hash * 31u + uint32_t(c);
+  }
+  return hash;
+}
+
+// --------------------------------------------------------------- LookupSet
+
+bool LookupSet::Next() {
+  if (mStarted && mCurrent)
+    mCurrent = mCurrent->mNextSameName;
+  else
+    mStarted = mCurrent != nullptr;
+  RecordReach(mCurrent);
+  return mCurrent != nullptr;
+}
+
+// ------------------------------------------------------------- SymbolTable
+
+SymbolTable::SymbolTable()
+    : mIndex(new Symbol*[kInitialIndexSize]()),
+      mIndexSize(kInitialIndexSize), mSymbolCount(0), mFirst(nullptr),
+      mLast(nullptr), mIteratorLocks(0) {}
+
+SymbolTable::~SymbolTable() {
+  QASSERT_TEXT(0 == mIteratorLocks, "0 == mIteratorLocks");
+  QASSERT_TEXT(mIndex, "mIndex");
+  unsigned long deleteCtr = 0;
+  Symbol* item = mFirst;
+  while (item) {
+    QASSERT_TEXT(item->mOwner == this, "item->mOwner == this");
+    Symbol* next = item->mNextInTable;
+    item->mOwner = nullptr;
+    delete item;
+    deleteCtr++;
+    item = next;
+  }
+  QASSERT_TEXT(deleteCtr == mSymbolCount, "deleteCtr == mSymbolCount");
+  delete[] mIndex;
+}
+
+// The slot that holds the chain of `name`, or the empty slot where it would
+// go. The index is never full, so the walk ends.
+unsigned long SymbolTable::Probe(string const& name, unsigned long hash) const {
+  unsigned long slot = hash % mIndexSize;
+  while (mIndex[slot] && mIndex[slot]->mName != name)
+    slot = (slot + 1) % mIndexSize;
+  return slot;
+}
+
+// The growth test comes before the count rises: the tenth symbol of a
+// 17-slot table grows it. It counts symbols, not occupied slots.
+void SymbolTable::Add(Symbol* item) {
+  QASSERT_TEXT(0 == mIteratorLocks, "0 == mIteratorLocks");
+  QASSERT_TEXT(item, "item");
+  QASSERT_TEXT(NULL == item->mOwner, "NULL == item->mOwner");
+  item->mOwner = this;
+  if (mLast)
+    mLast->mNextInTable = item;
+  else
+    mFirst = item;
+  mLast = item;
+  if (mSymbolCount > mIndexSize / 2) EnlargeIndex();
+  mSymbolCount++;
+  unsigned long slot = Probe(item->mName, item->mHash);
+  item->mNextSameName = mIndex[slot];
+  mIndex[slot] = item;
+}
+
+void SymbolTable::EnlargeIndex() {
+  unsigned long newSize = 2 * mIndexSize;
+  Symbol** fresh = new Symbol*[newSize]();
+  for (unsigned long i = 0; i < mIndexSize; i++) {
+    Symbol* head = mIndex[i];
+    if (!head) continue;
+    unsigned long slot = head->mHash % newSize;
+    while (fresh[slot]) slot = (slot + 1) % newSize;
+    fresh[slot] = head;
+  }
+  delete[] mIndex;
+  mIndex = fresh;
+  mIndexSize = newSize;
+}
+
+LookupSet SymbolTable::Lookup(string const& name) const {
+  return LookupSet(mIndex[Probe(name, Symbol::Hash(name))]);
+}
+
+Symbol* SymbolTable::LookupDeclaration(string const& name,
+                                       string const& unitID,
+                                       unsigned int line) const {
+  Symbol* out = nullptr;
+  LookupSet set = Lookup(name);
+  while (set.Next()) {
+    Symbol* symbol = set.Value();
+    if (symbol->SourceLine() != line) continue;
+    if (symbol->SourceUnit() && symbol->SourceUnit()->UnitID() != unitID)
+      continue;
+    QASSERT_TEXT(NULL == out, "NULL == out");
+    out = symbol;
+  }
+  return out;
+}
+
+// ----------------------------------------------------- SymbolTableIterator
+
+SymbolTableIterator::SymbolTableIterator(SymbolTable* target)
+    : mTarget(target), mCurrent(nullptr) {
+  QASSERT_TEXT(target, "target");
+  mTarget->mIteratorLocks++;
+}
+
+SymbolTableIterator::SymbolTableIterator(SymbolTableIterator const& other)
+    : mTarget(other.mTarget), mCurrent(other.mCurrent) {
+  mTarget->mIteratorLocks++;
+}
+
+SymbolTableIterator::~SymbolTableIterator() {
+  QASSERT_TEXT(mTarget, "mTarget");
+  QASSERT_TEXT(mTarget->mIteratorLocks > 0, "mTarget->mIteratorLocks > 0");
+  mTarget->mIteratorLocks--;
+}
+
+bool SymbolTableIterator::Next() {
+  QASSERT_TEXT(mTarget, "mTarget");
+  mCurrent = mCurrent ? mCurrent->mNextInTable : mTarget->mFirst;
+  RecordReach(mCurrent);
+  return mCurrent != nullptr;
+}

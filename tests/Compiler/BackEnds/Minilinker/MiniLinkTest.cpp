@@ -1,0 +1,195 @@
+// What MiniLink makes of a module: code memory that is sealed and given
+// back, branches and literal references patched, the global data image laid
+// out, and failures reported rather than run.
+#include <stdio.h>
+#include <string.h>
+
+#include <fstream>
+
+#include "Compiler/BackEnds/Minilinker/QuorlScriptLinker.h"
+#include "tests/Compiler/BackEnds/Minilinker/MinilinkerTestSupport.h"
+
+namespace {
+
+// The permissions of the mapping that holds `address`, as /proc shows them.
+std::string MappingPermissions(void const* address) {
+  std::ifstream maps("/proc/self/maps");
+  std::string line;
+  unsigned long at = reinterpret_cast<unsigned long>(address);
+  while (std::getline(maps, line)) {
+    unsigned long low, high;
+    char perms[8] = {};
+    if (sscanf(line.c_str(), "%lx-%lx %4s", &low, &high, perms) == 3 &&
+        at >= low && at < high)
+      return perms;
+  }
+  return "";
+}
+
+// Exposes the image layout after a link.
+class InspectedLinker : public QuorlScriptLinkIA32 {
+ public:
+  using QuorlScriptLinker::mGlobalMap;
+  using QuorlScriptLinker::mStaticDataOffset;
+};
+
+unsigned long Offset(StringMapCase<unsigned long>& map, char const* name) {
+  unsigned long value = ~0UL;
+  map.GetEntry(name, value);
+  return value;
+}
+
+uint32_t Field(RunReadyCode& code, unsigned long offset) {
+  return code.Code()->Get32(offset);
+}
+
+}  // namespace
+
+TEST(MiniLinkTest, CodeIsSealedReadOnlyExecutableAndUnmappedWithItsOwner) {
+  long before = ExecutableDataBlock::LiveMappings();
+  ScriptProgram s;
+  s.Finish();
+  std::unique_ptr<RunReadyCode> code = s.Link();
+  ASSERT_TRUE(code);
+  EXPECT_EQ(before + 1, ExecutableDataBlock::LiveMappings());
+  EXPECT_TRUE(code->Code()->IsExecutable());
+  EXPECT_EQ("r-xp", MappingPermissions(code->Code()->Buffer()));
+  EXPECT_EQ(reinterpret_cast<void*>(code->Entrypoint()),
+            code->Code()->Buffer());
+  code.reset();
+  EXPECT_EQ(before, ExecutableDataBlock::LiveMappings());
+}
+
+TEST(MiniLinkTest, AMissingFunctionFailsTheLinkWithoutLeaking) {
+  long before = ExecutableDataBlock::LiveMappings();
+  FailureRecorder failures;
+  ScriptProgram s;
+  s.Call("NoSuchFunction", {});
+  s.Finish();
+  EXPECT_FALSE(s.Link(&failures));
+  EXPECT_EQ(std::vector<std::string>{"Linker failed with error #1 The "
+                                     "function NoSuchFunction could not be "
+                                     "found."},
+            failures.mFailures);
+  EXPECT_EQ(before, ExecutableDataBlock::LiveMappings());
+  ScriptProgram quiet;
+  quiet.Call("NoSuchFunction", {});
+  quiet.Finish();
+  EXPECT_FALSE(quiet.Link());
+}
+
+TEST(MiniLinkTest, CallSitesGetTheirOwnDisplacementsToOneTarget) {
+  ScriptProgram s;
+  s.Call("f", {});
+  s.Call("f", {});
+  s.Finish();
+  s.p.Enter("f", -1);
+  s.p.Line(kTacLeave);
+  Ref<CodeModule> module = s.Generate();
+  FunctionBlock* main = module->mFunctions[0];
+  unsigned long mainLength = main->Length();
+  std::vector<unsigned long> sites;
+  for (unsigned long i = 0; i < main->mImports.size(); i++)
+    if (main->mImports[i].mName == "f") sites.push_back(main->mImports[i].mOffset);
+  ASSERT_EQ(2u, sites.size());
+  std::unique_ptr<StringMap<void*>> table = TestFunctionTable();
+  std::unique_ptr<RunReadyCode> code(MiniLink(module, table.get()));
+  ASSERT_TRUE(code);
+  EXPECT_NE(Field(*code, sites[0]), Field(*code, sites[1]));
+  for (unsigned long site : sites)
+    EXPECT_EQ(mainLength, site + 4 + Field(*code, site));
+}
+
+// Three sites of one literal: one reference for the kept string and one
+// for each site, so that no site's release can free it.
+TEST(MiniLinkTest, EachLiteralSiteHoldsItsOwnReference) {
+  TestCorrespondent corr;
+  ScriptProgram s;
+  for (int i = 0; i < 3; i++) s.CallGlue("Print", &corr, s.p.Text("again"));
+  s.CallGlue("Print", &corr, s.p.Text("once"));
+  s.Finish();
+  Ref<CodeModule> module = s.Generate();
+  std::vector<unsigned long> sites;
+  for (unsigned long i = 0; i < module->mFunctions[0]->mImports.size(); i++) {
+    Import const& import = module->mFunctions[0]->mImports[i];
+    if (import.IsStringLiteral()) sites.push_back(import.mOffset);
+  }
+  ASSERT_EQ(4u, sites.size());
+  std::unique_ptr<StringMap<void*>> table = TestFunctionTable();
+  std::unique_ptr<RunReadyCode> code(MiniLink(module, table.get()));
+  ASSERT_TRUE(code);
+  stringStorage* again = reinterpret_cast<stringStorage*>(Field(*code, sites[0]));
+  EXPECT_EQ(again, reinterpret_cast<stringStorage*>(Field(*code, sites[2])));
+  EXPECT_EQ(4, again->mRefCount);
+  EXPECT_EQ("again", std::string(again->CString(), again->mLength));
+  EXPECT_EQ(kEncodingASCII, again->mEncoding);
+  stringStorage* once = reinterpret_cast<stringStorage*>(Field(*code, sites[3]));
+  EXPECT_EQ(2, once->mRefCount);
+  code->Run(&corr);
+  code->Run(&corr);
+  EXPECT_EQ(8u, corr.mPrinted.size());
+  EXPECT_EQ(4, again->mRefCount);
+}
+
+TEST(MiniLinkTest, ListCallersAreWrittenAsStackAlignedCalls) {
+  ScriptProgram s;
+  s.Finish();
+  Ref<CodeModule> module = s.Generate();
+  module->mInitializers.AddEntry("X", "RuntimeInit");
+  module->mInitializers.AddEntry("Y", "RuntimeExit");
+  std::unique_ptr<StringMap<void*>> table = TestFunctionTable();
+  std::unique_ptr<RunReadyCode> code(MiniLink(module, table.get()));
+  ASSERT_TRUE(code);
+  ASSERT_EQ(3u, module->mFunctions.size());
+  FunctionBlock* init = module->mFunctions[1];
+  EXPECT_EQ("% initialize", Std(init->mName));
+  EXPECT_EQ("81 ec 0c 00 00 00 e8 00 00 00 00 e8 00 00 00 00 81 c4 0c 00 00 "
+            "00 c3",
+            HexBytes(Bytes(init->Buffer(), init->Buffer() + init->Length())));
+  ASSERT_EQ(2u, init->mImports.size());
+  EXPECT_EQ(7u, init->mImports[0].mOffset);
+  EXPECT_EQ("RuntimeExit", Std(init->mImports[1].mName));
+  FunctionBlock* exit = module->mFunctions[2];
+  EXPECT_EQ("% finalize", Std(exit->mName));
+  EXPECT_EQ("81 ec 0c 00 00 00 81 c4 0c 00 00 00 c3",
+            HexBytes(Bytes(exit->Buffer(), exit->Buffer() + exit->Length())));
+}
+
+// Variables first, each aligned to its size; then a pointer slot per
+// static block named as a global; then the static data.
+TEST(MiniLinkTest, TheGlobalDataImageIsLaidOutBeforeItIsAddressed) {
+  ScriptProgram s;
+  TacAddr const* a = s.p.Global("Module.a", IRDataType(kUInt8Type));
+  TacAddr const* b = s.p.Global("Module.b", s.p.Structure(12));
+  TacAddr const* c = s.p.Global("Module.c", IRDataType(kSInt32Type));
+  TacAddr const* meta = s.p.Global("C.meta", IRDataType(kSInt32Type));
+  s.p.Line(kTacStore, s.p.Int(1), nilTacAddr, a);
+  s.p.Line(kTacZero, nilTacAddr, nilTacAddr, b);
+  s.p.Line(kTacStore, s.p.Int(3), nilTacAddr, c);
+  s.p.Line(kTacStore, meta, nilTacAddr, c);
+  s.Finish();
+  Ref<CodeModule> module = s.Generate();
+  StaticDataBlock* block = module->MakeStaticDataBlock();
+  block->mName = "C.meta";
+  block->Append32(0x11223344);
+  block->Append32(0);
+  module->mStaticData.push_back(block);
+  StringMap<void*> table;
+  table.AddEntry("RuntimeInit", reinterpret_cast<void*>(&RuntimeInit));
+  table.AddEntry("RuntimeExit", reinterpret_cast<void*>(&ExitQuorlScriptRuntime));
+  QuorlScriptFunctionFinder finder(&table);
+  InspectedLinker linker;
+  linker.SetQuorlScriptDelegate(&finder);
+  linker.Link(module, &finder);
+  ASSERT_FALSE(linker.LinkCancelled());
+  EXPECT_EQ(0u, Offset(linker.mGlobalMap, "Module.a"));
+  EXPECT_EQ(12u, Offset(linker.mGlobalMap, "Module.b"));
+  EXPECT_EQ(24u, Offset(linker.mGlobalMap, "Module.c"));
+  EXPECT_EQ(28u, Offset(linker.mGlobalMap, "C.meta"));
+  EXPECT_EQ(32u, linker.mStaticDataOffset);
+  Ref<DataBlock> image = linker.GetGlobalData();
+  EXPECT_EQ(40u, image->Length());
+  EXPECT_EQ(0x11223344u, image->Get32(32));
+  EXPECT_EQ(reinterpret_cast<unsigned long>(image->Buffer()) + 32,
+            image->Get32(28));
+}

@@ -1,0 +1,172 @@
+// The table core: case-insensitive chains, growth, insertion order,
+// declaration lookup, iterator locks and dependency marks.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "../CompilerTestSupport.h"
+#include "Compiler/Frontend/SrcContext.h"
+#include "Compiler/SymbolTable/GlobalSymbolTable.h"
+
+namespace {
+
+std::vector<std::string> ChainNames(SymbolTable const& table, char const* name) {
+  std::vector<std::string> names;
+  LookupSet set = table.Lookup(name);
+  while (set.Next()) names.push_back(Std(set.Value()->Name()));
+  return names;
+}
+
+std::vector<std::string> OrderOf(SymbolTable& table) {
+  std::vector<std::string> names;
+  SymbolTableIterator it(&table);
+  while (it.Next()) names.push_back(Std(it.Value()->Name()));
+  return names;
+}
+
+TEST(SymbolHash, FoldsAsciiCaseOnlyAndWraps) {
+  EXPECT_EQ(Symbol::Hash("abc"), Symbol::Hash("ABC"));
+  EXPECT_EQ((unsigned long)('A' * 31 * 31 + 'B' * 31 + 'C'),
+            Symbol::Hash("aBc"));
+  // A byte from 128 up is a negative addend, not folded.
+  EXPECT_EQ(0xFFFFFFC3ul, Symbol::Hash("\xC3"));
+  EXPECT_NE(Symbol::Hash("\xC3\xA9"), Symbol::Hash("\xC3\x89"));
+  std::string longName(40, 'z');
+  Symbol::Hash(longName.c_str());  // wraps silently
+}
+
+TEST(SymbolTable, NamesDifferingInCaseShareAChainNewestFirst) {
+  SymbolTable table;
+  table.Add(new Symbol("Foo"));
+  table.Add(new Symbol("Bar"));
+  table.Add(new Symbol("FOO"));
+  EXPECT_EQ((std::vector<std::string>{"FOO", "Foo"}), ChainNames(table, "foo"));
+  EXPECT_EQ(3u, table.Count());
+}
+
+TEST(SymbolTable, EmptyLookupYieldsNothing) {
+  SymbolTable table;
+  LookupSet set = table.Lookup("x");
+  EXPECT_EQ(nullptr, set.Value());
+  EXPECT_FALSE(set.Next());
+  EXPECT_EQ(nullptr, set.Value());
+}
+
+TEST(SymbolTable, GrowsOnTheTenthSymbolAndCountsSymbolsNotSlots) {
+  SymbolTable table;
+  for (int i = 0; i < 9; i++) table.Add(new Symbol(("n" + std::to_string(i)).c_str()));
+  EXPECT_EQ(17u, table.IndexSize());
+  table.Add(new Symbol("n9"));
+  EXPECT_EQ(34u, table.IndexSize());
+
+  SymbolTable same;
+  for (int i = 0; i < 200; i++) same.Add(new Symbol("x"));
+  EXPECT_EQ(200u, same.Count());
+  EXPECT_EQ(544u, same.IndexSize());  // 17 doubled five times
+  EXPECT_EQ(200u, ChainNames(same, "X").size());
+}
+
+TEST(SymbolTable, CollidingNamesStayReachableAndOrderSurvivesGrowth) {
+  // 65*31+90 == 66*31+59: one hash, two names.
+  ASSERT_EQ(Symbol::Hash("AZ"), Symbol::Hash("B;"));
+  SymbolTable table;
+  std::vector<std::string> expected;
+  table.Add(new Symbol("AZ"));
+  table.Add(new Symbol("B;"));
+  expected = {"AZ", "B;"};
+  for (int i = 0; i < 40; i++) {
+    std::string name = "s" + std::to_string(i);
+    table.Add(new Symbol(name.c_str()));
+    expected.push_back(name);
+  }
+  EXPECT_EQ(1u, ChainNames(table, "az").size());
+  EXPECT_EQ(1u, ChainNames(table, "B;").size());
+  EXPECT_EQ(expected, OrderOf(table));
+}
+
+TEST(SymbolTable, LookupDeclarationMatchesLineAndUnit) {
+  GlobalSymbolTable global;
+  UnitSymbolTable source("U");
+  source.AddConstant(new ConstantSymbol("k2"));
+  global.MergeUnitSymbols(&source, "v1");
+  SymbolTable table;
+  table.Add(new Symbol("k"));
+  EXPECT_NE(nullptr, table.LookupDeclaration("K", "any unit", 0));
+  EXPECT_EQ(nullptr, table.LookupDeclaration("k", "", 5));
+  EXPECT_NE(nullptr, global.LookupDeclaration("k2", "U", 0));
+  EXPECT_EQ(nullptr, global.LookupDeclaration("k2", "Other", 0));
+}
+
+TEST(SymbolTableDeathTest, TwoDeclarationsOnOneLineAreAnInternalError) {
+  SymbolTable table;
+  table.Add(new Symbol("a"));
+  table.Add(new Symbol("A"));
+  EXPECT_ASSERTION(table.LookupDeclaration("a", "", 0), "SymbolTable\\.cpp");
+}
+
+TEST(SymbolTableDeathTest, AnIteratorLocksTheTable) {
+  EXPECT_ASSERTION(
+      {
+        SymbolTable table;
+        SymbolTableIterator it(&table);
+        table.Add(new Symbol("x"));
+      },
+      "SymbolTable\\.cpp");
+  EXPECT_ASSERTION(
+      {
+        SymbolTable* table = new SymbolTable;
+        SymbolTableIterator it(table);
+        delete table;
+      },
+      "SymbolTable\\.cpp");
+}
+
+TEST(SymbolTableDeathTest, ACloneIsNeverClonedAgain) {
+  SourceUnitDependencyLink unit("U", "", nullptr);
+  ConstantSymbol original("k");
+  GlobalSymbol* clone = original.Clone(&unit);
+  EXPECT_ASSERTION(clone->Clone(&unit), "SymbolTable\\.cpp");
+}
+
+TEST(SymbolTable, IteratorStartsOverAfterTheEnd) {
+  SymbolTable table;
+  table.Add(new Symbol("a"));
+  SymbolTableIterator it(&table);
+  EXPECT_TRUE(it.Next());
+  EXPECT_FALSE(it.Next());
+  EXPECT_TRUE(it.Next());
+  EXPECT_EQ("a", Std(it.Value()->Name()));
+}
+
+TEST(SymbolTable, ReachingMergedSymbolsTouchesTheirUnitOnlyInACompilation) {
+  GlobalSymbolTable global;
+  UnitSymbolTable unit("Lib");
+  unit.AddConstant(new ConstantSymbol("k"));
+  global.MergeUnitSymbols(&unit, "stamp");
+  StringMap<string> used;
+  global.LookupConstant("k");  // no compilation: nothing recorded
+  global.CopyDependencyList(&used);
+  EXPECT_EQ(0u, used.Count());
+
+  SrcContext* context = new SrcContext;
+  global.LookupConstant("missing");
+  global.CopyDependencyList(&used);
+  EXPECT_EQ(0u, used.Count());
+  global.LookupConstant("K");
+  global.CopyDependencyList(&used);
+  string second;
+  EXPECT_TRUE(used.GetEntry("Lib", second));
+  EXPECT_EQ("stamp", Std(second));
+  global.CopyDependencyList(&used);  // the marks were cleared
+  EXPECT_EQ(0u, used.Count());
+  {
+    ConstantSymbolIterator it = global.IterateConstants();
+    while (it.Next()) {}
+  }
+  global.CopyDependencyList(&used);
+  EXPECT_EQ(1u, used.Count());
+  delete context;
+}
+
+}  // namespace
