@@ -69,12 +69,37 @@ void Compiler::HandOverToModule(CodeModule* module, SrcContext* context) {
   context->MoveStaticDataBlocks(&module->mStaticData);
 }
 
+// The conditional constants and the byte order become ordinary public
+// Boolean constants of the global table: the directives find them through
+// name lookup like any constant.
+static void AddBooleanConstant(GlobalSymbolTable* symbols, string const& name,
+                               bool value) {
+  ConstantSymbol* constant =
+      new ConstantSymbol(name, IRDataType(kBooleanType), IRValue::SInt32(value ? 1 : 0));
+  constant->SetScope(MemberSymbol::kPublic);
+  symbols->AddConstant(constant);
+}
+
+void Compiler::AddIntrinsicConstantDeclarations(GlobalSymbolTable* symbols,
+                                                SrcContext* context) {
+  QASSERT_TEXT(symbols, "decls");
+  QASSERT_TEXT(context, "ourContext");
+  StringMapIterator<bool>* iter = mConditionalConstants.NewIterator();
+  QASSERT_TEXT(iter, "iter");
+  bool value = false;
+  while (iter->Next(value)) AddBooleanConstant(symbols, iter->Key(), value);
+  delete iter;
+  AddBooleanConstant(symbols, string("TargetBigEndian"), context->mBigEndian);
+  AddBooleanConstant(symbols, string("TargetLittleEndian"), !context->mBigEndian);
+}
+
 Ref<CodeModule> Compiler::Compile(string const& source, string const& name,
                                   GlobalSymbolTable* symbols) {
   Ref<CodeModule> module;
   QASSERT(symbols);
   SrcContext* context = CreateCompilationContext(name);
   context->blocks.Enter(symbols);
+  AddIntrinsicConstantDeclarations(symbols, context);
   if (RunFrontEnd(source)) module = RunBackEnd(name);
   if (module) HandOverToModule(&*module, context);
   // Clears gContext and sweeps every semantic value of the compilation.

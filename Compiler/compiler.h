@@ -73,6 +73,9 @@ class Compiler {
 
   // Makes the context of one compilation (it installs itself as gContext).
   SrcContext* CreateCompilationContext(string const& name);
+  // The target constants and the byte order as Boolean constants.
+  void AddIntrinsicConstantDeclarations(GlobalSymbolTable* symbols,
+                                        SrcContext* context);
   // Parses the text into the context's program code; false on failure.
   bool RunFrontEnd(string const& source);
   // Turns the context's program code into a module; nil on failure.

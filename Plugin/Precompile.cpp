@@ -5,11 +5,17 @@
 // itself. They are rebuilt for each compilation: nothing of them survives in
 // the interface. The source is read twice, once by the declaration scanner
 // and once by the full grammar.
+#include "Compiler/BackEnds/Minilinker/QuorlScriptIntrinsics.h"
+#include "Compiler/BackEnds/Minilinker/RuntimeDeclarations.h"
+#include "Compiler/BackEnds/Minilinker/minilinker.h"
 #include "Compiler/BackEnds/codestorage.h"
 #include "Compiler/Intrinsics.h"
+#include "Compiler/Miner/DeclarationParser.h"
+#include "Compiler/Miner/Miner.h"
 #include "Compiler/SymbolTable/GlobalSymbolTable.h"
 #include "Compiler/compiler.h"
 #include "Plugin/QuorlScriptInterface.h"
+#include "Plugin/ScriptRuntime.h"
 
 // The conditional-compilation constants a script sees: every target false,
 // then this one's true (the later entries overwrite the earlier ones).
@@ -23,9 +29,16 @@ static void SetTargetConstants(StringMap<bool>& constants) {
   constants.AddEntry(string("TargetLinux"), true);
 }
 
-// The declarations every script starts from: the runtime's and the host's.
-static GlobalSymbolTable* MakeScriptDeclarations() {
-  return new GlobalSymbolTable();
+// Reads the source's own declarations into `symbols` and resolves the whole
+// tree; false after a fatal declaration error (already reported).
+static bool DeclareSource(GlobalSymbolTable* symbols, string const& source,
+                          CompilerDelegate* delegate) {
+  UnitSymbolTable* unit = ParseDeclarations(string(""), source, delegate);
+  if (!unit) return false;
+  symbols->MergeUnitSymbols(unit, string(""));
+  delete unit;
+  ResolveDeclarations(symbols);
+  return true;
 }
 
 void QuorlScriptInterface::Precompile() {
@@ -34,11 +47,16 @@ void QuorlScriptInterface::Precompile() {
   compiler.mIntrinsicNames = IntrinsicFunctionNames();
   SetTargetConstants(compiler.mConditionalConstants);
   compiler.mCodeType = kCodeTypeIA32;
-  GlobalSymbolTable* symbols = MakeScriptDeclarations();
-  compiler.SetDelegate(this);
-  compiler.mScriptMode = 1;
-  Ref<CodeModule> module = compiler.Compile(string(mSourceText), string(""), symbols);
+  StringMap<void*>* functionTable = MakeQuorlScriptRuntimeFunctionTable(&Resolver);
+  GlobalSymbolTable* symbols = MakeQuorlScriptRuntimeDeclarations(this);
+  EncodeHostCallbacks(symbols, functionTable);
+  string source(mSourceText);
+  if (DeclareSource(symbols, source, this)) {
+    compiler.SetDelegate(this);
+    compiler.mScriptMode = 1;
+    Ref<CodeModule> module = compiler.Compile(source, string(""), symbols);
+    if (module) mReadyCode = MiniLink(module, functionTable);
+  }
   delete symbols;
-  // Linking into ready code joins here once the in-memory linker exists.
-  module = Ref<CodeModule>(0);
+  delete functionTable;
 }

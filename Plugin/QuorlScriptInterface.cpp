@@ -2,6 +2,7 @@
 
 #include <string.h>
 
+#include "Compiler/BackEnds/Minilinker/QuorlScriptIntrinsics.h"
 #include "Compiler/BackEnds/Minilinker/minilinker.h"
 #include "Universal/Assertion.h"
 
@@ -70,7 +71,11 @@ void QuorlScriptInterface::ClearHostCallbacks() {
 void QuorlScriptInterface::Run() {
   mRunning = 1;
   if (!mReadyCode) Precompile();
-  if (mReadyCode) mReadyCode->Run(this);
+  if (mReadyCode) {
+    // The runtime's stack check compares against the host's limit.
+    SetRuntimeStackLimit(GetStackLimit());
+    mReadyCode->Run(this);
+  }
   mRunning = 0;
 }
 

@@ -10,7 +10,9 @@
 #include "Universal/SimpleVector.h"
 #include "Universal/ustring.h"
 
+class ModuleSymbol;
 class RunReadyCode;
+template <class T> class StringMap;
 
 // A host function callable from scripts, known by its declaration text.
 struct HostMethod {
@@ -89,6 +91,12 @@ class QuorlScriptInterface : public QuorlScriptCorrespondent,
 
  private:
   QuorlScriptInterface(QuorlScriptInterface const&) = delete;
+  // Adds every registered host method and property to `symbols` and its
+  // entry to `table`; a declaration that does not read, or whose types
+  // can't cross to the host, is left out.
+  void EncodeHostCallbacks(ModuleSymbol* symbols, StringMap<void*>* table);
+  void EncodeHostMethods(ModuleSymbol* symbols, StringMap<void*>* table);
+  void EncodeHostProperties(ModuleSymbol* symbols, StringMap<void*>* table);
   QuorlScriptInterface& operator=(QuorlScriptInterface const&) = delete;
 
   char* mSourceText = nullptr;

@@ -85,6 +85,10 @@ void QuorlScriptLinker::CopyStringLiterals(
     literals.push_back(mStringLiterals[i]);
 }
 
+bool QuorlScriptLinker::HasMainEntrypoint() const {
+  return mEntrypoints.HasEntry(kMainBodyFunctionName);
+}
+
 void* QuorlScriptLinker::MainEntrypoint() const {
   unsigned long entrypointOffset = 0;
   QASSERT_TEXT(mEntrypoints.GetEntry(kMainBodyFunctionName, entrypointOffset),

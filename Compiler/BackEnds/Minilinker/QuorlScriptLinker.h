@@ -59,6 +59,7 @@ class QuorlScriptLinker : public Linker {
   Ref<DataBlock> GetGlobalData() const { return mGlobalData; }
   void CopyStringLiterals(SimpleVector<string>& literals) const;
   // The address of `% main` in the final code.
+  bool HasMainEntrypoint() const;
   void* MainEntrypoint() const;
 
   void ResolveJumps();

@@ -68,7 +68,8 @@ RunReadyCode* MiniLink(Ref<CodeModule> code, StringMap<void*>* functions,
   linker->SetQuorlScriptDelegate(&finder);
   linker->Link(code, &finder);
   RunReadyCode* result = nullptr;
-  if (!linker->LinkCancelled()) {
+  // A module without a main body has nothing to run.
+  if (!linker->LinkCancelled() && linker->HasMainEntrypoint()) {
     SimpleVector<string> literals;
     linker->CopyStringLiterals(literals);
     result = new RunReadyCode(
