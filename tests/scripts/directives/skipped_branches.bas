@@ -3,5 +3,5 @@
 this is not a program at all ( ( (
 #endif
 #if TargetLittleEndian Then
-z = = 3             // expect error 7 1
+z = = 3             // expect error 6 1
 #endif
