@@ -5,6 +5,7 @@
 #include "Compiler/Frontend/ParserSupport.h"
 #include "Compiler/Frontend/SrcContext.h"
 #include "Compiler/SemBase.h"
+#include "Compiler/TacListing.h"
 #include "Compiler/SymbolTable/GlobalSymbolTable.h"
 #include "Universal/Assertion.h"
 
@@ -13,7 +14,7 @@ static unsigned long const kIntrinsicNameCapacity = 137;
 
 Compiler::Compiler()
     : mCodeType(kCodeTypePowerPC), mLibrary(0), mDebug(0), mStaticClassData(0),
-      mScriptMode(0), mDelegate(nullptr) {
+      mScriptMode(0), mTacListing(nullptr), mDelegate(nullptr) {
   mIntrinsicNames.resize(kIntrinsicNameCapacity);
 }
 
@@ -100,7 +101,11 @@ Ref<CodeModule> Compiler::Compile(string const& source, string const& name,
   SrcContext* context = CreateCompilationContext(name);
   context->blocks.Enter(symbols);
   AddIntrinsicConstantDeclarations(symbols, context);
-  if (RunFrontEnd(source)) module = RunBackEnd(name);
+  if (RunFrontEnd(source)) {
+    if (mTacListing && context->mProgramCode)
+      *mTacListing = ListTacBlock(*context->mProgramCode->Code());
+    module = RunBackEnd(name);
+  }
   if (module) HandOverToModule(&*module, context);
   // Clears gContext and sweeps every semantic value of the compilation.
   delete context;

@@ -66,6 +66,9 @@ class Compiler {
   unsigned char mDebug;            // copy symbols to the debug data
   unsigned char mStaticClassData;  // class records as static data
   unsigned char mScriptMode;       // a script: nothing that needs external code
+  // When set, receives the listing of the program's three-address code
+  // once the front end has succeeded: the developer's view of a compile.
+  string* mTacListing;
 
  private:
   Compiler(Compiler const&) = delete;

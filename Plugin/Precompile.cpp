@@ -41,22 +41,38 @@ static bool DeclareSource(GlobalSymbolTable* symbols, string const& source,
   return true;
 }
 
-void QuorlScriptInterface::Precompile() {
-  if (!mSourceText || mReadyCode) return;
+Ref<CodeModule> QuorlScriptInterface::CompileSource(StringMap<void*>* functionTable,
+                                                    string* listing) {
   Compiler compiler;
   compiler.mIntrinsicNames = IntrinsicFunctionNames();
   SetTargetConstants(compiler.mConditionalConstants);
   compiler.mCodeType = kCodeTypeIA32;
-  StringMap<void*>* functionTable = MakeQuorlScriptRuntimeFunctionTable(&Resolver);
+  compiler.mTacListing = listing;
   GlobalSymbolTable* symbols = MakeQuorlScriptRuntimeDeclarations(this);
   EncodeHostCallbacks(symbols, functionTable);
   string source(mSourceText);
+  Ref<CodeModule> module;
   if (DeclareSource(symbols, source, this)) {
     compiler.SetDelegate(this);
     compiler.mScriptMode = 1;
-    Ref<CodeModule> module = compiler.Compile(source, string(""), symbols);
-    if (module) mReadyCode = MiniLink(module, functionTable);
+    module = compiler.Compile(source, string(""), symbols);
   }
   delete symbols;
+  return module;
+}
+
+void QuorlScriptInterface::Precompile() {
+  if (!mSourceText || mReadyCode) return;
+  StringMap<void*>* functionTable = MakeQuorlScriptRuntimeFunctionTable(&Resolver);
+  Ref<CodeModule> module = CompileSource(functionTable, nullptr);
+  if (module) mReadyCode = MiniLink(module, functionTable);
   delete functionTable;
+}
+
+bool QuorlScriptInterface::CompileToTacListing(string* listing) {
+  if (!mSourceText) return false;
+  StringMap<void*>* functionTable = MakeQuorlScriptRuntimeFunctionTable(&Resolver);
+  Ref<CodeModule> module = CompileSource(functionTable, listing);
+  delete functionTable;
+  return module;
 }

@@ -5,11 +5,13 @@
 #ifndef PLUGIN_QUORLSCRIPTINTERFACE_H
 #define PLUGIN_QUORLSCRIPTINTERFACE_H
 
+#include "Compiler/SmartRef.h"
 #include "Compiler/compiler.h"
 #include "Plugin/QuorlScriptCorrespondent.h"
 #include "Universal/SimpleVector.h"
 #include "Universal/ustring.h"
 
+class CodeModule;
 class ModuleSymbol;
 class RunReadyCode;
 template <class T> class StringMap;
@@ -49,6 +51,10 @@ class QuorlScriptInterface : public QuorlScriptCorrespondent,
   // Compiles the source into ready code, if there is a source and no ready
   // code yet. Errors go out as CompilerError reports.
   virtual void Precompile();
+  // Compiles the source without linking or keeping anything and gives the
+  // listing of the program's three-address code; false after compile
+  // errors, which are reported as usual. The developer's view of a compile.
+  bool CompileToTacListing(string* listing);
   // Compiles if needed, then runs the ready code, if any, on this thread.
   virtual void Run();
   virtual void CompilerError(CompileErrorCode code, unsigned long line) {}
@@ -95,6 +101,9 @@ class QuorlScriptInterface : public QuorlScriptCorrespondent,
   // entry to `table`; a declaration that does not read, or whose types
   // can't cross to the host, is left out.
   void EncodeHostCallbacks(ModuleSymbol* symbols, StringMap<void*>* table);
+  // Declarations, scan, merge, resolve and compile: a module, or nil after
+  // errors. The listing, when asked for, is taken after the front end.
+  Ref<CodeModule> CompileSource(StringMap<void*>* functionTable, string* listing);
   void EncodeHostMethods(ModuleSymbol* symbols, StringMap<void*>* table);
   void EncodeHostProperties(ModuleSymbol* symbols, StringMap<void*>* table);
   QuorlScriptInterface& operator=(QuorlScriptInterface const&) = delete;

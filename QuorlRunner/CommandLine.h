@@ -15,6 +15,7 @@ constexpr char kStandardInputName[] = "<stdin>";
 struct RunnerOptions {
   std::string file;  // kStandardInputOperand for standard input
   bool check = false;
+  bool dumpTac = false;
   bool help = false;
   std::string pluginPath;  // empty: the host's default
 };

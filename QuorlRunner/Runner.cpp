@@ -2,6 +2,7 @@
 
 #include "QuorlRunner/ExitStatus.h"
 #include "QuorlRunner/ScriptText.h"
+#include "QuorlRunner/TacDump.h"
 
 namespace quorl {
 namespace runner {
@@ -61,6 +62,7 @@ int ExecuteScript(Script& script, RunnerOptions const& options,
 int RunScript(RunnerOptions const& options, std::string const& text,
               Console const& console) {
   try {
+    if (options.dumpTac) return DumpTac(options, text, console);
     LoadPlugin(options.pluginPath);
     Script script;
     return ExecuteScript(script, options, text, console);

@@ -132,6 +132,17 @@ TEST_F(RunnerBinary, CheckReportsSyntaxErrorsWithTheirOneBasedLines) {
   EXPECT_TRUE(Contains(outcome.err, "bad.bas:6: error 1: ")) << outcome.err;
 }
 
+TEST_F(RunnerBinary, DumpTacListsInsteadOfRunningAndReportsErrors) {
+  WriteFile("bad.bas", "Sub Main()\n  z = = 1\nEnd Sub\n");
+  Outcome bad = Run("--dump-tac bad.bas");
+  EXPECT_EQ(bad.status, 1);
+  EXPECT_TRUE(Contains(bad.err, "bad.bas:2: error 1: ")) << bad.err;
+  WriteFile("good.bas", "Sub Main()\nEnd Sub\n");
+  Outcome good = Run("--dump-tac good.bas");
+  EXPECT_EQ(good.status, 0) << good.err;
+  EXPECT_EQ(good.err, "");
+}
+
 TEST_F(RunnerBinary, CheckAcceptsAValidProgram) {
   WriteFile("good.bas",
             "Function Twice(n As Integer) As Integer\n"
