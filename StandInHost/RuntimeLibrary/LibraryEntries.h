@@ -1,7 +1,8 @@
 // The runtime library's functions by theme, each theme a list of the names
-// the host serves and the addresses behind them. The functions themselves
-// have internal linkage: compiled scripts reach them only by name, through
-// the host's resolver.
+// the host serves and the addresses behind them. The host's own functions
+// have internal linkage, and those of the engine runtime are served under
+// their C names: compiled scripts reach both only by name, through the
+// host's resolver.
 #ifndef STANDINHOST_RUNTIMELIBRARY_LIBRARYENTRIES_H
 #define STANDINHOST_RUNTIMELIBRARY_LIBRARYENTRIES_H
 
@@ -22,16 +23,23 @@ LibraryEntry Entry(char const* name, Function* function) {
   return {name, reinterpret_cast<void*>(function)};
 }
 
+// An entry of a function with C linkage under its own name.
+#define QUORL_SERVE(function) \
+  ::quorl::standin::library::Entry(#function, &function)
+
 LibraryEntries CharacterStringEntries();
 LibraryEntries ByteStringEntries();
 LibraryEntries CaseAndTrimEntries();
 LibraryEntries FieldAndReplaceEntries();
 LibraryEntries NumberTextEntries();
 LibraryEntries FormatEntries();
-LibraryEntries MathEntries();
-LibraryEntries TimeAndRandomEntries();
-// The engine runtime's own string and colour entry points.
+LibraryEntries ClockEntries();
+// Library functions whose bodies are the engine runtime's own: the math
+// wrappers, the bitwise forms, Rnd and the colour makers and readers.
 LibraryEntries RuntimeFoundationEntries();
+// Every engine runtime function that generated code reaches by intrinsic
+// number, under its link name.
+LibraryEntries RuntimeIntrinsicEntries();
 
 }  // namespace library
 }  // namespace standin

@@ -2,7 +2,7 @@
 #include "StandInHost/RuntimeLibrary/RuntimeLibrary.h"
 
 #include "Common/RuntimeColorFoundation.h"
-#include "Common/RuntimeStringFoundation.h"
+#include "Common/RuntimeNumerics.h"
 #include "StandInHost/RuntimeLibrary/LibraryEntries.h"
 #include "quorl/QuorlHost.h"
 
@@ -10,45 +10,22 @@ namespace quorl {
 namespace standin {
 namespace library {
 
+// Pow is an intrinsic as well and is served with them.
 LibraryEntries RuntimeFoundationEntries() {
   return {
-      Entry("RuntimeLockString", &RuntimeLockString),
-      Entry("RuntimeUnlockString", &RuntimeUnlockString),
-      Entry("RuntimeLockUnlockStrings", &RuntimeLockUnlockStrings),
-      Entry("RuntimeAddString", &RuntimeAddString),
-      Entry("RuntimeStringCompare", &RuntimeStringCompare),
-      Entry("RuntimeGetStructureString", &RuntimeGetStructureString),
-      Entry("RuntimeSetStructureString", &RuntimeSetStructureString),
-      Entry("RuntimeGetStructureContents", &RuntimeGetStructureContents),
-      Entry("RuntimeSetStructureWString", &RuntimeSetStructureWString),
-      Entry("StringToPString", &StringToPString),
-      Entry("StringToCString", &StringToCString),
-      Entry("StringFromPString", &StringFromPString),
-      Entry("StringFromCString", &StringFromCString),
-      Entry("StringToOSType", &StringToOSType),
-      Entry("StringFromOSType", &StringFromOSType),
-      Entry("StringFromWString", &StringFromWString),
-      Entry("StringToWString", &StringToWString),
-      Entry("LockWString", &LockWString),
-      Entry("UnlockWString", &UnlockWString),
-      Entry("SwapWStringLocks", &SwapWStringLocks),
-      Entry("LockCFString", &LockCFString),
-      Entry("UnlockCFString", &UnlockCFString),
-      Entry("SwapCFStringLocks", &SwapCFStringLocks),
-      Entry("StringToCFString", &StringToCFString),
-      Entry("StringFromCFString", &StringFromCFString),
-      Entry("RuntimeRGB", &RuntimeRGB),
-      Entry("RuntimeHSV", &RuntimeHSV),
-      Entry("RuntimeCMY", &RuntimeCMY),
-      Entry("readColorRed", &readColorRed),
-      Entry("readColorGreen", &readColorGreen),
-      Entry("readColorBlue", &readColorBlue),
-      Entry("readColorHue", &readColorHue),
-      Entry("readColorSaturation", &readColorSaturation),
-      Entry("readColorValue", &readColorValue),
-      Entry("readColorCyan", &readColorCyan),
-      Entry("readColorMagenta", &readColorMagenta),
-      Entry("readColorYellow", &readColorYellow),
+      QUORL_SERVE(RuntimeAbs),   QUORL_SERVE(RuntimeACos),
+      QUORL_SERVE(RuntimeASin),  QUORL_SERVE(RuntimeATan),
+      QUORL_SERVE(RuntimeATan2), QUORL_SERVE(RuntimeCos),
+      QUORL_SERVE(RuntimeSin),   QUORL_SERVE(RuntimeTan),
+      QUORL_SERVE(RuntimeExp),   QUORL_SERVE(RuntimeLog),
+      QUORL_SERVE(RuntimeSqrt),  QUORL_SERVE(RuntimeCeil),
+      QUORL_SERVE(RuntimeFloor), QUORL_SERVE(RuntimeRound),
+      QUORL_SERVE(RuntimeSign),  QUORL_SERVE(BitwiseAnd),
+      QUORL_SERVE(BitwiseOr),    QUORL_SERVE(BitwiseXor),
+      QUORL_SERVE(rnd),          QUORL_SERVE(RuntimeRGB),
+      QUORL_SERVE(RuntimeHSV),   QUORL_SERVE(RuntimeCMY),
+      QUORL_SERVE(readColorRed), QUORL_SERVE(readColorGreen),
+      QUORL_SERVE(readColorBlue),
   };
 }
 
@@ -59,7 +36,7 @@ void RegisterRuntimeLibrary() {
   for (LibraryEntries (*theme)() :
        {&CharacterStringEntries, &ByteStringEntries, &CaseAndTrimEntries,
         &FieldAndReplaceEntries, &NumberTextEntries, &FormatEntries,
-        &MathEntries, &TimeAndRandomEntries, &RuntimeFoundationEntries})
+        &ClockEntries, &RuntimeFoundationEntries, &RuntimeIntrinsicEntries})
     for (LibraryEntry const& entry : theme())
       RegisterHostFunction(entry.name, entry.address);
 }
