@@ -1,5 +1,6 @@
 #include "QuorlRunner/CommandLine.h"
 
+#include <cstdlib>
 #include <functional>
 
 namespace quorl {
@@ -14,6 +15,14 @@ struct OptionRow {
   std::function<void(RunnerOptions&, std::string const&)> apply;
 };
 
+// A positive number of seconds, or -1 for anything else.
+double ParseSeconds(std::string const& text) {
+  char* end = nullptr;
+  double seconds = std::strtod(text.c_str(), &end);
+  bool whole = !text.empty() && end && *end == 0;
+  return whole && seconds > 0 ? seconds : -1;
+}
+
 // Every option of the runner. A new option is one more row.
 std::vector<OptionRow> const& Options() {
   static std::vector<OptionRow> const options = {
@@ -24,6 +33,9 @@ std::vector<OptionRow> const& Options() {
       {"dump-tac", nullptr, nullptr,
        "print the script's three-address code instead of running it",
        [](RunnerOptions& o, std::string const&) { o.dumpTac = true; }},
+      {"time-limit", nullptr, "SECONDS",
+       "stop the script once it has run that long (checked in its loops)",
+       [](RunnerOptions& o, std::string const& v) { o.timeLimit = ParseSeconds(v); }},
       {"plugin", nullptr, "PATH",
        "load the script engine from PATH instead of the default",
        [](RunnerOptions& o, std::string const& v) { o.pluginPath = v; }},
@@ -106,7 +118,9 @@ CommandLine ParseCommandLine(std::vector<std::string> const& arguments) {
                   : AddOperand(argument, result);
     if (!ok) return result;
   }
-  if (result.options.file.empty() && !result.options.help)
+  if (result.options.timeLimit < 0)
+    result.error = "--time-limit needs a positive number of seconds";
+  else if (result.options.file.empty() && !result.options.help)
     result.error = "no script file given";
   return result;
 }
@@ -136,6 +150,7 @@ std::string HelpText() {
          "  0   the script ran to its end (with --check: it compiles)\n"
          "  1   the script has compile errors\n"
          "  2   the script stopped with a runtime error\n"
+         "  3   the script ran past its --time-limit\n"
          "  64  the command line is wrong\n"
          "  66  the script file cannot be read\n"
          "  69  the script engine cannot be loaded\n"

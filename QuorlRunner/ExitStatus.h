@@ -10,6 +10,7 @@ enum ExitStatus {
   kExitCompleted = 0,
   kExitCompileErrors = 1,
   kExitRuntimeError = 2,
+  kExitTimeLimit = 3,           // the script ran past --time-limit
   kExitUsage = 64,
   kExitUnreadableFile = 66,
   kExitEngineUnavailable = 69,  // no plug-in, or one that registers no class

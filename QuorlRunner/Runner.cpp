@@ -1,5 +1,9 @@
 #include "QuorlRunner/Runner.h"
 
+#include <chrono>
+#include <cstdlib>
+#include <functional>
+
 #include "QuorlRunner/ExitStatus.h"
 #include "QuorlRunner/ScriptText.h"
 #include "QuorlRunner/TacDump.h"
@@ -59,11 +63,33 @@ int ExecuteScript(Script& script, RunnerOptions const& options,
   return StatusOf(counts);
 }
 
+// A runaway script can't be stopped from inside the engine: a running
+// script is machine code on this thread. Its loops call the host's yield,
+// though, and there the runner ends the whole process once the time is up.
+static std::function<void()> TimeLimitHook(RunnerOptions const& options,
+                                    Console const& console) {
+  if (options.timeLimit <= 0) return nullptr;
+  auto deadline = std::chrono::steady_clock::now() +
+                  std::chrono::duration<double>(options.timeLimit);
+  std::string name = DisplayName(options);
+  double limit = options.timeLimit;
+  return [deadline, name, limit, console] {
+    if (std::chrono::steady_clock::now() < deadline) return;
+    std::fflush(console.out);
+    std::fprintf(console.err, "quorl: %s: stopped after the time limit of %g seconds\n",
+                 name.c_str(), limit);
+    std::fflush(console.err);
+    std::_Exit(kExitTimeLimit);
+  };
+}
+
 int RunScript(RunnerOptions const& options, std::string const& text,
               Console const& console) {
   try {
     if (options.dumpTac) return DumpTac(options, text, console);
-    LoadPlugin(options.pluginPath);
+    HostOptions host;
+    host.yieldHook = TimeLimitHook(options, console);
+    LoadPlugin(options.pluginPath, host);
     Script script;
     return ExecuteScript(script, options, text, console);
   } catch (LoadError const& e) {

@@ -143,6 +143,16 @@ TEST_F(RunnerBinary, DumpTacListsInsteadOfRunningAndReportsErrors) {
   EXPECT_EQ(good.err, "");
 }
 
+TEST_F(RunnerBinary, ATimeLimitMustBeAPositiveNumber) {
+  WriteFile("empty.bas", "");
+  for (char const* bad : {"0", "-2", "soon", "1x"}) {
+    Outcome outcome = Run(std::string("--time-limit ") + bad + " empty.bas");
+    EXPECT_EQ(outcome.status, 64) << bad;
+    EXPECT_TRUE(Contains(outcome.err, "positive number of seconds")) << outcome.err;
+  }
+  EXPECT_EQ(Run("--time-limit 2.5 empty.bas").status, 0);
+}
+
 TEST_F(RunnerBinary, CheckAcceptsAValidProgram) {
   WriteFile("good.bas",
             "Function Twice(n As Integer) As Integer\n"
