@@ -67,19 +67,8 @@ void ClassSymbol::CloneMembersFrom(ClassSymbol const& original,
   CloneMethods(original, this, link);
   {
     PropertySymbolIterator it = original.IterateProperties();
-    while (it.Next()) {
-      PropertySymbol* from = it.Value();
-      PropertySymbol* to = static_cast<PropertySymbol*>(from->Clone(link));
-      if (from->GetGetter()) {
-        to->SetGetter(FindClonedMethod(original, *this, from->GetGetter()));
-        QASSERT_TEXT(to->GetGetter(), "getters");
-      }
-      if (from->GetSetter()) {
-        to->SetSetter(FindClonedMethod(original, *this, from->GetSetter()));
-        QASSERT_TEXT(to->GetSetter(), "setters");
-      }
-      AddProperty(to);
-    }
+    while (it.Next())
+      AddProperty(ClonePropertyWithAccessors(it.Value(), original, *this, link));
   }
   {
     EventSymbolIterator it = original.IterateEvents();

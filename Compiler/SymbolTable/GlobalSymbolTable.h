@@ -313,6 +313,13 @@ void CloneMethods(MethodDeclarationListOwner const& from,
 MethodSymbol* FindClonedMethod(MethodDeclarationListOwner const& from,
                                MethodDeclarationListOwner const& to,
                                MethodSymbol* method);
+class PropertySymbol;
+// A clone of `property` of `from` whose accessors are their clones among
+// the methods of `to`, which must already hold them.
+PropertySymbol* ClonePropertyWithAccessors(PropertySymbol const* property,
+                                           MethodDeclarationListOwner const& from,
+                                           MethodDeclarationListOwner const& to,
+                                           SourceUnitDependencyLink* link);
 
 class ObjectTypeSymbol : public TypeSymbol {
  public:

@@ -72,6 +72,22 @@ MethodSymbol* FindClonedMethod(MethodDeclarationListOwner const& from,
   return nullptr;
 }
 
+PropertySymbol* ClonePropertyWithAccessors(PropertySymbol const* property,
+                                           MethodDeclarationListOwner const& from,
+                                           MethodDeclarationListOwner const& to,
+                                           SourceUnitDependencyLink* link) {
+  PropertySymbol* clone = static_cast<PropertySymbol*>(property->Clone(link));
+  if (property->GetGetter()) {
+    clone->SetGetter(FindClonedMethod(from, to, property->GetGetter()));
+    QASSERT_TEXT(clone->GetGetter(), "getters");
+  }
+  if (property->GetSetter()) {
+    clone->SetSetter(FindClonedMethod(from, to, property->GetSetter()));
+    QASSERT_TEXT(clone->GetSetter(), "setters");
+  }
+  return clone;
+}
+
 // --------------------------------------------------------------- interfaces
 
 InterfaceSymbol::InterfaceSymbol(string const& name)
