@@ -2,7 +2,8 @@
 // with the expectations written in the script's own comments:
 //
 //   // expect: TEXT                 a line of standard output, in order
-//   // expect error LINE NUMBER     a compile error at LINE (1-based)
+//   // expect error LINE NUMBER     a compile error at LINE (1-based); the
+//                                  errors must come exactly as expected
 //   // expect runtime error: CLASS  the run ends with that exception
 //   // stdin: TEXT                  a line given to the script's Input
 //
@@ -115,12 +116,16 @@ int main(int argc, char** argv) {
     return Fail("exit status " + std::to_string(status) + " expected", outcome);
   std::vector<std::string> output = Lines(outcome.out);
   if (output != expected.output) return Fail("standard output differs", outcome);
-  std::vector<std::string> errors = Lines(outcome.err);
-  size_t next = 0;
-  for (std::string const& want : expected.errors) {
-    while (next < errors.size() && errors[next].compare(0, want.size(), want) != 0) next++;
-    if (next == errors.size()) return Fail("missing '" + want + "'", outcome);
-    next++;
+  // Every compile error must be expected, in order, and no other one come.
+  std::vector<std::string> errors;
+  for (std::string const& line : Lines(outcome.err))
+    if (line.find(": error ") != std::string::npos) errors.push_back(line);
+  for (size_t i = 0; i < expected.errors.size() || i < errors.size(); i++) {
+    if (i >= errors.size()) return Fail("missing '" + expected.errors[i] + "'", outcome);
+    if (i >= expected.errors.size()) return Fail("unexpected '" + errors[i] + "'", outcome);
+    std::string const& want = expected.errors[i];
+    if (errors[i].compare(0, want.size(), want) != 0)
+      return Fail("'" + want + "' expected, not '" + errors[i] + "'", outcome);
   }
   if (expected.errors.empty() && expected.runtimeError.empty() && !outcome.err.empty())
     return Fail("unexpected standard error", outcome);
