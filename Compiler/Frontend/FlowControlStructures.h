@@ -1,10 +1,7 @@
 // Flow control: If, Select Case, the loops, Exit and Continue. Each block
-// opens with an action that yields its head code and closes with one that
-// assembles the whole.
-//
-// STAND-INS FOR NOW: each action returns a harmless value (usually code
-// of the null type) so that the whole language parses; the issues of
-// these actions fill the bodies in.
+// opens with an action that enters a BlockContext and yields its head code,
+// and closes with one that assembles the whole from head, conditions and
+// bodies, with labels from NewLabel.
 #ifndef COMPILER_FRONTEND_FLOWCONTROLSTRUCTURES_H
 #define COMPILER_FRONTEND_FLOWCONTROLSTRUCTURES_H
 
@@ -20,9 +17,10 @@ SemBase* CompileEndIf(SemBase* cond, SemBase* head, SemBase* thenBody,
                       SemBase* elseIfs, SemBase* elseBody);
 // inline_if: If expr opt_then simple_statement opt_inline_else EOL
 SemBase* CompileInlineIf(SemBase* cond, SemBase* thenBody, SemBase* elseBody);
-// select_head: Select Case expr EOL
+// select_head: Select Case expr EOL. The selector is evaluated once.
 SemBase* CompileSelectCase(SemBase* expr);
-// case_test: the selector each Case compares with
+// case_test: the selector each Case compares with. After Case Else there
+// is none: compile error 90, and a value that raises no second report.
 SemBase* PeekSelectExpr();
 // case_block: Case case_tests EOL [case-start] block
 SemBase* CompileCase(SemBase* tests, SemBase* code, SemBase* body);

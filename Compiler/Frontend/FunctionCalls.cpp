@@ -1,15 +1,230 @@
 #include "Compiler/Frontend/FunctionCalls.h"
 
+#include "Compiler/Frontend/Expressions.h"
+#include "Compiler/Frontend/ObjectExpressions.h"
+#include "Compiler/Frontend/OverloadResolution.h"
+#include "Compiler/Frontend/ParserError.h"
+#include "Compiler/Frontend/PendingForms.h"
+#include "Compiler/Frontend/SrcContext.h"
+#include "Compiler/Frontend/SymbolUtilities.h"
+#include "Compiler/Frontend/TypeConversions.h"
+#include "Compiler/Intrinsics.h"
 #include "Compiler/SemBase.h"
+#include "Compiler/SymbolTable/GlobalSymbolTable.h"
+#include "Universal/Assertion.h"
 
-// simple_statement: explicit_call (Call name args)
-SemBase* FilterCallTargets(SemBase* expr) {
-  return expr ? expr : SemCode::New(IRDataType(), nullptr);
+namespace {
+
+char const* const kObjCLibrary = "/usr/lib/libobjc.dylib";
+
+TacAddr const* Text(string const& text) { return gContext->GetLiteral(text); }
+
+TacAddr const* Int(long value) {
+  return gContext->GetLiteral((long long)value, kSInt32Type);
 }
 
-// raise_event_statement: RaiseEvent IDENT opt_expr_list;
-// raise_event_expr: RaiseEvent IDENT opt_paren_args
+TacAddr const* LibraryOf(MethodSymbol* target) {
+  string const& library = target->GetSourceLibrary();
+  return library.Length() ? Text(library) : nilTacAddr;
+}
+
+TacAddr const* NewPointer(SemBase* code) {
+  return code->NewTemp(IRDataType(kPtrType), nullptr)->GetAddr();
+}
+
+void PutParam(SemBase* code, TacAddr const* value) {
+  code->AddLine(kTacPutParam, value, nilTacAddr, nilTacAddr);
+}
+
+// The object a method is called on, without a reference around it.
+SemBase* ObjectBase(SemBase* base, SemBase* code) {
+  QASSERT(base);
+  IRDataType type = StripReference(base->GetType());
+  QASSERT_TEXT(type.GetMainType() == kObjectType,
+               "baseExprType.GetMainType() == kObjectType");
+  return CompileRefAs(base, type, code);
+}
+
+void CallNormal(MethodSymbol* target, SemBase* base, SemBase* args,
+                TacAddr const* result, SemBase* code) {
+  QASSERT(target->GetLinkID().Length());
+  PushAllArguments(target, base, args, code);
+  code->AddLine(kTacCall, Text(target->GetLinkID()), LibraryOf(target), result);
+}
+
+// An interface's vtable is looked up at run time; its slots are 8 bytes
+// apart. A class's vtable is found by the generator through the self that
+// is pushed first.
+void CallVtable(MethodSymbol* target, SemBase* base, SemBase* args,
+                TacAddr const* result, SemBase* code) {
+  SemBase* object = ObjectBase(base, code);
+  TypeSymbol* decl = object->GetType().Declaration();
+  QASSERT_TEXT(decl, "hostType");
+  if (!decl->IsA(Symbol::kInterface)) {
+    QASSERT_TEXT(decl->IsA(Symbol::kClass),
+                 "calling a method on a type which cannot have methods");
+    PushAllArguments(target, object, args, code);
+    code->AddLine(kTacCallVirtual, Int(target->GetDispatchID()), nilTacAddr,
+                  result);
+    return;
+  }
+  SemBase* record = LookupInterfaceRecord(decl);
+  if (record && record->Code()) code->Append(record);
+  TacAddr const* vtable = NewPointer(code);
+  PutParam(code, object->GetAddr());
+  PutParam(code, record ? record->GetAddr() : gTacZero);
+  code->AddLine(kTacIntrinsic,
+                IntrinsicTacAddr(kIntrinsicRuntimeLookupInterfaceVtable),
+                nilTacAddr, vtable);
+  PushAllArguments(target, object, args, code);
+  TacAddr const* function = NewPointer(code);
+  code->AddLine(kTacPeek, vtable, Int(target->GetDispatchID() * 8), function);
+  code->AddLine(kTacCallPtr, function, nilTacAddr, result);
+}
+
+// An event without a handler does nothing, and its result stays zero.
+void CallEvent(MethodSymbol* target, SemBase* base, SemBase* args,
+               TacAddr const* result, SemBase* code) {
+  SemBase* object = ObjectBase(base, code);
+  TacAddr const* function = NewPointer(code);
+  TacAddr const* table = NewPointer(code);
+  code->AddLine(kTacPeek, object->GetAddr(), Int(8), table);
+  code->AddLine(kTacPeek, table, Int(target->GetDispatchID() * 8), function);
+  TacAddr const* skip = NewLabel();
+  code->AddLine(kTacIfEQI, function, gTacZero, skip);
+  PushAllArguments(target, object, args, code);
+  code->AddLine(kTacCallPtr, function, nilTacAddr, result);
+  code->AddLine(kTacLabel, skip, nilTacAddr, nilTacAddr);
+}
+
+// Resolved at the call: a missing function raises there, not at link time.
+void CallWeakLinkedAddress(MethodSymbol* target, SemBase* base, SemBase* args,
+                           TacAddr const* result, SemBase* code) {
+  TacAddr const* name = Text(target->GetLinkID());
+  TacAddr const* library = Text(target->GetSourceLibrary());
+  PutParam(code, name);
+  PutParam(code, library);
+  TacAddr const* function = NewPointer(code);
+  code->AddLine(kTacIntrinsic,
+                IntrinsicTacAddr(kIntrinsicLoadFunctionPointerFromLibrary),
+                nilTacAddr, function);
+  TacAddr const* found = NewLabel();
+  code->AddLine(kTacIfNEI, function, gTacZero, found);
+  PutParam(code, name);
+  PutParam(code, library);
+  code->AddLine(
+      kTacIntrinsic,
+      IntrinsicTacAddr(kIntrinsicRuntimeRaiseFunctionNotFoundException),
+      nilTacAddr, nilTacAddr);
+  code->AddLine(kTacLabel, found, nilTacAddr, nilTacAddr);
+  PushAllArguments(target, base, args, code);
+  code->AddLine(kTacCallPtr, function, nilTacAddr, result);
+}
+
+// The selector is registered by name and passed after the receiver (after
+// the hidden result pointer too, for a structure result).
+void CallObjCMsgSend(MethodSymbol* target, SemBase* base, SemBase* args,
+                     TacAddr const* result, SemBase* code) {
+  bool structure = target->GetReturnType().GetMainType() == kStructureType;
+  char const* function = structure ? "objc_msgSend_stret" : "objc_msgSend";
+  unsigned long position = structure ? 2 : 1;
+  TacAddr const* selector = NewPointer(code);
+  SemBase* text = SemValue::New(Text(target->GetLinkID()), nullptr);
+  SemBase* cText = CompileRefAs(text, IRDataType(kExternalCStringType), code);
+  PutParam(code, cText->GetAddr());
+  code->AddLine(kTacCall, Text("sel_registerName"), Text(kObjCLibrary),
+                selector);
+  SimpleVector<SemBase*> list = ArgumentVector(nullptr, args);
+  if (position > list.size()) position = list.size();
+  list.insert(SemValue::New(selector, nullptr), position);
+  SemBase* withSelector = nullptr;
+  for (unsigned long i = 0; i < list.size(); i++)
+    withSelector = ConcatList(withSelector, list[i]->Clone());
+  PushAllArguments(target, base, withSelector, code);
+  code->AddLine(kTacCall, Text(function), LibraryOf(target), result);
+}
+
+// The code pointer lies at offset 24 of the delegate object.
+void CallDelegate(MethodSymbol* target, SemBase* base, SemBase* args,
+                  TacAddr const* result, SemBase* code) {
+  SemBase* object = ObjectBase(base, code);
+  QASSERT(object->GetType().IsDelegate());
+  SemBase* delegate = FlattenExpression(object, code);
+  TacAddr const* function = NewPointer(code);
+  code->AddLine(kTacPeek, delegate->GetAddr(), Int(24), function);
+  PushAllArguments(target, delegate, args, code);
+  code->AddLine(kTacCallPtr, function, nilTacAddr, result);
+}
+
+SemCode* NewCallCode(MethodSymbol* target) {
+  SemCode* code = SemCode::New(target->GetReturnType(), nullptr);
+  if (target->GetReturnType().GetMainType() != kNoType)
+    ResetReturnTemp(code->GetAddr(), code);
+  return code;
+}
+
+}  // namespace
+
+SemBase* CompileCall(MethodSymbol* target, SemBase* base, SemBase* args) {
+  QASSERT(target);
+  SemCode* code = NewCallCode(target);
+  TacAddr const* result = code->GetAddr();
+  switch (target->GetDispatchMethod()) {
+    case MethodSymbol::Normal:
+      CallNormal(target, base, args, result, code);
+      break;
+    case MethodSymbol::Virtual:
+      CallVtable(target, base, args, result, code);
+      break;
+    case MethodSymbol::Event:
+      CallEvent(target, base, args, result, code);
+      break;
+    case MethodSymbol::WeakLinked:
+      CallWeakLinkedAddress(target, base, args, result, code);
+      break;
+    case MethodSymbol::ObjCMessage:
+      CallObjCMsgSend(target, base, args, result, code);
+      break;
+    case MethodSymbol::DelegateInvoke:
+      CallDelegate(target, base, args, result, code);
+      break;
+    default:
+      QFAIL("unknown dispatch method");
+  }
+  return code;
+}
+
+SemBase* CompileStaticCall(MethodSymbol* target, SemBase* base, SemBase* args) {
+  QASSERT(target);
+  QASSERT(target->GetDispatchMethod() == MethodSymbol::Normal ||
+          target->GetDispatchMethod() == MethodSymbol::Virtual);
+  SemCode* code = NewCallCode(target);
+  CallNormal(target, base, args, code->GetAddr(), code);
+  return code;
+}
+
+SemBase* FilterCallTargets(SemBase* expr) {
+  if (expr && expr->Code()) return expr;
+  if (expr) Error(kErrorNotCallable, expr->Location());
+  return SemCode::New(IRDataType(), nullptr);
+}
+
 SemBase* CompileRaiseEvent(SemBase* ident, SemBase* args,
                            FunctionResultMode mode) {
+  QASSERT(ident);
+  QASSERT(gContext);
+  CompileErrorCode whyFailed = kErrorUnknownName;
+  ClassSymbol* owner = gContext->blocks.CurrentClass();
+  MethodSymbol* event = owner ? owner->LookupEvent(ident->toString()) : nullptr;
+  if (event) {
+    MethodList candidates;
+    candidates.BindNewObject(new SimpleVector<MethodSymbol*>);
+    candidates->push_back(event);
+    SemBase* base = CompileSelf();
+    MethodSymbol* chosen =
+        SelectAppropriateVariant(candidates, base, args, mode, &whyFailed);
+    if (chosen) return CompileCall(chosen, base, args);
+  }
+  Error(whyFailed, ident->Location());
   return SemCode::New(IRDataType(), nullptr);
 }

@@ -1,13 +1,24 @@
 #include "Compiler/Frontend/LabelUtilities.h"
 
+#include "Compiler/Frontend/ProgramAssembly.h"
+#include "Compiler/Frontend/SrcContext.h"
 #include "Compiler/SemBase.h"
+#include "Universal/Assertion.h"
 
-// goto_statement: GoTo IDENT
 SemBase* CompileGoto(SemBase* ident) {
-  return SemCode::New(IRDataType(), nullptr);
+  QASSERT(ident);
+  QASSERT(gContext);
+  SemBase* code = SemCode::New(IRDataType(), &ident->Location());
+  code->AddLine(kTacJump, nilTacAddr, nilTacAddr,
+                gContext->NamedLabel(ident->toString()));
+  return code;
 }
 
-// label_statement: IDENT : EOL
 SemBase* CompileLabel(SemBase* ident) {
-  return SemCode::New(IRDataType(), nullptr);
+  QASSERT(ident);
+  QASSERT(gContext);
+  SemBase* code = SemCode::New(IRDataType(), &ident->Location());
+  code->AddLine(kTacLabel, gContext->NamedLabel(ident->toString()), nilTacAddr,
+                nilTacAddr);
+  return CompileDebugEntry(code);
 }

@@ -1,8 +1,5 @@
-// Named labels and GoTo.
-//
-// STAND-INS FOR NOW: each action returns a harmless value (usually code
-// of the null type) so that the whole language parses; the issues of
-// these actions fill the bodies in.
+// Named labels and GoTo. A name gives one label per compilation, so a GoTo
+// may come before its label and may jump into a block that is not open.
 #ifndef COMPILER_FRONTEND_LABELUTILITIES_H
 #define COMPILER_FRONTEND_LABELUTILITIES_H
 

@@ -1,44 +1,63 @@
 #include "Compiler/Frontend/ParserScopes.h"
 
 #include "Compiler/Frontend/Functions.h"
-#include "Compiler/Frontend/Lexer.h"
-#include "Compiler/Frontend/TacLiteralPool.h"
+#include "Compiler/Frontend/SrcContext.h"
+#include "Compiler/Frontend/SymbolUtilities.h"
 #include "Compiler/Frontend/TypeNames.h"
 #include "Compiler/SemBase.h"
+#include "Compiler/SymbolTable/LocalSymbolTable.h"
 #include "Universal/Assertion.h"
 
 namespace {
 
-SemBase* TableIndexValue(long index) {
-  return SemValue::New(CurrentTLP()->GetLiteral(index, kSInt32Type), nullptr);
+SemBase* TableIndexValue(unsigned long index) {
+  return SemValue::New(gContext->GetLiteral((long long)index, kSInt32Type),
+                       nullptr);
 }
 
 }  // namespace
 
+// The index travels to CompileEndFunction, which puts it on the Enter line:
+// the back end finds the method's frame layout through it.
 SemBase* OpenMethodScope(SemBase* name, SemBase* shared) {
   QASSERT(name);
-  SemBase* index = TableIndexValue(0);
+  QASSERT(gContext);
+  unsigned long index = PushSymTable(new MethodSymbolTable(name->toString()));
+  SemBase* value = TableIndexValue(index);
   AddSelfParameter(shared);
-  return index;
+  return value;
 }
 
-void OpenSignatureScope(SemBase* name) { QASSERT(name); }
+void OpenSignatureScope(SemBase* name) {
+  QASSERT(name);
+  PushSymTable(new MethodSymbolTable(name->toString()));
+}
 
 SemBase* OpenInterfaceScope(SemBase* name) {
   QASSERT(name);
-  return TableIndexValue(0);
+  return TableIndexValue(PushSymTable(new ObjectSymbolTable(name->toString())));
 }
 
-void OpenBlockScope() {}
+void OpenBlockScope() { PushSymTable(new BlockSymbolTable); }
 
 SemBase* OpenCatchScope(SemBase* var, SemBase* type) {
   QASSERT(var);
+  PushSymTable(new BlockSymbolTable);
   IRDataType declared =
-      type ? type->GetType() : ResolveType("RuntimeException");
+      type ? type->GetType()
+           : CompileType(SemIdentifier::New("RuntimeException"))->GetType();
   var->SetType(declared);
-  return var;
+  return AddDeclaredName(var);
 }
 
-void CloseScope() {}
-void EnterStaticStorageMode() {}
-void EnterWeakDeclarationMode() {}
+void CloseScope() { PopSymTable(); }
+
+void EnterStaticStorageMode() {
+  QASSERT(gContext);
+  gContext->mSymbols->StaticStorageMode();
+}
+
+void EnterWeakDeclarationMode() {
+  QASSERT(gContext);
+  gContext->mSymbols->WeakDeclarationMode();
+}

@@ -3,9 +3,9 @@
 // an interface's table, a statement block's table, a handler's table with
 // its exception variable, and the storage modes of Static and Soft Declare.
 //
-// STAND-INS FOR NOW: no local table is pushed, and each marker that yields
-// a table index yields 0. The local symbols issue fills the bodies in with
-// its table kinds, PushSymTable and PopSymTable.
+// Every table opened here joins the compilation's list through
+// PushSymTable; the closing action (CompileStatementBlock, CompileEndFunction,
+// CloseScope, or the interface's end) pops it.
 #ifndef COMPILER_FRONTEND_PARSERSCOPES_H
 #define COMPILER_FRONTEND_PARSERSCOPES_H
 

@@ -1,37 +1,108 @@
 #include "Compiler/Frontend/ProgramAssembly.h"
 
+#include "Compiler/Frontend/Finalization.h"
+#include "Compiler/Frontend/Functions.h"
+#include "Compiler/Frontend/Initialization.h"
 #include "Compiler/Frontend/LexerTokens.h"
 #include "Compiler/Frontend/ParserError.h"
 #include "Compiler/Frontend/SrcContext.h"
+#include "Compiler/Frontend/SymbolUtilities.h"
 #include "Compiler/Intrinsics.h"
 #include "Compiler/SemBase.h"
+#include "Compiler/SymbolTable/GlobalSymbolTable.h"
+#include "Compiler/SymbolTable/LocalSymbolTable.h"
 #include "Universal/Assertion.h"
 
 namespace {
 
-void AppendItem(SemBase* item) {
-  if (item && item->Code()) gContext->mProgramCode->Append(item);
+bool HasLines(SemBase* item) {
+  return item && item->Code() && !item->Code()->IsEmpty();
+}
+
+bool IsFunctionItem(SemBase* item) {
+  return HasLines(item) && BlockIsFunction(item->Code());
+}
+
+// Calls `take` for each top item in source order; `items` is one item or a
+// flat list of them.
+template <class Take>
+void ForEachItem(SemBase* items, Take take) {
+  if (!items) return;
+  if (!items->IsList()) {
+    take(items);
+    return;
+  }
+  for (SemBase* item = items->GetContents(); item;) {
+    SemBase* next = item->GetNext();
+    take(item);
+    item = next;
+  }
+}
+
+void CallByName(SemBase* code, char const* linkName) {
+  code->AddLine(kTacCall, gContext->GetLiteral(string(linkName)), nilTacAddr,
+                nilTacAddr);
+}
+
+// Where a top-level Return lands. A parse without a global table (the
+// grammar's own tests) has no root block; its label is then a fresh one
+// that nothing jumps to.
+TacAddr const* MainExitLabel() {
+  if (!gContext->blocks.Root()) return NewLabel();
+  return gContext->blocks.FindExitAddr(BlockContext::kModule, nullptr);
+}
+
+void ReleaseGlobals(SemBase* code) {
+  FinalizeSymbols(gContext->mTables->GetGlobalTable(), code);
+  GlobalSymbolTable* root = gContext->blocks.Root();
+  if (!root) return;
+  PropertySymbolIterator it = root->IterateProperties();
+  while (it.Next()) FinalizeStaticProperty(it.Value(), code);
+}
+
+// The frame of the main body around the top-level statements: runtime
+// start, item initialisers, the statements, item finalisers, release of
+// the globals, runtime exit.
+void AssembleMainBody(SemBase* items) {
+  SemCode* main = gContext->mProgramCode;
+  main->AddLine(kTacIntrinsic, IntrinsicTacAddr(kIntrinsicRuntimeInit),
+                nilTacAddr, nilTacAddr);
+  CallByName(main, "% initialize");
+  ForEachItem(items, [main](SemBase* item) {
+    if (HasLines(item) && !IsFunctionItem(item)) main->Append(item);
+  });
+  main->AddLine(kTacLabel, MainExitLabel(), nilTacAddr, nilTacAddr);
+  CallByName(main, "% finalize");
+  ReleaseGlobals(main);
+  TacAddr const* status =
+      main->NewTemp(IRDataType(kSInt32Type), nullptr)->GetAddr();
+  main->AddLine(kTacIntrinsic, IntrinsicTacAddr(kIntrinsicRuntimeExit),
+                nilTacAddr, status);
+  main->AddLine(kTacStop, status, nilTacAddr, nilTacAddr);
 }
 
 }  // namespace
 
-// program: top_items
 SemBase* CompileProgram(SemBase* items) {
   QASSERT(gContext);
-  if (!items) return nullptr;
-  if (!items->IsList()) {
-    AppendItem(items);
-    return nullptr;
-  }
-  for (SemBase* item = items->GetContents(); item; item = item->GetNext())
-    AppendItem(item);
+  if (!gContext->mLibrary) AssembleMainBody(items);
+  SemCode* program = gContext->mProgramCode;
+  ForEachItem(items, [program](SemBase* item) {
+    if (IsFunctionItem(item)) program->Append(item);
+  });
+  if (gContext->mStubCode && HasLines(gContext->mStubCode))
+    program->Append(gContext->mStubCode);
   return nullptr;
 }
 
-// block: [block-scope] opt_statements
 SemBase* CompileStatementBlock(SemBase* code) {
-  SemBase* block = SemCode::New(IRDataType(), nullptr);
+  QASSERT(gContext);
+  SemBase* block =
+      SemCode::New(IRDataType(), code ? &code->Location() : nullptr);
+  InitializeSymbols(gContext->mSymbols, block);
   if (code && code->Code()) block->Append(code);
+  FinalizeSymbols(gContext->mSymbols, block);
+  PopSymTable();
   return block;
 }
 
@@ -48,12 +119,56 @@ SemBase* CompileDebugEntry(SemBase* code) {
   return ConcatCode(hook, code);
 }
 
-SemBase* FilterTemporaryVariables(SemBase* code) { return code; }
+// The wrapper keeps the statement's result, so that a filtered condition
+// can still be tested after its temporaries are gone.
+SemBase* FilterTemporaryVariables(SemBase* code) {
+  if (!code || !code->Code() || code->Temporaries().size() == 0) return code;
+  SemBase* result = code->Tag() == kSemCodeTag
+                        ? static_cast<SemCode*>(code)->Result()
+                        : nullptr;
+  SemBase* wrapper = SemCode::NewValueWrapper(result, &code->Location());
+  wrapper->Append(code);
+  SimpleVector<VariableSymbol*>& temps = wrapper->Temporaries();
+  for (unsigned long i = 0; i < temps.size(); i++)
+    FinalizeVariable(temps[i], wrapper);
+  temps.deleteAll();
+  return wrapper;
+}
+
+namespace {
+
+// Public and Global members belong to modules that sit directly in the
+// global table. Members of the global table itself pass: it is no module
+// that can be nested.
+void CheckModuleScope() {
+  ModuleSymbol* module = gContext->blocks.CurrentModule();
+  if (!module || module->IsA(Symbol::kGlobal)) return;
+  ModuleSymbol* container = module->GetContainer();
+  if (!container || !container->IsA(Symbol::kGlobal))
+    Error(kErrorScopeInNestedModule);
+}
+
+}  // namespace
 
 SemBase* CompileScope(int token) {
-  QASSERT_TEXT(token == kTokPublic || token == kTokPrivate ||
-                   token == kTokProtected || token == kTokGlobal,
-               "unknown scope token");
+  QASSERT(gContext);
+  BlockContextList const& blocks = gContext->blocks;
+  switch (token) {
+    case kTokPrivate:
+    case kTokProtected:
+      break;
+    case kTokGlobal:
+      if (blocks.CurrentClass())
+        Error(kErrorGlobalInClass);
+      else
+        CheckModuleScope();
+      break;
+    case kTokPublic:
+      if (!blocks.CurrentClass()) CheckModuleScope();
+      break;
+    default:
+      QFAIL("unknown scope token");
+  }
   return nullptr;
 }
 

@@ -1,26 +1,24 @@
 // The actions at the top of the grammar: the program itself, statement
 // blocks, debugger entries, scope words, reserved words as names, and the
 // release of a statement's temporaries.
-//
-// PARTLY STAND-IN FOR NOW: CompileProgram appends the items that carry code
-// in source order, without the main body's frame of runtime calls and
-// without telling functions apart; CompileStatementBlock and
-// FilterTemporaryVariables pass code through, and CompileScope only accepts
-// its token, until local tables and variable release exist.
 #ifndef COMPILER_FRONTEND_PROGRAMASSEMBLY_H
 #define COMPILER_FRONTEND_PROGRAMASSEMBLY_H
 
 class SemBase;
 
-// program: (empty); program: top_items
+// program: (empty); program: top_items. Builds the context's program code:
+// the main body "% main" from the top-level statements (unless the unit is
+// a library), then every function in source order, then the stubs.
 SemBase* CompileProgram(SemBase* items);
-// block: [block-scope] opt_statements; for_statement
+// block: [block-scope] opt_statements; for_statement. Zeroes the block's
+// variables before `code`, releases them after it, and closes the scope.
 SemBase* CompileStatementBlock(SemBase* code);
 // statement: simple_statement EOL; statement: label_statement;
 // dim_statement: Dim dim_declaration EOL; case-start
 SemBase* CompileDebugEntry(SemBase* code);
 // statement: dim_statement; simple_statement: call, redim, assignment,
-// explicit_call, raise_event; dim_declaration; simple_property
+// explicit_call, raise_event; dim_declaration; simple_property. The
+// temporaries of `code` are released right after it.
 SemBase* FilterTemporaryVariables(SemBase* code);
 // opt_scope: (empty) | Global | Public | Private | Protected
 SemBase* CompileScope(int token);

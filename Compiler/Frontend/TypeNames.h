@@ -1,8 +1,5 @@
 // Type names as written in declarations: plain and dotted names, Object
 // and Class, and array ranks.
-//
-// PARTLY STAND-IN FOR NOW: names resolve through the built-in type table
-// only; dotted prefixes and declared types come with the declaration tree.
 #ifndef COMPILER_FRONTEND_TYPENAMES_H
 #define COMPILER_FRONTEND_TYPENAMES_H
 
@@ -12,11 +9,15 @@ class SemBase;
 
 // type_name: Object; type_name: Class
 SemBase* BasicType(int token);
-// The type that a name spells.
+// The type that a name spells: a built-in name, else a type declared in
+// the current module or one it sees.
 IRDataType ResolveType(string const& name);
-// The identifier with its type set.
+// The identifier with its type set; a name that is no type is compile
+// error 63.
 SemBase* CompileType(SemBase* ident);
-// type_name: type_prefix IDENT
+// type_name: type_prefix IDENT. The prefix names modules from the root
+// (11 when one is missing, 127 when private); a private type is 121. A bad
+// name becomes Int32, so that it draws no further reports.
 SemBase* CompileType(SemBase* prefix, SemBase* name);
 // type_spec: type_name array_rank; param_type: array_rank As type_name
 SemBase* ArrayType(SemBase* element, SemBase* rank);

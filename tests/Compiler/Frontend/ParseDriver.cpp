@@ -25,6 +25,14 @@ ParseOutcome ParseWith(std::string const& text, TestDelegate* delegate,
   return outcome;
 }
 
+bool IsGrammarError(int code) {
+  static int const kCodes[] = {1,  5,  43, 44, 45, 46, 62, 65, 68,
+                               86, 87, 95, 96, 97, 98, 99, 100};
+  for (int c : kCodes)
+    if (c == code) return true;
+  return false;
+}
+
 ParseOutcome ParseText(std::string const& text, bool withDelegate) {
   TestDelegate delegate;
   return ParseWith(text, withDelegate ? &delegate : nullptr);

@@ -1,7 +1,7 @@
 // A block closed by the wrong terminator is reported at its opening line,
 // and the parse goes on to the next fault.
 Sub Main()
-  Dim y As Integer
+  Dim y, i As Integer
   For i = 1 To 3      // expect error 5 97
     y = i
   End If
@@ -10,5 +10,5 @@ Sub Main()
   End Select
   Do                  // expect error 11 100
   End Try
-  z = = 1             // expect error 13 1
+  y = = 1             // expect error 13 1
 End Sub

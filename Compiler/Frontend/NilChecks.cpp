@@ -1,0 +1,46 @@
+#include "Compiler/Frontend/NilChecks.h"
+
+#include "Compiler/Frontend/SrcContext.h"
+#include "Compiler/Frontend/TypeConversions.h"
+#include "Compiler/Intrinsics.h"
+#include "Compiler/SemBase.h"
+#include "Universal/Assertion.h"
+
+namespace {
+
+// `value` converted to `type`, behind a test that calls the runtime when
+// it is nil: a value wrapper whose result is the converted value.
+SemBase* GuardedValue(SemBase* value, IRDataType const& type) {
+  SemBase* scratch = SemCode::New(IRDataType(), &value->Location());
+  SemBase* checked = CompileRefAs(value, type, scratch);
+  SemBase* result = SemCode::NewValueWrapper(checked, &value->Location());
+  result->Append(scratch);
+  TacAddr const* ok = NewLabel();
+  result->AddLine(kTacIfNEI, checked->GetAddr(), gTacZero, ok);
+  result->AddLine(kTacIntrinsic, IntrinsicTacAddr(kIntrinsicRuntimeNilObject),
+                  nilTacAddr, nilTacAddr);
+  result->AddLine(kTacLabel, ok, nilTacAddr, nilTacAddr);
+  return result;
+}
+
+bool CheckingIsOn() {
+  QASSERT(gContext);
+  return gContext->mOptions.mNilObjectChecking != 0;
+}
+
+}  // namespace
+
+SemBase* CheckForNilObject(SemBase* object) {
+  QASSERT(object);
+  if (!CheckingIsOn()) return object;
+  IRDataType type = StripReference(object->GetType());
+  if (type.GetMainType() != kObjectType) return object;
+  return GuardedValue(object, type);
+}
+
+SemBase* CheckForNil(SemBase* array) {
+  if (!array || !CheckingIsOn()) return array;
+  IRDataType type = StripReference(array->GetType());
+  if (type.GetMainType() != kArrayType) return array;
+  return GuardedValue(array, type);
+}

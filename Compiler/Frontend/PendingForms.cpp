@@ -1,0 +1,160 @@
+#include "Compiler/Frontend/PendingForms.h"
+
+#include "Compiler/Frontend/Expressions.h"
+#include "Compiler/Frontend/Lexer.h"
+#include "Compiler/Frontend/TypeConversions.h"
+#include "Compiler/SemBase.h"
+#include "Universal/Assertion.h"
+
+namespace {
+
+// Compile error 26 with `what` as its argument.
+void ReportUnavailable(SourceLocation const& where, string const& what) {
+  SimpleVector<string> text;
+  text.push_back(what);
+  Error(kErrorBadTypeUse, where, text);
+}
+
+// The report, and a value that draws no further one: a Variant where a
+// value is wanted, empty code where a statement is.
+SemBase* Unavailable(SemBase* at, string const& what,
+                     FunctionResultMode mode = kRequireFunctionResult) {
+  SourceLocation where = at ? at->Location() : SourceLocation(current_line());
+  ReportUnavailable(where, what);
+  if (mode == kProhibitFunctionResult) return SemCode::New(IRDataType(), &where);
+  return ErrorValue(where);
+}
+
+string TypeTextOf(SemBase* value) {
+  return value ? value->GetType().ToString() : string("Unknown Type");
+}
+
+SemBase* UnavailableMember(SemBase* expr, SemBase* ident,
+                           FunctionResultMode mode) {
+  return Unavailable(ident ? ident : expr,
+                     TypeTextOf(expr) + "." + (ident ? ident->toString() : string()),
+                     mode);
+}
+
+}  // namespace
+
+SemBase* ObjectBinop(SemBase* left, unsigned long op, SemBase* right) {
+  return Unavailable(left, TypeTextOf(left));
+}
+SemBase* ObjectAnd(SemBase* left, SemBase* right) {
+  return Unavailable(left, TypeTextOf(left));
+}
+SemBase* ObjectOr(SemBase* left, SemBase* right) {
+  return Unavailable(left, TypeTextOf(left));
+}
+SemBase* ObjectNot(SemBase* operand) {
+  return Unavailable(operand, TypeTextOf(operand));
+}
+SemBase* ObjectNegation(SemBase* operand) {
+  return Unavailable(operand, TypeTextOf(operand));
+}
+SemBase* DelegateBinop(SemBase* left, unsigned long op, SemBase* right) {
+  return Unavailable(left, TypeTextOf(left));
+}
+
+SemBase* VariantBinop(SemBase* left, unsigned long op, SemBase* right) {
+  return Unavailable(left, "Variant");
+}
+SemBase* VariantAnd(SemBase* left, SemBase* right) {
+  return Unavailable(left, "Variant");
+}
+SemBase* VariantOr(SemBase* left, SemBase* right) {
+  return Unavailable(left, "Variant");
+}
+SemBase* VariantNot(SemBase* operand) { return Unavailable(operand, "Variant"); }
+SemBase* VariantNegation(SemBase* operand) {
+  return Unavailable(operand, "Variant");
+}
+SemBase* VariantScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
+                            SemBase* assignValue, FunctionResultMode mode) {
+  return UnavailableMember(expr, ident, mode);
+}
+SemBase* StaticVariantScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
+                                  SemBase* assignValue,
+                                  FunctionResultMode mode) {
+  return UnavailableMember(expr, ident, mode);
+}
+
+SemBase* LookupClassRecord(TypeSymbol* decl) {
+  QASSERT(decl);
+  ReportUnavailable(SourceLocation(current_line()), decl->Name());
+  return nullptr;
+}
+SemBase* LookupInterfaceRecord(TypeSymbol* decl) {
+  return LookupClassRecord(decl);
+}
+SemBase* LookupDelegateSignature(TypeSymbol* decl) {
+  return LookupClassRecord(decl);
+}
+
+// Until signatures can be compared, only the same delegate type matches.
+bool DelegateSignaturesMatch(IRDataType const& a, IRDataType const& b) {
+  return a.Declaration() == b.Declaration();
+}
+
+void CreateNewClassInstance(TypeSymbol* decl, SemBase* args, SemBase* code,
+                            bool callConstructor) {
+  ReportUnavailable(code->Location(), decl->Name());
+}
+void CreateNewDelegateInstance(TypeSymbol* decl, SemBase* args, SemBase* code) {
+  ReportUnavailable(code->Location(), decl->Name());
+}
+
+SemBase* GetArrayElement(SemBase* array, SemBase* indexes) {
+  return Unavailable(array, TypeTextOf(array));
+}
+void SetArrayElementValue(SemBase* array, SemBase* indexes, SemBase* value,
+                          SemBase* code) {
+  ReportUnavailable(array->Location(), TypeTextOf(array));
+}
+SemBase* HandleUbound(SemBase* args) { return Unavailable(args, "UBound"); }
+
+SemBase* CallPropertyGetter(SemBase* base, PropertySymbol* property) {
+  return Unavailable(base, property->Name());
+}
+SemBase* CallPropertySetter(SemBase* base, PropertySymbol* property,
+                            SemBase* value) {
+  return Unavailable(value, property->Name(), kProhibitFunctionResult);
+}
+SemBase* CallModulePropertyGetter(PropertySymbol* property) {
+  return Unavailable(nullptr, property->Name());
+}
+SemBase* CallModulePropertySetter(PropertySymbol* property, SemBase* value) {
+  return Unavailable(value, property->Name(), kProhibitFunctionResult);
+}
+SemBase* CreatePropertyStorageReference(SemBase* base,
+                                        PropertySymbol* property) {
+  return Unavailable(base, property->Name());
+}
+
+SemBase* StructureScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
+                              SemBase* assignValue, FunctionResultMode mode) {
+  return UnavailableMember(expr, ident, mode);
+}
+SemBase* StaticStructureScopeLookup(SemBase* expr, SemBase* ident,
+                                    SemBase* args, SemBase* assignValue,
+                                    FunctionResultMode mode) {
+  return UnavailableMember(expr, ident, mode);
+}
+SemBase* EnumScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
+                         SemBase* assignValue, FunctionResultMode mode) {
+  return UnavailableMember(expr, ident, mode);
+}
+SemBase* ClassScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
+                          SemBase* assignValue, FunctionResultMode mode) {
+  return UnavailableMember(expr, ident, mode);
+}
+SemBase* StaticDelegateScopeLookup(SemBase* expr, SemBase* ident,
+                                   SemBase* args, SemBase* assignValue,
+                                   FunctionResultMode mode) {
+  return UnavailableMember(expr, ident, mode);
+}
+SemBase* BuiltInMemberLookup(SemBase* expr, SemBase* ident, SemBase* args,
+                             SemBase* assignValue, FunctionResultMode mode) {
+  return UnavailableMember(expr, ident, mode);
+}

@@ -1,0 +1,86 @@
+// The forms of expressions that belong to other themes of the front end
+// (operator methods, variants, delegates, class records, arrays, computed
+// properties, calls) and that expressions and lookups hand over to.
+//
+// STAND-INS FOR NOW: until its theme exists, each of these reports compile
+// error 26 with the text of what was asked for, and gives a harmless value,
+// so that a script using such a form gets one clear report and the parse
+// goes on. Each stand-in goes away when its theme brings the real function
+// of the same name.
+#ifndef COMPILER_FRONTEND_PENDINGFORMS_H
+#define COMPILER_FRONTEND_PENDINGFORMS_H
+
+#include "Compiler/Frontend/FunctionResultMode.h"
+#include "Compiler/Frontend/ParserError.h"
+#include "Compiler/SymbolTable/GlobalSymbolTable.h"
+
+class SemBase;
+
+// Operators on objects and delegates, through methods named Operator_...
+SemBase* ObjectBinop(SemBase* left, unsigned long op, SemBase* right);
+SemBase* ObjectAnd(SemBase* left, SemBase* right);
+SemBase* ObjectOr(SemBase* left, SemBase* right);
+SemBase* ObjectNot(SemBase* operand);
+SemBase* ObjectNegation(SemBase* operand);
+SemBase* DelegateBinop(SemBase* left, unsigned long op, SemBase* right);
+
+// Operators and members of variants, through the variant runtime.
+SemBase* VariantBinop(SemBase* left, unsigned long op, SemBase* right);
+SemBase* VariantAnd(SemBase* left, SemBase* right);
+SemBase* VariantOr(SemBase* left, SemBase* right);
+SemBase* VariantNot(SemBase* operand);
+SemBase* VariantNegation(SemBase* operand);
+SemBase* VariantScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
+                            SemBase* assignValue, FunctionResultMode mode);
+SemBase* StaticVariantScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
+                                  SemBase* assignValue,
+                                  FunctionResultMode mode);
+
+// The run-time records of declared types, as values; null when there is
+// none.
+SemBase* LookupClassRecord(TypeSymbol* decl);
+SemBase* LookupInterfaceRecord(TypeSymbol* decl);
+SemBase* LookupDelegateSignature(TypeSymbol* decl);
+// Whether a delegate of type `b` may stand where one of type `a` is wanted.
+bool DelegateSignaturesMatch(IRDataType const& a, IRDataType const& b);
+
+// New instances into `code`'s result.
+void CreateNewClassInstance(TypeSymbol* decl, SemBase* args, SemBase* code,
+                            bool callConstructor);
+void CreateNewDelegateInstance(TypeSymbol* decl, SemBase* args, SemBase* code);
+
+// Array elements and UBound.
+SemBase* GetArrayElement(SemBase* array, SemBase* indexes);
+void SetArrayElementValue(SemBase* array, SemBase* indexes, SemBase* value,
+                          SemBase* code);
+SemBase* HandleUbound(SemBase* args);
+
+// Computed properties and the storage of instance properties.
+SemBase* CallPropertyGetter(SemBase* base, PropertySymbol* property);
+SemBase* CallPropertySetter(SemBase* base, PropertySymbol* property,
+                            SemBase* value);
+SemBase* CallModulePropertyGetter(PropertySymbol* property);
+SemBase* CallModulePropertySetter(PropertySymbol* property, SemBase* value);
+SemBase* CreatePropertyStorageReference(SemBase* base,
+                                        PropertySymbol* property);
+
+// `expr.name` on the types that have lookups of their own. `expr` is a
+// namespace or a typed identifier for the static forms.
+SemBase* StructureScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
+                              SemBase* assignValue, FunctionResultMode mode);
+SemBase* StaticStructureScopeLookup(SemBase* expr, SemBase* ident,
+                                    SemBase* args, SemBase* assignValue,
+                                    FunctionResultMode mode);
+SemBase* EnumScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
+                         SemBase* assignValue, FunctionResultMode mode);
+SemBase* ClassScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
+                          SemBase* assignValue, FunctionResultMode mode);
+SemBase* StaticDelegateScopeLookup(SemBase* expr, SemBase* ident,
+                                   SemBase* args, SemBase* assignValue,
+                                   FunctionResultMode mode);
+// The built-in methods of Color, arrays and Ptr (`c.Red`, `a.Append`,
+// `p.Int32(0)`).
+SemBase* BuiltInMemberLookup(SemBase* expr, SemBase* ident, SemBase* args,
+                             SemBase* assignValue, FunctionResultMode mode);
+
+#endif
