@@ -8,6 +8,7 @@
 #include "Compiler/BackEnds/Minilinker/QuorlScriptIntrinsics.h"
 #include "Compiler/BackEnds/Minilinker/RuntimeDeclarations.h"
 #include "Compiler/BackEnds/Minilinker/minilinker.h"
+#include "Compiler/Linker/Linker.h"
 #include "Compiler/BackEnds/codestorage.h"
 #include "Compiler/Intrinsics.h"
 #include "Compiler/Miner/DeclarationParser.h"
@@ -47,6 +48,9 @@ Ref<CodeModule> QuorlScriptInterface::CompileSource(StringMap<void*>* functionTa
   compiler.mIntrinsicNames = IntrinsicFunctionNames();
   SetTargetConstants(compiler.mConditionalConstants);
   compiler.mCodeType = kCodeTypeIA32;
+  // The system's C and C++ code on this platform assumes a 16-byte aligned
+  // stack at every call, and the runtime and the host are such code.
+  compiler.mIA32Options.mAlignStack16 = true;
   compiler.mTacListing = listing;
   GlobalSymbolTable* symbols = MakeQuorlScriptRuntimeDeclarations(this);
   EncodeHostCallbacks(symbols, functionTable);
@@ -61,11 +65,26 @@ Ref<CodeModule> QuorlScriptInterface::CompileSource(StringMap<void*>* functionTa
   return module;
 }
 
+// Hears whether the link failed: a function the script needs that neither
+// the script nor the host has.
+class LinkFailureWitness : public LinkerDelegate {
+ public:
+  void LinkerFailed(string const& message) override { mFailed = true; }
+  bool mFailed = false;
+};
+
+// A script that compiles but calls what the host does not serve can't run.
+// The host hears of it as of an unknown name, since that is what it is; the
+// linker knows no source line.
 void QuorlScriptInterface::Precompile() {
   if (!mSourceText || mReadyCode) return;
   StringMap<void*>* functionTable = MakeQuorlScriptRuntimeFunctionTable(&Resolver);
   Ref<CodeModule> module = CompileSource(functionTable, nullptr);
-  if (module) mReadyCode = MiniLink(module, functionTable);
+  if (module) {
+    LinkFailureWitness witness;
+    mReadyCode = MiniLink(module, functionTable, &witness);
+    if (witness.mFailed) CompilerError(kErrorUnknownName, 0);
+  }
   delete functionTable;
 }
 

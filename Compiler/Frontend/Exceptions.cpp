@@ -1,28 +1,200 @@
 #include "Compiler/Frontend/Exceptions.h"
 
+#include "Compiler/Frontend/FlowControlSupport.h"
+#include "Compiler/Frontend/ObjectExpressions.h"
+#include "Compiler/Frontend/ParserError.h"
+#include "Compiler/Frontend/ProgramAssembly.h"
+#include "Compiler/Frontend/SrcContext.h"
+#include "Compiler/Frontend/SymbolUtilities.h"
+#include "Compiler/Frontend/TypeConversions.h"
+#include "Compiler/Frontend/TypeNames.h"
+#include "Compiler/Intrinsics.h"
 #include "Compiler/SemBase.h"
+#include "Compiler/SymbolTable/GlobalSymbolTable.h"
+#include "Compiler/SymbolTable/LocalSymbolTable.h"
+#include "Universal/Assertion.h"
+#include "Universal/ByteHelpers.h"
 
-// try_statement: the try-start marker
-SemBase* CompileTry() { return SemCode::New(IRDataType(), nullptr); }
+namespace {
 
-// try_statement: Try EOL [try-start] block exception_handlers opt_finally
-//   try_end EOL
-SemBase* CompileEndTry(SemBase* tryCode, SemBase* handlers) {
-  return SemCode::New(IRDataType(), nullptr);
+char const kMainBodyName[] = "% main";
+char const kExceptionClassName[] = "RuntimeException";
+
+void AddIntrinsicCall(SemBase* code, long which, TacAddr const* argument) {
+  code->AddLine(kTacPutParam, argument, nilTacAddr, nilTacAddr);
+  code->AddLine(kTacIntrinsic, IntrinsicTacAddr(which), nilTacAddr,
+                nilTacAddr);
 }
 
-// exception_handler: exception_keyword [IDENT [As type_name]] EOL block
+// Whether `cls` or one of its ancestors is the root exception class.
+bool DerivesFromException(ClassSymbol* cls) {
+  for (; cls; cls = cls->GetParent())
+    if (cls->Name() == string(kExceptionClassName)) return true;
+  return false;
+}
+
+// A Catch type must name a class derived from RuntimeException: compile
+// error 35 otherwise. Gives whether the type may be tested.
+bool CheckCatchType(SemBase* exceptionType) {
+  IRDataType const& type = exceptionType->GetType();
+  if (type.GetMainType() != kObjectType) {
+    Error(kErrorCatchNotException, exceptionType->Location());
+    return false;
+  }
+  QASSERT_TEXT(type.Declaration(), "exType->GetType().Declaration()");
+  QASSERT_TEXT(type.Declaration()->IsA(Symbol::kClass),
+               "exType->GetType().Declaration()->IsA( Symbol::kClass )");
+  if (DerivesFromException(static_cast<ClassSymbol*>(type.Declaration())))
+    return true;
+  Error(kErrorCatchNotException, exceptionType->Location());
+  return false;
+}
+
+// The variable a handler stores into. A method's variable is on its stack
+// already; a top-level one is static, so the exception lands in a hidden
+// slot of the main body's frame and is moved over behind the handler.
+struct HandlerTarget {
+  TacAddr const* landing = nilTacAddr;
+  TacAddr const* variable = nilTacAddr;
+};
+
+// Whether new variables of the current scope live in a stack frame: not
+// so at the top level, whose variables are static.
+bool InMethodFrame() {
+  return gContext->mSymbols && gContext->mSymbols->Root()->IsMethodTable();
+}
+
+// A hidden slot in the main body's frame. The prolog and epilog leave it
+// alone: the handler code that owns it sets and releases it.
+TacAddr const* NewMainBodySlot(IRDataType const& type) {
+  LocalSymbolTable* table = MainBodyTable();
+  string name = string("exception ") + ultohexa(table->GetTotalStorage());
+  VariableSymbol* slot = table->AddVariable(name, type);
+  slot->HideFromUser();
+  slot->ProhibitInitialization();
+  slot->ProhibitFinalization();
+  return slot->GetAddr();
+}
+
+// The variable of a default handler. In a method it is a local of the
+// method, released by the method's epilog (a re-raise that lands in a later
+// handler of the same frame skips the Unlock after it), but not by the
+// statement: after a caught re-raise the statement's end is never reached.
+TacAddr const* NewHandlerVariable(SemBase* out) {
+  IRDataType object(kObjectType);
+  if (!InMethodFrame()) return NewMainBodySlot(object);
+  TacAddr const* e = out->NewTemp(object, nullptr)->GetAddr();
+  SimpleVector<VariableSymbol*>& temps = out->Temporaries();
+  temps.deleteIdx(temps.size() - 1);
+  return e;
+}
+
+HandlerTarget FindHandlerTarget(SemBase* exceptionVar) {
+  HandlerTarget target;
+  if (!exceptionVar) return target;
+  SemBase* local = FindLocalSymbol(exceptionVar);
+  if (local) {
+    QASSERT(!local->IsConstant());
+    target.landing = target.variable = local->GetAddr();
+    return target;
+  }
+  VariableSymbol* var = nullptr;
+  bool found = gContext->mSymbols->LookupVariable(exceptionVar->toString(),
+                                                  nullptr, &var);
+  QASSERT_TEXT(found && var, "the handler variable is declared");
+  target.landing = target.variable = var->GetAddr();
+  if (var->GetStorageClass() != kStackDataStorage)
+    target.landing = NewMainBodySlot(var->GetType());
+  return target;
+}
+
+}  // namespace
+
+LocalSymbolTable* MainBodyTable() {
+  QASSERT(gContext);
+  LocalSymbolTableList* tables = &*gContext->mTables;
+  for (unsigned long i = 1; i < tables->Count(); i++) {
+    LocalSymbolTable* table = tables->GetTable(i);
+    if (table->IsMethodTable() && table->mName == string(kMainBodyName))
+      return table;
+  }
+  LocalSymbolTable* table = new MethodSymbolTable(string(kMainBodyName));
+  table->Activate(tables->GetGlobalTable(), 0);
+  tables->AddTable(table);
+  return table;
+}
+
+unsigned long MainBodyTableIndex() {
+  LocalSymbolTable* table = MainBodyTable();
+  LocalSymbolTableList* tables = &*gContext->mTables;
+  for (unsigned long i = 1; i < tables->Count(); i++)
+    if (tables->GetTable(i) == table) return i;
+  QFAIL("the main body's table is in the list");
+  return 0;
+}
+
+SemBase* CompileTry() {
+  SemBase* code = SemCode::New(IRDataType(), nullptr);
+  code->AddLine(kTacBeginTry, nilTacAddr, nilTacAddr, nilTacAddr);
+  return CompileDebugEntry(code);
+}
+
+SemBase* CompileEndTry(SemBase* tryCode, SemBase* handlers) {
+  SemBase* code = ConcatCode(tryCode, handlers);
+  if (!code) code = SemCode::New(IRDataType(), nullptr);
+  code->AddLine(kTacEndTry, nilTacAddr, nilTacAddr, nilTacAddr);
+  return code;
+}
+
 SemBase* CompileExceptionBlock(SemBase* body, SemBase* exceptionVar,
                                SemBase* exceptionType) {
-  return SemCode::New(IRDataType(), nullptr);
+  SemBase* code = SemCode::New(IRDataType(), nullptr);
+  HandlerTarget target = FindHandlerTarget(exceptionVar);
+  bool typed = exceptionType && CheckCatchType(exceptionType);
+  TacAddr const* next = NewLabel();
+  code->AddLine(kTacHandleException, target.landing, nilTacAddr, next);
+  if (target.landing != target.variable)
+    code->AddLine(kTacStore, target.landing, nilTacAddr, target.variable);
+  if (typed && exceptionVar) {
+    TacAddr const* matches = NewLabel();
+    SemBase* caught =
+        SemValue::New(target.variable, &exceptionVar->Location());
+    SemBase* test = CompileIsA(caught, exceptionType);
+    code->Append(test);
+    EmitBranch(code, kTacIfNEI, test->GetAddr(), gTacFalse, matches);
+    AddIntrinsicCall(code, kIntrinsicRuntimeReraiseException, target.variable);
+    EmitLabel(code, matches);
+  }
+  if (body && body->Code()) code->Append(body);
+  EmitLabel(code, next);
+  return code;
 }
 
-// finally_block: Finally EOL block
+SemBase* CompileFinallyBlock(SemBase* body) {
+  return MakeDefaultExceptionHandler(body);
+}
+
 SemBase* MakeDefaultExceptionHandler(SemBase* code) {
-  return SemCode::New(IRDataType(), nullptr);
+  SemBase* out = SemCode::New(IRDataType(), nullptr);
+  TacAddr const* e = NewHandlerVariable(out);
+  out->AddLine(kTacStore, gTacZero, nilTacAddr, e);
+  out->AddLine(kTacHandleException, e, nilTacAddr, nilTacAddr);
+  if (code && code->Code()) out->Append(code);
+  TacAddr const* normal = NewLabel();
+  EmitBranch(out, kTacIfEQI, e, gTacZero, normal);
+  AddIntrinsicCall(out, kIntrinsicRuntimeReraiseException, e);
+  out->AddLine(kTacUnlock, e, nilTacAddr, nilTacAddr);
+  EmitLabel(out, normal);
+  return out;
 }
 
-// raise_statement: Raise expr
 SemBase* CompileRaiseException(SemBase* expr) {
-  return SemCode::New(IRDataType(), nullptr);
+  SemBase* code = SemCode::New(IRDataType(), expr ? &expr->Location() : nullptr);
+  if (!expr) return code;
+  IRDataType type =
+      CompileType(SemIdentifier::New(kExceptionClassName))->GetType();
+  SemBase* exception = CompileRefAs(expr, type, code);
+  AddIntrinsicCall(code, kIntrinsicRuntimeRaiseException,
+                   exception->GetAddr());
+  return code;
 }

@@ -133,6 +133,24 @@ SemBase* SearchModule(Lookup& lookup) {
   return CallFound(lookup, methods, nullptr);
 }
 
+// 3b. In the main body, outside every method and class: a variable of an
+// open block that is no module property, such as a For counter declared
+// in its header. The declaration scanner makes the main body's Dims module
+// properties, which step 3 finds first, so both ways of naming one of them
+// reach the same storage.
+SemBase* SearchMainBodyBlocks(Lookup& lookup) {
+  BlockContextList const& blocks = gContext->blocks;
+  if (blocks.CurrentMethod() || blocks.CurrentClass()) return nullptr;
+  LocalSymbolTable* table = nullptr;
+  VariableSymbol* var = nullptr;
+  if (!gContext->mSymbols->LookupVariable(lookup.name, &table, &var))
+    return nullptr;
+  if (table->Root() == table) return nullptr;
+  SemBase* value = SemValue::New(var->GetAddr(), &lookup.Where());
+  return AccessLocalVariable(value, lookup.args, lookup.assignValue,
+                             lookup.mode, &lookup.whyFailed);
+}
+
 // 4. A type name: a cast with arguments, the type itself without.
 SemBase* SearchTypes(Lookup& lookup, bool typeLike) {
   if (lookup.assignValue) return nullptr;
@@ -192,6 +210,7 @@ SemBase* SearchAll(Lookup& lookup, bool typeLike) {
   if (SemBase* found = SearchMethod(lookup)) return found;
   if (SemBase* found = SearchClass(lookup)) return found;
   if (SemBase* found = SearchModule(lookup)) return found;
+  if (SemBase* found = SearchMainBodyBlocks(lookup)) return found;
   if (SemBase* found = SearchTypes(lookup, typeLike)) return found;
   if (SemBase* found = SearchModules(lookup, typeLike)) return found;
   if (lookup.name == string("UBound")) return HandleUbound(lookup.args);

@@ -1,5 +1,6 @@
 #include "Compiler/Frontend/ProgramAssembly.h"
 
+#include "Compiler/Frontend/Exceptions.h"
 #include "Compiler/Frontend/Finalization.h"
 #include "Compiler/Frontend/Functions.h"
 #include "Compiler/Frontend/Initialization.h"
@@ -52,19 +53,54 @@ TacAddr const* MainExitLabel() {
   return gContext->blocks.FindExitAddr(BlockContext::kModule, nullptr);
 }
 
+// A top-level Dim is seen twice: the declaration scan makes it a property
+// of the root module, and the statement makes it a variable of the static
+// table, both one storage under one link name. Releasing it as both would
+// give up a reference the program never took.
+bool ReleasedWithTheStaticTable(PropertySymbol* property,
+                                LocalSymbolTable* table) {
+  if (!table) return false;
+  LocalVariableIterator it(table);
+  while (it.Next())
+    if (it.Value()->FinalizationAllowed() &&
+        it.Value()->LinkID() == property->GetLinkName())
+      return true;
+  return false;
+}
+
+// Each global storage gets one Unlock: the variables of the static table,
+// then the root module's properties that no variable stood for.
 void ReleaseGlobals(SemBase* code) {
-  FinalizeSymbols(gContext->mTables->GetGlobalTable(), code);
+  LocalSymbolTable* table = gContext->mTables->GetGlobalTable();
+  FinalizeSymbols(table, code);
   GlobalSymbolTable* root = gContext->blocks.Root();
   if (!root) return;
   PropertySymbolIterator it = root->IterateProperties();
-  while (it.Next()) FinalizeStaticProperty(it.Value(), code);
+  while (it.Next())
+    if (!ReleasedWithTheStaticTable(it.Value(), table))
+      FinalizeStaticProperty(it.Value(), code);
+}
+
+// The item finalisers and the release of the globals run on the way out
+// of an exception too. An exception that reaches this handler has found no
+// other: its re-raise reports it to the host, and the run ends here.
+SemBase* MainBodyRelease() {
+  SemBase* release = SemCode::New(IRDataType(), nullptr);
+  CallByName(release, "% finalize");
+  ReleaseGlobals(release);
+  return MakeDefaultExceptionHandler(release);
 }
 
 // The frame of the main body around the top-level statements: runtime
 // start, item initialisers, the statements, item finalisers, release of
-// the globals, runtime exit.
+// the globals, runtime exit. The main body has a stack frame of its own for
+// the variables of its exception handlers; top-level variables are static.
 void AssembleMainBody(SemBase* items) {
   SemCode* main = gContext->mProgramCode;
+  main->AddLine(kTacEnter, gContext->GetLiteral(string("% main")),
+                gContext->GetLiteral((long long)MainBodyTableIndex(),
+                                     kSInt32Type),
+                nilTacAddr);
   main->AddLine(kTacIntrinsic, IntrinsicTacAddr(kIntrinsicRuntimeInit),
                 nilTacAddr, nilTacAddr);
   CallByName(main, "% initialize");
@@ -72,8 +108,7 @@ void AssembleMainBody(SemBase* items) {
     if (HasLines(item) && !IsFunctionItem(item)) main->Append(item);
   });
   main->AddLine(kTacLabel, MainExitLabel(), nilTacAddr, nilTacAddr);
-  CallByName(main, "% finalize");
-  ReleaseGlobals(main);
+  main->Append(MainBodyRelease());
   TacAddr const* status =
       main->NewTemp(IRDataType(kSInt32Type), nullptr)->GetAddr();
   main->AddLine(kTacIntrinsic, IntrinsicTacAddr(kIntrinsicRuntimeExit),

@@ -209,14 +209,47 @@ void DeclarationScanner::ParseTopLevelDeclarations(UnitSymbolTable* unit) {
   }
 }
 
-// "Dim a As T, b(2) As U": each name becomes a property of the unit.
+// "Dim a, b(2) As T, c As U": each name becomes a property of the unit,
+// and names without their own "As" take the type of the next one, as the
+// statement itself declares them.
 void DeclarationScanner::ParseTopLevelVariableDeclarations(
     UnitSymbolTable* unit) {
+  SimpleVector<PropertySymbol*> untyped;
+  SimpleVector<unsigned> untypedDimensions;
   do {
     ReadInLine();
     if (!IsIdentifier()) return;
-    unit->AddProperty(ParsePropertyDeclaration());
+    unsigned dimensions = 0;
+    PropertySymbol* property = ParsePropertyDeclaration(&dimensions);
+    unit->AddProperty(property);
+    if (property->GetType().GetMainType() == kNoType &&
+        property->GetType().TypeName().IsEmpty()) {
+      untyped.push_back(property);
+      untypedDimensions.push_back(dimensions);
+      continue;
+    }
+    IRDataType type = property->GetType();
+    if (dimensions) type = type.AsElement();
+    for (unsigned i = 0; i < untyped.size(); i++)
+      untyped[i]->SetType(untypedDimensions[i]
+                              ? type.AsArray(untypedDimensions[i])
+                              : type);
+    untyped.deleteAll();
+    untypedDimensions.deleteAll();
+    if (mToken == '=') SkipInitialValue();
   } while (mToken == ',');
+}
+
+// With "=" in hand: up to the comma that ends the clause (one outside
+// parentheses) or the end of the line, so that "Dim a As T = f(1, 2), b As
+// U" still declares b.
+void DeclarationScanner::SkipInitialValue() {
+  int depth = 0;
+  for (ReadInLine(); !AtLineEnd(); ReadInLine()) {
+    if (mToken == '(') depth++;
+    else if (mToken == ')' && depth > 0) depth--;
+    else if (mToken == ',' && depth == 0) return;
+  }
 }
 
 // A later type of a name already declared is dropped here; the grammar

@@ -38,7 +38,7 @@ class DeclarationScanner {
   MethodSymbol* ParseFunctionDeclaration(TypeSymbol* owner, bool shared);
   MethodSymbol* ParseEventDeclaration(ClassSymbol* owner);
   MethodSymbol* ParseExternalDeclaration(bool soft, ClassSymbol* owner);
-  PropertySymbol* ParsePropertyDeclaration();
+  PropertySymbol* ParsePropertyDeclaration(unsigned* dimensionsOut = nullptr);
   PropertySymbol* ParsePropertyBlockDeclaration(ClassSymbol* ownerClass,
                                                 ModuleSymbol* ownerModule,
                                                 bool shared);
@@ -78,6 +78,7 @@ class DeclarationScanner {
                             ClassSymbol* ownerClass,
                             ModuleSymbol* ownerModule);
   void ParseTopLevelVariableDeclarations(UnitSymbolTable* unit);
+  void SkipInitialValue();
   void ParseClassMember(ClassSymbol* it, MemberFlags const& flags);
   void ParseModuleMember(ModuleSymbol* it, MemberFlags const& flags);
   void ParseInterfaceMember(InterfaceSymbol* it);

@@ -251,8 +251,10 @@ bool DeclarationScanner::ParseParameterDefaultValue(ParameterSymbol* param) {
 
 // --------------------------------------------------------- properties
 
-// The name is in hand: "name[(,)] [As type]".
-PropertySymbol* DeclarationScanner::ParsePropertyDeclaration() {
+// The name is in hand: "name[(,)] [As type]". The dimensions counted are
+// also given back, for a name whose type comes from a later "As".
+PropertySymbol* DeclarationScanner::ParsePropertyDeclaration(
+    unsigned* dimensionsOut) {
   PropertySymbol* property = new PropertySymbol(TokenText());
   ReadInLine();
   unsigned dimensions = 0;
@@ -260,6 +262,7 @@ PropertySymbol* DeclarationScanner::ParsePropertyDeclaration() {
     dimensions = CountDimensions();
     if (mToken == ')') ReadInLine();
   }
+  if (dimensionsOut) *dimensionsOut = dimensions;
   if (mToken != kTokAs) return property;
   IRDataType type = ParseDataType();
   property->SetType(dimensions ? type.AsArray(dimensions) : type);

@@ -34,6 +34,7 @@ LibraryEntries FieldAndReplaceEntries();
 LibraryEntries NumberTextEntries();
 LibraryEntries FormatEntries();
 LibraryEntries ClockEntries();
+LibraryEntries EnvironmentHookEntries();
 // Library functions whose bodies are the engine runtime's own: the math
 // wrappers, the bitwise forms, Rnd and the colour makers and readers.
 LibraryEntries RuntimeFoundationEntries();

@@ -36,7 +36,8 @@ void RegisterRuntimeLibrary() {
   for (LibraryEntries (*theme)() :
        {&CharacterStringEntries, &ByteStringEntries, &CaseAndTrimEntries,
         &FieldAndReplaceEntries, &NumberTextEntries, &FormatEntries,
-        &ClockEntries, &RuntimeFoundationEntries, &RuntimeIntrinsicEntries})
+        &ClockEntries, &EnvironmentHookEntries, &RuntimeFoundationEntries,
+        &RuntimeIntrinsicEntries})
     for (LibraryEntry const& entry : theme())
       RegisterHostFunction(entry.name, entry.address);
 }

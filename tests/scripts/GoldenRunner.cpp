@@ -8,7 +8,9 @@
 //   // stdin: TEXT                  a line given to the script's Input
 //
 // The exit status follows from them: 1 with compile errors, 2 with a runtime
-// error, 0 otherwise. Usage: golden_runner QUORL SCRIPT
+// error, 0 otherwise. Usage: golden_runner QUORL SCRIPT [EXPECTATIONS]; with
+// a third argument the expectations are read from that file instead, so
+// that a program meant for reading (an example) carries no test comments.
 #include <stdio.h>
 #include <stdlib.h>
 #include <sys/wait.h>
@@ -53,9 +55,11 @@ bool After(std::string const& line, std::string const& marker, std::string* rest
   return true;
 }
 
-Expectations ReadExpectations(std::string const& script) {
+// `source` holds the expectation lines; `script` is the name that the
+// errors carry.
+Expectations ReadExpectations(std::string const& script, std::string const& source) {
   Expectations expected;
-  for (std::string const& line : Lines(ReadFile(script))) {
+  for (std::string const& line : Lines(ReadFile(source))) {
     std::string rest;
     if (After(line, "// expect: ", &rest)) {
       expected.output.push_back(rest);
@@ -103,12 +107,17 @@ int Fail(std::string const& what, Outcome const& outcome) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 3) {
-    std::cerr << "usage: golden_runner QUORL SCRIPT\n";
+  if (argc != 3 && argc != 4) {
+    std::cerr << "usage: golden_runner QUORL SCRIPT [EXPECTATIONS]\n";
     return 64;
   }
   std::string script = argv[2];
-  Expectations expected = ReadExpectations(script);
+  std::string source = argc == 4 ? argv[3] : script;
+  if (!std::ifstream(source)) {
+    std::cerr << "FAILED: cannot read " << source << "\n";
+    return 1;
+  }
+  Expectations expected = ReadExpectations(script, source);
   Outcome outcome = RunQuorl(argv[1], script, expected.input);
 
   int status = !expected.errors.empty() ? 1 : !expected.runtimeError.empty() ? 2 : 0;

@@ -4,7 +4,9 @@
 // A literal in code points at a real heap string made from its record, not
 // at the record. Each site holds one reference of its own, so that the
 // generated code's release of a copied handle never frees the literal, and
-// the reference counts need no reset between runs.
+// the reference counts need no reset between runs. A site's reference is a
+// handle kept beside the literal itself, so that whoever ends up owning the
+// kept strings gives every site's reference back with them.
 #include "Compiler/BackEnds/Minilinker/QuorlScriptLinker.h"
 #include "Compiler/Linker/LinkerAssertion.h"
 
@@ -26,6 +28,10 @@ stringStorage* QuorlScriptLinker::LiteralStorage(string const& text,
   made.AddEntry(text, literal);
   mStringLiterals.push_back(literal);
   return literal.GetStringStorage();
+}
+
+void QuorlScriptLinker::KeepSiteReference(stringStorage* storage) {
+  mStringLiterals.push_back(string(storage));
 }
 
 unsigned long QuorlScriptLinker::CodePointerAddress(Import const& import) {
@@ -50,7 +56,7 @@ void QuorlScriptLinker::ResolveCodeReference(Import& import,
   if (import.IsStringLiteral()) {
     stringStorage* storage = LiteralStorage(import.mName, made);
     if (import.mType != Import::kImportPPCStringLow)
-      LockStringStorage(storage);
+      KeepSiteReference(storage);
     PatchGlobalReference(import, reinterpret_cast<unsigned long>(storage));
   } else if (import.IsCodePtr()) {
     unsigned long address = CodePointerAddress(import);
@@ -77,7 +83,7 @@ void QuorlScriptLinker::ResolveStaticDataReference(
   unsigned long value;
   if (import.IsStringLiteral()) {
     stringStorage* storage = LiteralStorage(import.mName, made);
-    LockStringStorage(storage);
+    KeepSiteReference(storage);
     value = reinterpret_cast<unsigned long>(storage);
   } else if (import.IsCodePtr()) {
     value = CodePointerAddress(import);

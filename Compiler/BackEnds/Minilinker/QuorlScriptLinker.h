@@ -75,6 +75,9 @@ class QuorlScriptLinker : public Linker {
   // The storage of the literal's heap copy, made on its first use.
   stringStorage* LiteralStorage(string const& text,
                                 StringMapCase<string>& made);
+  // One more reference on a literal, for one site that points at it; it
+  // lives as long as the kept literals.
+  void KeepSiteReference(stringStorage* storage);
   // A function pointer's target, in the code or from the delegate.
   unsigned long CodePointerAddress(Import const& import);
   unsigned long GlobalAddress(Import const& import) const;
@@ -86,7 +89,10 @@ class QuorlScriptLinker : public Linker {
   Ref<DataBlock> mGlobalData;
   Ref<ExecutableDataBlock> mCode;
   unsigned long mStaticDataOffset;
-  SimpleVector<string> mStringLiterals;     // keeps the literals alive
+  // Each literal once, and one more handle for each site that points at
+  // it: holding these keeps the literals alive, dropping them gives back
+  // every reference the link took.
+  SimpleVector<string> mStringLiterals;
   QuorlScriptLinkerDelegate* mQuorlScriptDelegate;  // not owned
   StringMapCase<unsigned long> mPICBaseAnchorMap;
 };

@@ -37,6 +37,8 @@ class RunReadyCode {
 
   Ref<DataBlock> mGlobals;
   Ref<ExecutableDataBlock> mCode;
+  // The literals and a handle for each of their sites in the code: the
+  // sites' references end with this object.
   SimpleVector<string> mStringLiterals;
   ScriptEntrypoint mEntrypoint;
 };

@@ -76,7 +76,10 @@ struct HostOptions {
   bool inRuntime = true;
   // Host operations the resolver pretends not to know.
   std::set<std::string> withheld;
-  // What "VELDGetStackLimit" reports until the plug-in sets another.
+  // What "VELDGetStackLimit" reports until the plug-in sets another: the
+  // lowest stack address script code may reach. 0 lets the host compute it
+  // from the calling thread's stack (its low end plus a margin for the
+  // raise and the handlers).
   unsigned long stackLimit = 0;
   // Run on every "VELDYieldToQuorl". An exception it throws ends up thrown
   // from the Run() or Precompile() that was running.

@@ -267,3 +267,21 @@ TEST(DeclarationScanner, ExternalDeclarations) {
 }
 
 }  // namespace
+
+// "Dim a, b As T" declares both names as T: a name without its own type
+// takes the type of the next clause, keeping its own dimensions.
+TEST(DeclarationScanner, TopLevelNamesShareTheNextClausesType) {
+  ScannedProgram program(
+      "Dim a, b(2) As Integer, s, t As String\n"
+      "Dim x As Double = Pow(2, 3), y As Int64 = 1\n"
+      "Dim last\n");
+  ASSERT_TRUE(program.mGlobal);
+  EXPECT_EQ(kSInt32Type, program.mGlobal->LookupProperty("a")->GetType().GetMainType());
+  IRDataType b = program.mGlobal->LookupProperty("b")->GetType();
+  EXPECT_EQ(1u, b.GetDimensions());
+  EXPECT_EQ(kSInt32Type, b.GetElementType());
+  EXPECT_EQ(kStringType, program.mGlobal->LookupProperty("s")->GetType().GetMainType());
+  EXPECT_EQ(kStringType, program.mGlobal->LookupProperty("t")->GetType().GetMainType());
+  EXPECT_EQ(kSInt64Type, program.mGlobal->LookupProperty("y")->GetType().GetMainType());
+  EXPECT_EQ(kNoType, program.mGlobal->LookupProperty("last")->GetType().GetMainType());
+}

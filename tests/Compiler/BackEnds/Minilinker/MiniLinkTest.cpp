@@ -131,6 +131,49 @@ TEST(MiniLinkTest, EachLiteralSiteHoldsItsOwnReference) {
   EXPECT_EQ(4, again->mRefCount);
 }
 
+// The link's references end with the ready code: those of sites that ran
+// and of sites that never did. The test's own handles outlive the code and
+// must be all that is left. "tail" is printed last because the encoding
+// conversion cache keeps a handle on the last text it saw.
+TEST(MiniLinkTest, DeletingTheReadyCodeGivesBackEverySitesReference) {
+  TestCorrespondent corr;
+  ScriptProgram s;
+  s.CallGlue("Print", &corr, s.p.Text("live"));
+  s.CallGlue("Print", &corr, s.p.Text("tail"));
+  s.Finish();
+  s.p.Enter("never", -1);
+  for (int i = 0; i < 2; i++) s.CallGlue("Print", &corr, s.p.Text("dead"));
+  s.p.Line(kTacLeave);
+  Ref<CodeModule> module = s.Generate();
+  unsigned long neverStart = module->mFunctions[0]->Length();
+  unsigned long liveSite = ~0UL, deadSite = ~0UL;
+  for (unsigned long i = 0; i < module->mFunctions[0]->mImports.size(); i++)
+    if (module->mFunctions[0]->mImports[i].IsStringLiteral() &&
+        module->mFunctions[0]->mImports[i].mName == "live")
+      liveSite = module->mFunctions[0]->mImports[i].mOffset;
+  for (unsigned long i = 0; i < module->mFunctions[1]->mImports.size(); i++)
+    if (module->mFunctions[1]->mImports[i].IsStringLiteral())
+      deadSite = neverStart + module->mFunctions[1]->mImports[i].mOffset;
+  ASSERT_NE(~0UL, liveSite);
+  ASSERT_NE(~0UL, deadSite);
+  std::unique_ptr<StringMap<void*>> table = TestFunctionTable();
+  std::unique_ptr<RunReadyCode> code(MiniLink(module, table.get()));
+  ASSERT_TRUE(code);
+  ::string live(reinterpret_cast<stringStorage*>(Field(*code, liveSite)));
+  ::string dead(reinterpret_cast<stringStorage*>(Field(*code, deadSite)));
+  ASSERT_EQ("live", Std(live));
+  ASSERT_EQ("dead", Std(dead));
+  EXPECT_EQ(3, live.GetStringStorage()->mRefCount);
+  EXPECT_EQ(4, dead.GetStringStorage()->mRefCount);
+  code->Run(&corr);
+  code->Run(&corr);
+  EXPECT_EQ((std::vector<std::string>{"live", "tail", "live", "tail"}),
+            corr.mPrinted);
+  code.reset();
+  EXPECT_EQ(1, live.GetStringStorage()->mRefCount);
+  EXPECT_EQ(1, dead.GetStringStorage()->mRefCount);
+}
+
 TEST(MiniLinkTest, ListCallersAreWrittenAsStackAlignedCalls) {
   ScriptProgram s;
   s.Finish();

@@ -30,6 +30,7 @@ TEST(RunReadyCodeTest, InputAnswersAreUTF8StringsTheScriptCanPrint) {
   TacAddr const* answer = s.p.Global("Module.answer", IRDataType(kStringType));
   s.CallGlue("Input", &corr, s.p.Text("Name?"), answer);
   s.CallGlue("Print", &corr, answer);
+  s.p.Line(kTacUnlock, answer);
   s.Finish();
   std::unique_ptr<RunReadyCode> code = s.Link();
   ASSERT_TRUE(code);

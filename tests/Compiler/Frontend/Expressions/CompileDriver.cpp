@@ -2,6 +2,8 @@
 
 #include <ctype.h>
 
+#include <algorithm>
+
 #include "Compiler/Frontend/Lexer.h"
 #include "Compiler/Frontend/ParserSupport.h"
 #include "Compiler/Frontend/SrcContext.h"
@@ -11,6 +13,7 @@
 #include "Compiler/SymbolTable/GlobalSymbolTable.h"
 #include "Compiler/TacListing.h"
 #include "Compiler/compiler.h"
+#include "../Statements/ListingSections.h"
 
 namespace {
 
@@ -72,7 +75,7 @@ std::vector<int> CompiledProgram::ErrorCodes() const {
 
 std::vector<std::string> CompiledProgram::Lines(std::string const& opcode) const {
   std::vector<std::string> found;
-  for (auto const& line : code)
+  for (auto const& line : body)
     if (line.compare(0, opcode.size(), opcode) == 0 &&
         (line.size() == opcode.size() || line[opcode.size()] == ' '))
       found.push_back(line);
@@ -80,9 +83,14 @@ std::vector<std::string> CompiledProgram::Lines(std::string const& opcode) const
 }
 
 bool CompiledProgram::Has(std::string const& fragment) const {
-  for (auto const& line : code)
+  for (auto const& line : body)
     if (line.find(fragment) != std::string::npos) return true;
   return false;
+}
+
+std::vector<std::string> CompiledProgram::Opening(size_t n) const {
+  return std::vector<std::string>(body.begin(),
+                                  body.begin() + std::min(n, body.size()));
 }
 
 std::string CompiledProgram::Listing() const {
@@ -119,6 +127,7 @@ CompiledProgram CompileSource(std::string const& text) {
     result.numbered.push_back(std::to_string(lines.Value().mLine) + ": " + line);
   }
   delete context;
+  result.body = listing::Statements(result.code, "% main");
   result.errors = delegate.mErrors;
   return result;
 }

@@ -22,11 +22,18 @@ struct CompiledProgram {
   std::vector<std::string> code;
   // The same with the source line in front, "3: Add ...".
   std::vector<std::string> numbered;
+  // The top-level statements alone: the lines of `code` between the main
+  // body's prologue and its exit label, without the frame, the runtime
+  // start and exit, and the exception handler around the releases.
+  std::vector<std::string> body;
 
   std::vector<int> ErrorCodes() const;
-  // The lines whose text starts with `opcode` (e.g. "Add", "Cvt").
+  // The lines of `body` whose text starts with `opcode` (e.g. "Add", "Cvt").
   std::vector<std::string> Lines(std::string const& opcode) const;
+  // Whether a line of `body` contains `fragment`.
   bool Has(std::string const& fragment) const;
+  // The first `n` lines of `body`, or all of them when it is shorter.
+  std::vector<std::string> Opening(size_t n) const;
   std::string Listing() const;
 };
 

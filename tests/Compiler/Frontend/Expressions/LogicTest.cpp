@@ -22,7 +22,7 @@ TEST(Logic, AndSkipsTheRightOperandWhenTheLeftDecides) {
                    "Store True As Boolean -> t2 As Boolean (global)",
                    "Jump -> L3", "L2:",
                    "Store False As Boolean -> t2 As Boolean (global)", "L3:"}),
-            Lines(p.code.begin() + 2, p.code.begin() + 10));
+            p.Opening(8));
 }
 
 TEST(Logic, OrJumpsOnTrue) {

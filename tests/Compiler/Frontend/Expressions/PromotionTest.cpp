@@ -82,7 +82,7 @@ TEST(Promotion, PrecedenceOfUnaryMinusNotAndPower) {
   EXPECT_EQ(Lines({"Pow a As Double (global), b As Double (global) -> t1 As Double (global)",
                    "Neg t1 As Double (global) -> t2 As Double (global)",
                    "Store t2 As Double (global) -> r As Double (global)"}),
-            Lines(p.code.begin() + 2, p.code.begin() + 5));
+            p.Opening(3));
   // Not a = b is (Not a) = b.
   p = Mixed("Boolean", "Boolean", "Boolean", "Not a = b");
   EXPECT_EQ(Lines({"EQ a As Boolean (global), False As Boolean -> t1 As Boolean (global)",
@@ -99,7 +99,7 @@ TEST(Promotion, GreaterThanRunsTheRightOperandFirst) {
   CompiledProgram p = Mixed("Int32", "Double", "Boolean", "a > b");
   EXPECT_EQ(Lines({"Cvt a As Int32 (global) -> t1 As Double (global)",
                    "LT b As Double (global), t1 As Double (global) -> t2 As Boolean (global)"}),
-            Lines(p.code.begin() + 2, p.code.begin() + 4));
+            p.Opening(2));
   p = Mixed("Int32", "Int32", "Boolean", "a >= b");
   EXPECT_HAS(p, "LE b As Int32 (global), a As Int32 (global)");
   p = Mixed("Int32", "Int32", "Boolean", "a <> b");
@@ -112,7 +112,7 @@ TEST(Promotion, StringsConcatenateAndCompareThroughTheRuntime) {
                    "PutParam a As String (global)",
                    "PutParam b As String (global)",
                    "Intrinsic intrinsic 38 -> t1 As String (global)"}),
-            Lines(p.code.begin() + 2, p.code.begin() + 6));
+            p.Opening(4));
   // Strings keep the left operand first even for >=: 0 <= compare(a, b).
   p = Mixed("String", "String", "Boolean", "a >= b");
   EXPECT_EQ(Lines({"PutParam a As String (global)", "PutParam b As String (global)"}),
@@ -134,12 +134,12 @@ TEST(Promotion, AssignmentConvertsToTheVariablesType) {
   EXPECT_TRUE(p.errors.empty());
   EXPECT_EQ(Lines({"Cvt a As Double (global) -> t1 As Int32 (global)",
                    "Store t1 As Int32 (global) -> r As Int32 (global)"}),
-            Lines(p.code.begin() + 2, p.code.begin() + 4));
+            p.Opening(2));
   // A reference-counted value swaps the references before the store.
   p = Mixed("String", "String", "String", "a");
   EXPECT_EQ(Lines({"SwapLocks a As String (global), r As String (global)",
                    "Store a As String (global) -> r As String (global)"}),
-            Lines(p.code.begin() + 2, p.code.begin() + 4));
+            p.Opening(2));
   // A variable assigned to itself costs nothing.
   p = Mixed("String", "String", "String", "r");
   EXPECT_TRUE(p.Lines("Store").empty());

@@ -19,11 +19,13 @@ std::string InSub(std::string const& body) {
 // The method's statements with labels renumbered in order of appearance
 // (L1, L2...), temporaries named "tmp", and frame offsets and global marks
 // left out, so that a shape can be written down. The zeroing of block
-// variables at block entry is left out too.
+// variables at block entry is left out too, and so are the prologue, the
+// exit label and the epilogue.
 std::vector<std::string> Shape(CompiledProgram const& p) {
   std::vector<std::string> lines = p.Lines();
-  int from = p.Find("intrinsic 122") + 1;
-  int to = p.Find("Leave") - 1;
+  listing::Section sub = p.Body("S");
+  int from = sub.first;
+  int to = sub.exit;
   std::map<std::string, std::string> names;
   std::regex label("L[0-9]+");
   std::regex temp("[A-Za-z]*\\.[0-9A-F]{8}( [0-9A-F]{8})*");
@@ -224,7 +226,12 @@ TEST(FlowControl, BlocksClosedByAnotherTerminatorAreReportedAtTheirStart) {
 TEST(FlowControl, IfWithoutThenIsReportedAndCompiled) {
   CompiledProgram p = CompileProgramText(InSub("If a = 1\n  b = 2\nEnd If\n"));
   EXPECT_EQ(Errors({{86, 1}}), p.errors);
-  EXPECT_EQ(1, p.Count("IfEQI"));
+  std::vector<std::string> body = p.Statements("S");
+  EXPECT_EQ(1, std::count_if(body.begin(), body.end(),
+                             [](std::string const& line) {
+                               return line.rfind("IfEQI", 0) == 0;
+                             }))
+      << p.listing;
 }
 
 TEST(FlowControl, ForEachWalksAOneDimensionalArray) {

@@ -16,8 +16,9 @@ TEST(Functions, PrologTakesParametersLastFirstAndZeroesTheLocals) {
       "  Dim x As Integer\n  Return a\nEnd Function\n");
   ASSERT_TRUE(p.errors.empty()) << p.listing;
   std::vector<std::string> l = p.Lines();
-  int enter = p.Find("Enter");
-  ASSERT_GE(enter, 0);
+  listing::Section f = p.Body("F");
+  int enter = f.enter;
+  ASSERT_GE(enter, 0) << p.listing;
   EXPECT_NE(std::string::npos, l[enter].find("table 1"));
   EXPECT_NE(std::string::npos, l[enter + 1].find("GetParam        -> F.d "));
   EXPECT_NE(std::string::npos, l[enter + 2].find("GetParam        -> F.s "));
@@ -34,9 +35,9 @@ TEST(Functions, PrologTakesParametersLastFirstAndZeroesTheLocals) {
   ASSERT_GT(store, 0) << p.listing;
   std::string jump = l[store + 1];
   std::string exit = jump.substr(jump.find("-> ") + 3);
-  int label = p.Find(exit + ":");
-  EXPECT_GT(label, store);
-  EXPECT_EQ(0u, l.back().rfind("Leave           F.Return As Int32"));
+  EXPECT_EQ(exit + ":", l[f.exit]);
+  EXPECT_GT(f.exit, store);
+  EXPECT_EQ(0u, l[f.end].rfind("Leave           F.Return As Int32"));
 }
 
 TEST(Functions, BorrowedParametersWithoutLocking) {
@@ -60,10 +61,14 @@ TEST(Functions, SubReturnJumpsToItsExit) {
   CompiledProgram p = CompileProgramText("Sub S()\n  Return\nEnd Sub\n");
   EXPECT_TRUE(p.errors.empty());
   std::vector<std::string> l = p.Lines();
-  int jump = p.Find("Jump");
-  ASSERT_GT(jump, 0);
+  listing::Section s = p.Body("S");
+  int jump = p.Find("Jump", s.enter);
+  ASSERT_GT(jump, 0) << p.listing;
+  // The jump lands on the exit label, the epilogue's first line, which
+  // the method leaves through.
+  EXPECT_EQ(jump + 1, s.exit);
   EXPECT_EQ(l[jump].substr(l[jump].find("-> ") + 3) + ":", l[jump + 1]);
-  EXPECT_EQ("Leave", l[jump + 2]);
+  EXPECT_EQ("Leave", l[s.end]);
 }
 
 TEST(Functions, ModifierFaults) {

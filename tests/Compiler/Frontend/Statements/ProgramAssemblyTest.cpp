@@ -11,15 +11,29 @@ typedef std::vector<std::pair<int, unsigned>> Errors;
 
 TEST(ProgramAssembly, EmptyProgramStillRunsTheFrame) {
   CompiledProgram p = CompileProgramText("");
-  std::vector<std::string> lines = p.Lines();
-  ASSERT_EQ(6u, lines.size()) << p.listing;
-  EXPECT_EQ("Intrinsic       intrinsic 1", lines[0]);
-  EXPECT_EQ("Call            \"% initialize\" As String", lines[1]);
-  EXPECT_EQ(0u, lines[2].rfind("L", 0));
-  EXPECT_EQ("Call            \"% finalize\" As String", lines[3]);
-  EXPECT_NE(std::string::npos, lines[4].find("intrinsic 2 ->"));
-  EXPECT_EQ(0u, lines[5].rfind("Stop", 0));
   EXPECT_TRUE(p.errors.empty());
+  std::vector<std::string> lines = p.Lines();
+  listing::Section main = p.Body();
+  ASSERT_EQ(0, main.enter) << p.listing;
+  EXPECT_EQ(0u, lines[0].rfind("Enter           \"% main\" As String", 0));
+  EXPECT_EQ("Intrinsic       intrinsic 1", lines[1]);
+  EXPECT_EQ("Call            \"% initialize\" As String", lines[2]);
+  // No statements: the exit label follows the prologue.
+  EXPECT_EQ(3, main.first);
+  EXPECT_EQ(3, main.exit);
+  // The item finalisers run inside the main body's exception handler, so
+  // that an exception on its way to the host still releases them.
+  int handler = p.Find("HandleException", main.exit);
+  int fin = p.Find("Call            \"% finalize\" As String");
+  int reraise = p.Find(
+      "intrinsic " + std::to_string(kIntrinsicRuntimeReraiseException));
+  EXPECT_LT(main.exit, handler);
+  EXPECT_LT(handler, fin);
+  EXPECT_LT(fin, reraise);
+  // Runtime exit and Stop close the main body, and nothing else follows.
+  ASSERT_EQ(int(lines.size()) - 1, main.end) << p.listing;
+  EXPECT_NE(std::string::npos, lines[main.end - 1].find("intrinsic 2 ->"));
+  EXPECT_EQ(0u, lines[main.end].rfind("Stop", 0));
 }
 
 TEST(ProgramAssembly, FunctionsFollowTheMainBodyInSourceOrder) {
@@ -46,10 +60,32 @@ TEST(ProgramAssembly, TopLevelReturnJumpsToTheMainExit) {
   CompiledProgram p = CompileProgramText("Return\nDim a As Integer\n");
   std::vector<std::string> lines = p.Lines();
   // The exit label stands before "% finalize".
-  int fin = p.Find("\"% finalize\"");
-  ASSERT_GT(fin, 0);
-  std::string label = lines[fin - 1].substr(0, lines[fin - 1].size() - 1);
-  EXPECT_NE(-1, p.Find("Jump            -> " + label)) << p.listing;
+  listing::Section main = p.Body();
+  ASSERT_GT(main.exit, 0) << p.listing;
+  EXPECT_LT(main.exit, p.Find("\"% finalize\""));
+  std::string label = lines[main.exit].substr(0, lines[main.exit].size() - 1);
+  EXPECT_EQ(std::vector<std::string>({"Jump            -> " + label}),
+            p.Statements())
+      << p.listing;
+}
+
+// A top-level Dim is a property of the root module and a variable of the
+// static table at once, one storage: it is released once, on the way out
+// of the main body, whether the main body or a method used it.
+TEST(ProgramAssembly, TopLevelStringsAreReleasedOnceAtTheEnd) {
+  CompiledProgram p = CompileProgramText(
+      "Function Suffix() As String\n  Return s + \"!\"\nEnd Function\n"
+      "Dim r As String\nDim s, t As String = \"b\"\nDim n As Integer\n"
+      "r = \"a\" + Suffix()\nt = r + s\nn = 1\n");
+  ASSERT_TRUE(p.errors.empty()) << p.listing;
+  listing::Section main = p.Body();
+  for (std::string name : {"r", "s", "t"}) {
+    std::string release = "Unlock          " + name + " As String (global)";
+    EXPECT_EQ(1, p.Count(release)) << name << "\n" << p.listing;
+    EXPECT_GT(p.Find(release), main.exit) << name;
+    EXPECT_LT(p.Find(release), main.end) << name;
+  }
+  EXPECT_EQ(0, p.Count("Unlock          n "));
 }
 
 TEST(ProgramAssembly, BlockLocalsAreZeroedAndReleasedAroundTheBlock) {
@@ -57,13 +93,15 @@ TEST(ProgramAssembly, BlockLocalsAreZeroedAndReleasedAroundTheBlock) {
       "Sub S()\n  If True Then\n    Dim t As String\n    t = \"x\"\n"
       "  End If\nEnd Sub\n");
   EXPECT_TRUE(p.errors.empty()) << p.listing;
-  int test = p.Find("IfEQI");
+  listing::Section sub = p.Body("S");
+  int test = p.Find("IfEQI", sub.first);
   int zero = p.Find("Zero", test);
   int store = p.Find("SwapLocks", test);
   int release = p.Find("Unlock", test);
   ASSERT_GT(zero, test) << p.listing;
   EXPECT_LT(zero, release);
   EXPECT_LT(store, release);
+  EXPECT_LT(release, sub.exit);
   EXPECT_NE(std::string::npos, p.Lines()[release].find("S.t "));
 }
 

@@ -90,12 +90,21 @@ std::vector<int> CompiledProgram::ErrorCodes() const {
   return codes;
 }
 
+listing::Section CompiledProgram::Body(std::string const& name) const {
+  return listing::FindBody(Lines(), name);
+}
+
+std::vector<std::string> CompiledProgram::Statements(
+    std::string const& name) const {
+  return listing::Statements(Lines(), name);
+}
+
 // ------------------------------------------------------- DeclaredProgram
 
 #include "Compiler/SymbolTable/LocalSymbolTable.h"
 #include "Compiler/datatypes.h"
 
-struct DeclaredProgram::Recorder : public CompilerDelegate {
+struct DeclaredProgram::Recorder final : public CompilerDelegate {
   int CompilerError(CompileError error) override {
     mCodes.push_back(int(error.Type()));
     return 0;

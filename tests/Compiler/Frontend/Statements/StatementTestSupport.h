@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "Compiler/Frontend/LanguageOptions.h"
+#include "ListingSections.h"
 
 struct CompiledProgram {
   int status = -1;  // the parser's result
@@ -22,6 +23,14 @@ struct CompiledProgram {
   // The index of the first line containing `text` at or after `from`, or -1.
   int Find(std::string const& text, int from = 0) const;
   std::vector<int> ErrorCodes() const;
+  // Where the body of the main program ("% main") or of the method whose
+  // link name begins with `name` stands in Lines(): its Enter line, its
+  // statements past the prologue, its exit label and its last line.
+  listing::Section Body(std::string const& name = "% main") const;
+  // The lines of that body's statements, without prologue, exit label and
+  // epilogue.
+  std::vector<std::string> Statements(
+      std::string const& name = "% main") const;
 };
 
 // `text` gets a line feed appended. `options` are the initial pragmas.
