@@ -17,7 +17,7 @@ MessageRow const kMessages[] = {
     {5, 5, "program too deeply nested for the parser"},
     {6, 6, "too many arguments"},
     {7, 7, "not enough arguments"},
-    {9, 9, "not an array"},
+    {9, 9, "not an array, or an argument that does not fit its parameter"},
     {10, 10, "parameter default value does not fit its type"},
     {11, 11, "unknown name"},
     {12, 12, "operator does not apply to these operands"},
