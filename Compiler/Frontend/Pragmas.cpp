@@ -24,7 +24,7 @@ StringMap<pragmas>& PragmaTable() {
                                        "Debug",
                                        "Reset",
                                        "BindingPart",
-                                       "BindingSpecification",
+                                       "BindingDeclaration",
                                        "Deprecated",
                                        "LockRefCountedParameters",
                                        "ProfileCode",
@@ -71,7 +71,7 @@ void ApplyPragma(pragmas which, bool v, SemBase* arg) {
       ResetPragmas();
       break;
     case kPragmaBindingPart:
-    case kPragmaBindingSpecification:
+    case kPragmaBindingDeclaration:
     case kPragmaDeprecated:
       break;
     case kPragmaLockRefCountedParameters:

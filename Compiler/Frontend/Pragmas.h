@@ -17,7 +17,7 @@ enum pragmas {
   kPragmaDebug,
   kPragmaReset,
   kPragmaBindingPart,
-  kPragmaBindingSpecification,
+  kPragmaBindingDeclaration,
   kPragmaDeprecated,
   kPragmaLockRefCountedParameters,
   kPragmaProfileCode,

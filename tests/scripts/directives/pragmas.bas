@@ -12,7 +12,7 @@
 #pragma disableAutoWaitCursor
 #pragma Deprecated
 #pragma BindingPart
-#pragma BindingSpecification
+#pragma BindingDeclaration
 #pragma X86CallingConvention StdCall
 #pragma Reset
 Function Loop3() As Integer

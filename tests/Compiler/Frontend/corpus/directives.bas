@@ -5,7 +5,7 @@
 #pragma Debug
 #pragma X86CallingConvention StdCall
 #pragma BindingPart Name, "a", "b"
-#pragma BindingSpecification Name, Other, "c"
+#pragma BindingDeclaration Name, Other, "c"
 #pragma DisableAutoWaitCursor
 #pragma Deprecated
 
