@@ -267,28 +267,9 @@ ModuleSymbol* DeclarationScanner::ParseModuleDeclaration() {
   static int const kBadEnders[] = {kTokClass, kTokInterface, kTokSub,
                                    kTokFunction, 0};
   ModuleSymbol* it = new ModuleSymbol(ParseDeclarationName());
-  MemberFlags flags;
-  SkipLine();
-  Read();
-  for (;;) {
-    if (mToken == kTokEndOfText) {
-      FlagError("end of input in module");
-      break;
-    }
-    if (ParseScopeWord(flags, true)) {
-      Read();
-      continue;
-    }
-    if (mToken == kTokEnd) {
-      if (BlockEnds(kTokModule, kBadEnders, "bad block ender in module"))
-        break;
-    } else {
-      ParseModuleMember(it, flags);
-    }
-    flags = MemberFlags();
-    SkipLine();
-    Read();
-  }
+  BlockShape const shape = {kTokModule, kBadEnders, "end of input in module",
+                            "bad block ender in module", kModuleScopeWords};
+  ScanBlockBody(shape, [&](MemberFlags const& flags) { ParseModuleMember(it, flags); });
   return it;
 }
 
@@ -357,27 +338,9 @@ ClassSymbol* DeclarationScanner::ParseClassDeclaration() {
   static int const kBadEnders[] = {kTokInterface, kTokModule, kTokSub,
                                    kTokFunction, 0};
   ClassSymbol* it = new ClassSymbol(ParseDeclarationName());
-  MemberFlags flags;
-  SkipLine();
-  Read();
-  for (;;) {
-    if (mToken == kTokEndOfText) {
-      FlagError("end of input in class");
-      break;
-    }
-    if (ParseScopeWord(flags, false)) {
-      Read();
-      continue;
-    }
-    if (mToken == kTokEnd) {
-      if (BlockEnds(kTokClass, kBadEnders, "bad block end in class")) break;
-    } else {
-      ParseClassMember(it, flags);
-    }
-    flags = MemberFlags();
-    SkipLine();
-    Read();
-  }
+  BlockShape const shape = {kTokClass, kBadEnders, "end of input in class",
+                            "bad block end in class", kClassScopeWords};
+  ScanBlockBody(shape, [&](MemberFlags const& flags) { ParseClassMember(it, flags); });
   it->AddMethod(MakeClassLookupFunction());
   return it;
 }
@@ -455,18 +418,9 @@ InterfaceSymbol* DeclarationScanner::ParseInterfaceDeclaration() {
   static int const kBadEnders[] = {kTokSub, kTokFunction, kTokClass,
                                    kTokModule, 0};
   InterfaceSymbol* it = new InterfaceSymbol(ParseDeclarationName());
-  for (SkipLine(), Read();; SkipLine(), Read()) {
-    if (mToken == kTokEndOfText) {
-      FlagError("end of input in interface");
-      break;
-    }
-    if (mToken == kTokEnd) {
-      if (BlockEnds(kTokInterface, kBadEnders, "bad block ender in interface"))
-        break;
-    } else {
-      ParseInterfaceMember(it);
-    }
-  }
+  BlockShape const shape = {kTokInterface, kBadEnders, "end of input in interface",
+                            "bad block ender in interface", kNoScopeWords};
+  ScanBlockBody(shape, [&](MemberFlags const&) { ParseInterfaceMember(it); });
   it->AddMethod(MakeClassLookupFunction());
   return it;
 }

@@ -86,6 +86,42 @@ class DeclarationScanner {
   void AddModuleType(ModuleSymbol* module, TypeSymbol* type,
                      MemberFlags const& flags);
   bool BlockEnds(int blockToken, int const* badEnders, char const* message);
+
+  // What tells a module's, a class's and an interface's block apart.
+  enum ScopeWords { kNoScopeWords, kClassScopeWords, kModuleScopeWords };
+  struct BlockShape {
+    int blockToken;          // the word after End that closes the block
+    int const* badEnders;    // words after End that close it wrongly
+    char const* endOfText;   // flagged when the text ends inside the block
+    char const* badEnd;      // flagged for a wrong End
+    ScopeWords scopeWords;   // which scope words may precede a member
+  };
+
+  // Reads the lines of a block after its head up to its End. Scope words
+  // gather on the member that follows them; every other line goes to
+  // `parseMember` with the flags gathered for it.
+  template <class ParseMember>
+  void ScanBlockBody(BlockShape const& shape, ParseMember parseMember) {
+    MemberFlags flags;
+    for (SkipLine(), Read();; SkipLine(), Read()) {
+      for (;;) {
+        if (mToken == kTokEndOfText) {
+          FlagError(shape.endOfText);
+          return;
+        }
+        if (shape.scopeWords == kNoScopeWords ||
+            !ParseScopeWord(flags, shape.scopeWords == kModuleScopeWords))
+          break;
+        Read();
+      }
+      if (mToken == kTokEnd) {
+        if (BlockEnds(shape.blockToken, shape.badEnders, shape.badEnd)) return;
+      } else {
+        parseMember(flags);
+      }
+      flags = MemberFlags();
+    }
+  }
   void ParseStructureField(bool& isArray, long& ubound, IRDataType& type,
                            unsigned long& length);
   void CreateStructureFieldDeclaration(StructureSymbol* it);
