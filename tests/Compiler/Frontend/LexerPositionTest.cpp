@@ -1,6 +1,5 @@
 // Reading ahead and past text: the end-of-line peek, skipping a line, a
-// method or a false conditional branch, and the declaration scanner's
-// private position.
+// method or a false conditional branch, and the scanner's own position.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -22,15 +21,15 @@ class PositionFixture : public testing::Test {
   // The identifier text of the next token, or "#<number>" for others.
   std::string Next() {
     int token = GetToken();
-    if (token == kTokIdent) return yylval->toString().CString();
-    return "#" + std::to_string(token);
+    return token == kTokIdent ? yylval->toString().CString()
+                              : "#" + std::to_string(token);
   }
-
+  static std::string T(int token) { return "#" + std::to_string(token); }
   SrcContext* mContext = nullptr;
   std::string mText;
 };
 
-TEST_F(PositionFixture, EndOfLinePeekConsumesNothing) {
+TEST_F(PositionFixture, PeekAndIgnoreRestOfLine) {
   Start("a\nb c");
   EXPECT_EQ("a", Next());
   EXPECT_TRUE(IsAtEndOfLine());
@@ -38,55 +37,41 @@ TEST_F(PositionFixture, EndOfLinePeekConsumesNothing) {
   EXPECT_EQ("b", Next());
   EXPECT_FALSE(IsAtEndOfLine());
   EXPECT_EQ("c", Next());
-}
-
-TEST_F(PositionFixture, IgnoreRestOfLineLeavesTheLineEnd) {
   Start("a b c\nd");
   Next();
-  IgnoreRestOfLine();
+  IgnoreRestOfLine();  // leaves the line end
   EXPECT_EQ("#361", Next());
   EXPECT_EQ("d", Next());
-  // At the end of a text without a final line end it stops as well.
   Start("a b c");
   Next();
   IgnoreRestOfLine();
   EXPECT_EQ("#-1", Next());
 }
 
-TEST_F(PositionFixture, SkipToEndOfMethodStopsBeforeEndSub) {
+TEST_F(PositionFixture, SkipsStopBeforeWhatTheGrammarReads) {
   Start("x = 1\nEnd If\nEnd Function\ny");
   SkipToEndOfMethod();
-  EXPECT_EQ("#" + std::to_string(kTokEnd), Next());
-  EXPECT_EQ("#" + std::to_string(kTokFunction), Next());
+  EXPECT_EQ(T(kTokEnd), Next());
+  EXPECT_EQ(T(kTokFunction), Next());
   Start("x y z");
   SkipToEndOfMethod();
   EXPECT_EQ("#-1", Next());
-}
-
-TEST_F(PositionFixture, FalseBranchSkipsToElseAndPastIt) {
   Start("a\n#if x\nb\n#endif\nc\n#else\nd\n#endif\n");
-  SkipConditionallyCompiledLines(false);
+  SkipConditionallyCompiledLines(false);  // to #else and past it
   EXPECT_EQ("d", Next());
-}
-
-TEST_F(PositionFixture, FalseBranchLeavesEndIfAndElseIfToTheGrammar) {
   Start("a\n#endif\n");
   SkipConditionallyCompiledLines(false);
-  EXPECT_EQ("#" + std::to_string(kTokEndIfDirective), Next());
+  EXPECT_EQ(T(kTokEndIfDirective), Next());
   Start("a\n#elseif y\n");
   SkipConditionallyCompiledLines(false);
-  EXPECT_EQ("#" + std::to_string(kTokElseIfDirective), Next());
-  // Skipping to the end passes over #else and #elseif.
+  EXPECT_EQ(T(kTokElseIfDirective), Next());
   Start("a\n#else\nb\n#elseif z\n#endif\n");
-  SkipConditionallyCompiledLines(true);
-  EXPECT_EQ("#" + std::to_string(kTokEndIfDirective), Next());
-}
-
-TEST_F(PositionFixture, MethodEndEndsASkipAndStaysToBeRead) {
-  Start("a\nEnd If\nEnd Sub\nb");
+  SkipConditionallyCompiledLines(true);  // to the end, past #else, #elseif
+  EXPECT_EQ(T(kTokEndIfDirective), Next());
+  Start("a\nEnd If\nEnd Sub\nb");  // a method end ends a skip
   SkipConditionallyCompiledLines(false);
-  EXPECT_EQ("#" + std::to_string(kTokEnd), Next());
-  EXPECT_EQ("#" + std::to_string(kTokSub), Next());
+  EXPECT_EQ(T(kTokEnd), Next());
+  EXPECT_EQ(T(kTokSub), Next());
   EXPECT_EQ("#361", Next());
 }
 
@@ -97,13 +82,10 @@ TEST_F(PositionFixture, ScannerLexerKeepsItsOwnPosition) {
   ASSERT_TRUE(scanner.NextToken());
   EXPECT_EQ(kTokIdent, scanner.LastToken());
   EXPECT_EQ(std::string("x"), scanner.TokenText().CString());
-  // The parser's position is untouched.
-  EXPECT_EQ("q", Next());
+  EXPECT_EQ("q", Next());  // the parser's position is untouched
   ASSERT_TRUE(scanner.NextToken());
   EXPECT_EQ(kTokAssign, scanner.LastToken());
-  ASSERT_TRUE(scanner.NextToken());
-  ASSERT_TRUE(scanner.NextToken());
-  ASSERT_TRUE(scanner.NextToken());
+  for (int i = 0; i < 3; i++) ASSERT_TRUE(scanner.NextToken());
   EXPECT_EQ(std::string("y"), scanner.TokenText().CString());
   EXPECT_EQ(1u, scanner.Line());
   EXPECT_FALSE(scanner.NextToken());

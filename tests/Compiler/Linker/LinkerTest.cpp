@@ -1,5 +1,5 @@
-// The linker core: merging a module's functions, static data and literals,
-// the list callers, failure reports and string tables.
+// The linker core: merging functions, static data and literals, the list
+// callers, failure reports and string tables.
 #include <string.h>
 
 #include "tests/Compiler/Linker/LinkerTestSupport.h"
@@ -9,9 +9,8 @@ namespace {
 std::vector<std::string> ImportList(SimpleVector<Import> const& imports) {
   std::vector<std::string> out;
   for (unsigned long i = 0; i < imports.size(); i++)
-    out.push_back(std::to_string(imports[i].mType) + " " +
-                  Std(imports[i].mName) + " @" +
-                  std::to_string(imports[i].mOffset));
+    out.push_back(std::to_string(imports[i].mType) + " " + Std(imports[i].mName) +
+                  " @" + std::to_string(imports[i].mOffset));
   return out;
 }
 
@@ -30,22 +29,17 @@ TEST(LinkerMergeTest, FunctionsFollowEachOtherWithTheirImportsMoved) {
   EXPECT_EQ(8u, Entry(linker.mEntrypoints, "% initialize"));
   EXPECT_EQ(9u, Entry(linker.mEntrypoints, "% finalize"));
   EXPECT_EQ(10u, linker.mOneCode->Length());
-  EXPECT_EQ((std::vector<std::string>{"1 g @1", "3 X @5"}),
-            ImportList(linker.mOneCode->mImports));
+  EXPECT_EQ((std::vector<std::string>{"1 g @1", "3 X @5"}), ImportList(linker.mOneCode->mImports));
   EXPECT_EQ(4u, b.mModule->mFunctions.size());
-}
-
-TEST(LinkerMergeTest, ListCallersCallTheRegisteredFunctionsInOrder) {
-  ModuleBuilder b;
-  b.Function("% main", 1);
-  b.mModule->mInitializers.AddEntry("Zeta", "Zeta.init");
-  b.mModule->mInitializers.AddEntry("Alpha", "Alpha.init");
-  b.mModule->mFinalizers.AddEntry("Alpha", "Alpha.exit");
-  TestLinker linker;
-  linker.Link(b.mModule, nullptr);
-  EXPECT_EQ((std::vector<std::string>{"1 Zeta.init @2", "1 Alpha.init @7",
-                                      "1 Alpha.exit @13"}),
-            ImportList(linker.mOneCode->mImports));
+  ModuleBuilder lists;  // the list callers call in registration order
+  lists.Function("% main", 1);
+  lists.mModule->mInitializers.AddEntry("Zeta", "Zeta.init");
+  lists.mModule->mInitializers.AddEntry("Alpha", "Alpha.init");
+  lists.mModule->mFinalizers.AddEntry("Alpha", "Alpha.exit");
+  TestLinker second;
+  second.Link(lists.mModule, nullptr);
+  EXPECT_EQ((std::vector<std::string>{"1 Zeta.init @2", "1 Alpha.init @7", "1 Alpha.exit @13"}),
+            ImportList(second.mOneCode->mImports));
 }
 
 TEST(LinkerMergeTest, StaticBlocksMergeAndLeaveTheGlobals) {
@@ -60,8 +54,7 @@ TEST(LinkerMergeTest, StaticBlocksMergeAndLeaveTheGlobals) {
   EXPECT_EQ(0u, Entry(linker.mStaticDataMap, "C.meta"));
   EXPECT_EQ(6u, Entry(linker.mStaticDataMap, "D.meta"));
   EXPECT_EQ(10u, linker.mStaticData->Length());
-  EXPECT_EQ((std::vector<std::string>{"7 f @6"}),
-            ImportList(linker.mStaticData->mImports));
+  EXPECT_EQ((std::vector<std::string>{"7 f @6"}), ImportList(linker.mStaticData->mImports));
   EXPECT_FALSE(b.mModule->mGlobals.HasEntry("C.meta"));
   EXPECT_TRUE(b.mModule->mGlobals.HasEntry("Other"));
 }
@@ -81,27 +74,19 @@ TEST(LinkerLiteralTest, OneRecordPerTextFromCodeAndStaticData) {
   DataBlock& data = *linker.mLiteralData;
   EXPECT_EQ(1u, data.Get32(kLiteralRefCountOffset));
   EXPECT_EQ(0u, data.Get32(kLiteralBufferOffset));
-  EXPECT_EQ(string("hi").GetStringStorage()->mCapacity,
-            data.Get32(kLiteralCapacityOffset));
+  EXPECT_EQ(string("hi").GetStringStorage()->mCapacity, data.Get32(kLiteralCapacityOffset));
   EXPECT_EQ(2u, data.Get32(kLiteralLengthOffset));
   EXPECT_EQ(kEncodingASCII, data.Get32(kLiteralEncodingOffset));
   EXPECT_EQ(0, memcmp("hi", data.Buffer() + kLiteralTextOffset, 2));
   EXPECT_EQ(0u, data.Get8(22) | data.Get8(23));
   EXPECT_EQ(3u, data.Get32(24 + kLiteralLengthOffset));
   EXPECT_EQ(24u + 23u, data.Length());
+  linker.MergeOneLiteral(string());  // an empty text makes no record
+  EXPECT_EQ(24u + 23u, data.Length());
+  EXPECT_EQ(2u, linker.mLiterals.Count());
 }
 
-TEST(LinkerLiteralTest, AnEmptyTextMakesNoRecord) {
-  ModuleBuilder b;
-  b.Function("% main", 1);
-  TestLinker linker;
-  linker.Link(b.mModule, nullptr);
-  linker.MergeOneLiteral(string());
-  EXPECT_EQ(0u, linker.mLiteralData->Length());
-  EXPECT_EQ(0u, linker.mLiterals.Count());
-}
-
-TEST(LinkerServicesTest, StringTablesShareRepeatedStrings) {
+TEST(LinkerServicesTest, StringTablesAndStubNames) {
   ModuleBuilder b;
   Ref<DataBlock> block = b.mModule->MakeDataBlock();
   StringMapCase<unsigned long> offsets;
@@ -111,16 +96,14 @@ TEST(LinkerServicesTest, StringTablesShareRepeatedStrings) {
   EXPECT_EQ(8u, Linker::AddStringToBlock("One", block, &offsets));
   EXPECT_EQ(12u, block->Length());
   EXPECT_STREQ("two", reinterpret_cast<char*>(block->Buffer() + 4));
-}
-
-TEST(LinkerServicesTest, StubNamesArePrefixedOnce) {
   EXPECT_EQ("%__glink.foo", Std(Linker::StubName("foo")));
   EXPECT_EQ(kEncodingUTF8, Linker::StubName("foo").Encoding());
-  EXPECT_ASSERTION(Linker::StubName(Linker::StubName("foo")),
-                   "Assertion failed");
+  EXPECT_ASSERTION(Linker::StubName(Linker::StubName("foo")), "Assertion failed");
+  TestLinker nothing;
+  EXPECT_ASSERTION(nothing.Link(Ref<CodeModule>(), nullptr), "Assertion failed");
 }
 
-TEST(LinkerServicesTest, OnlyTheFirstFailureIsReported) {
+TEST(LinkerServicesTest, OnlyTheFirstFailureIsReportedAndACancelReportsNone) {
   ModuleBuilder b;
   b.Function("% main", 1);
   RecordingLinkerDelegate delegate;
@@ -129,25 +112,15 @@ TEST(LinkerServicesTest, OnlyTheFirstFailureIsReported) {
   linker.LinkError(3, "bad thing");
   linker.LinkError(4, "worse thing");
   EXPECT_TRUE(linker.LinkCancelled());
-  EXPECT_EQ(std::vector<std::string>{"Linker failed with error #3 bad thing"},
-            delegate.mFailures);
-}
-
-TEST(LinkerServicesTest, TheDelegateCancelsWithoutAReport) {
-  ModuleBuilder b;
-  b.Function("% main", 1);
-  b.Function("f", 1);
-  RecordingLinkerDelegate delegate;
-  delegate.mCancelAfter = 1;
-  TestLinker linker;
-  EXPECT_FALSE(linker.Link(b.mModule, &delegate));
-  EXPECT_TRUE(linker.LinkCancelled());
-  EXPECT_TRUE(delegate.mFailures.empty());
-  linker.LinkError(1, "after the cancel");
-  EXPECT_TRUE(delegate.mFailures.empty());
-}
-
-TEST(LinkerServicesTest, LinkingNothingIsAnAssertion) {
-  TestLinker linker;
-  EXPECT_ASSERTION(linker.Link(Ref<CodeModule>(), nullptr), "Assertion failed");
+  EXPECT_EQ(std::vector<std::string>{"Linker failed with error #3 bad thing"}, delegate.mFailures);
+  ModuleBuilder c;
+  c.Function("% main", 1);
+  c.Function("f", 1);
+  RecordingLinkerDelegate cancelling;
+  cancelling.mCancelAfter = 1;
+  TestLinker cancelled;
+  EXPECT_FALSE(cancelled.Link(c.mModule, &cancelling));
+  EXPECT_TRUE(cancelled.LinkCancelled());
+  cancelled.LinkError(1, "after the cancel");
+  EXPECT_TRUE(cancelling.mFailures.empty());
 }

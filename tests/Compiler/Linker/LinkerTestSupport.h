@@ -1,5 +1,4 @@
-// Modules of hand-made blocks, and a linker whose merge results can be
-// read, for the linker core's tests.
+// Modules of hand-made blocks, and a linker whose merge results can be read.
 #ifndef TESTS_COMPILER_LINKER_LINKERTESTSUPPORT_H
 #define TESTS_COMPILER_LINKER_LINKERTESTSUPPORT_H
 
@@ -17,34 +16,28 @@ class ModuleBuilder {
     mModule->mProcessorFamily = kProcessorFamilyIA32;
   }
   FunctionBlock* Function(char const* name, unsigned length) {
-    FunctionBlock* block = mModule->MakeFunctionBlock();
-    Fill(block, name, length);
-    mModule->mFunctions.push_back(block);
-    return block;
+    return Fill(mModule->MakeFunctionBlock(), name, length, mModule->mFunctions);
   }
   StaticDataBlock* Static(char const* name, unsigned length) {
-    StaticDataBlock* block = mModule->MakeStaticDataBlock();
-    Fill(block, name, length);
-    mModule->mStaticData.push_back(block);
-    return block;
+    return Fill(mModule->MakeStaticDataBlock(), name, length, mModule->mStaticData);
   }
-  void Global(char const* name, unsigned size) {
-    mModule->mGlobals.AddEntry(name, size);
-  }
+  void Global(char const* name, unsigned size) { mModule->mGlobals.AddEntry(name, size); }
   Ref<CodeModule> mModule;
 
  private:
-  void Fill(LinkableDataBlock* block, char const* name, unsigned length) {
+  template <class B, class L>
+  B* Fill(B* block, char const* name, unsigned length, L& list) {
     block->mName = name;
     for (unsigned i = 0; i < length; i++) block->Append8(0x90);
+    list.push_back(block);
+    return block;
   }
 };
 
 // Each list caller is a call import per entry and a return.
 class TestLinker : public Linker {
  public:
-  void GenerateListCaller(string const& name,
-                          StringMap<string>& list) override {
+  void GenerateListCaller(string const& name, StringMap<string>& list) override {
     FunctionBlock* block = mSrc->MakeFunctionBlock();
     block->mName = name;
     StringMapIterator<string>* iter = list.NewIterator();
@@ -62,7 +55,6 @@ class TestLinker : public Linker {
   using Linker::mLiteralData;
   using Linker::mLiterals;
   using Linker::mOneCode;
-  using Linker::mSrc;
   using Linker::mStaticData;
   using Linker::mStaticDataMap;
 };
@@ -71,16 +63,13 @@ class TestLinker : public Linker {
 class RecordingLinkerDelegate : public LinkerDelegate {
  public:
   bool LinkerProgress() override { return ++mProgressCalls > mCancelAfter; }
-  void LinkerFailed(string const& message) override {
-    mFailures.push_back(Std(message));
-  }
+  void LinkerFailed(string const& message) override { mFailures.push_back(Std(message)); }
   int mProgressCalls = 0;
   int mCancelAfter = 1 << 30;
   std::vector<std::string> mFailures;
 };
 
-inline unsigned long Entry(StringMapCase<unsigned long>& map,
-                           char const* name) {
+inline unsigned long Entry(StringMapCase<unsigned long>& map, char const* name) {
   unsigned long value = ~0UL;
   map.GetEntry(name, value);
   return value;

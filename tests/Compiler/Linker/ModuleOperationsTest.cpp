@@ -1,25 +1,17 @@
-// The module-level operations: stripping what `% main` cannot reach, and
-// merging one module into another.
+// Stripping what `% main` cannot reach, and merging one module into another.
 #include "tests/Compiler/Linker/LinkerTestSupport.h"
 
 namespace {
 
-std::vector<std::string> FunctionNames(Ref<CodeModule> module) {
+template <class List>
+std::vector<std::string> Names(List const& blocks) {
   std::vector<std::string> names;
-  for (unsigned long i = 0; i < module->mFunctions.size(); i++)
-    names.push_back(Std(module->mFunctions[i]->mName));
+  for (unsigned long i = 0; i < blocks.size(); i++) names.push_back(Std(blocks[i]->mName));
   return names;
 }
 
-std::vector<std::string> StaticNames(Ref<CodeModule> module) {
-  std::vector<std::string> names;
-  for (unsigned long i = 0; i < module->mStaticData.size(); i++)
-    names.push_back(Std(module->mStaticData[i]->mName));
-  return names;
-}
-
-// main calls used, which reads Used.x; unused reads Unused.x and calls
-// helper; C.meta is reached through a global reference from used.
+// main calls used, which reads Used.x and C.meta (whose static block points
+// at method); unused reads Unused.x and calls helper.
 void BuildProgram(ModuleBuilder& b) {
   b.Function("% main", 8)->MarkImportAbsolute(Import::kImportCall32, "used", 1);
   FunctionBlock* used = b.Function("used", 12);
@@ -30,8 +22,7 @@ void BuildProgram(ModuleBuilder& b) {
   unused->MarkImportAbsolute(Import::kImportGlobal32, "Unused.x", 2);
   unused->MarkImportAbsolute(Import::kImportCall32, "helper", 4);
   b.Function("helper", 2);
-  b.Static("C.meta", 8)->MarkImportAbsolute(Import::kImportFunctionPtr,
-                                            "method", 0);
+  b.Static("C.meta", 8)->MarkImportAbsolute(Import::kImportFunctionPtr, "method", 0);
   b.Function("method", 2);
   b.Static("D.meta", 8);
   b.Global("Used.x", 4);
@@ -40,46 +31,30 @@ void BuildProgram(ModuleBuilder& b) {
 
 }  // namespace
 
-TEST(StripDeadCodeTest, WhatMainCannotReachGoesWithItsGlobals) {
-  ModuleBuilder b;
-  BuildProgram(b);
-  Linker::StripDeadCode(b.mModule, nullptr);
-  EXPECT_EQ((std::vector<std::string>{"% main", "used", "method"}),
-            FunctionNames(b.mModule));
-  EXPECT_EQ(std::vector<std::string>{"C.meta"}, StaticNames(b.mModule));
-  EXPECT_TRUE(b.mModule->mGlobals.HasEntry("Used.x"));
-  EXPECT_FALSE(b.mModule->mGlobals.HasEntry("Unused.x"));
-}
-
-TEST(StripDeadCodeTest, InitializersOfReachedItemsStayAndOthersGo) {
+TEST(StripDeadCodeTest, WhatMainCannotReachGoesWithItsGlobalsAndInitializers) {
   ModuleBuilder b;
   BuildProgram(b);
   b.Function("Used.init", 2);
   b.Function("Unused.init", 2);
   b.Function("Used.exit", 2);
+  b.Function("_VariantString.__Lookup%x%", 1);  // always kept
+  b.Function("_VariantOther.__Lookup%x%", 1);
   b.mModule->mInitializers.AddEntry("Used.x", "Used.init");
   b.mModule->mInitializers.AddEntry("Unused.x", "Unused.init");
   b.mModule->mFinalizers.AddEntry("Used.x", "Used.exit");
   Linker::StripDeadCode(b.mModule, nullptr);
-  EXPECT_EQ((std::vector<std::string>{"% main", "used", "method", "Used.init",
-                                      "Used.exit"}),
-            FunctionNames(b.mModule));
+  EXPECT_EQ((std::vector<std::string>{"% main", "used", "method", "Used.init", "Used.exit",
+                                      "_VariantString.__Lookup%x%"}),
+            Names(b.mModule->mFunctions));
+  EXPECT_EQ(std::vector<std::string>{"C.meta"}, Names(b.mModule->mStaticData));
+  EXPECT_TRUE(b.mModule->mGlobals.HasEntry("Used.x"));
+  EXPECT_FALSE(b.mModule->mGlobals.HasEntry("Unused.x"));
   EXPECT_TRUE(b.mModule->mInitializers.HasEntry("Used.x"));
   EXPECT_FALSE(b.mModule->mInitializers.HasEntry("Unused.x"));
   EXPECT_EQ(1u, b.mModule->mFinalizers.Count());
 }
 
-TEST(StripDeadCodeTest, VariantClassLookupsAreAlwaysKept) {
-  ModuleBuilder b;
-  b.Function("% main", 1);
-  b.Function("_VariantString.__Lookup%x%", 1);
-  b.Function("_VariantOther.__Lookup%x%", 1);
-  Linker::StripDeadCode(b.mModule, nullptr);
-  EXPECT_EQ((std::vector<std::string>{"% main", "_VariantString.__Lookup%x%"}),
-            FunctionNames(b.mModule));
-}
-
-TEST(StripDeadCodeTest, ACancelLeavesTheModuleUntouched) {
+TEST(StripDeadCodeTest, ACancelLeavesTheModuleUntouchedAndFaultsAreAssertions) {
   ModuleBuilder b;
   BuildProgram(b);
   RecordingLinkerDelegate delegate;
@@ -87,19 +62,13 @@ TEST(StripDeadCodeTest, ACancelLeavesTheModuleUntouched) {
   Linker::StripDeadCode(b.mModule, &delegate);
   EXPECT_EQ(5u, b.mModule->mFunctions.size());
   EXPECT_EQ(2u, b.mModule->mGlobals.Count());
-}
-
-TEST(StripDeadCodeTest, FaultyModulesAreAssertions) {
   ModuleBuilder twice;
   twice.Function("% main", 1);
   twice.Function("% main", 1);
-  EXPECT_ASSERTION(Linker::StripDeadCode(twice.mModule, nullptr),
-                   "Assertion failed");
+  EXPECT_ASSERTION(Linker::StripDeadCode(twice.mModule, nullptr), "Assertion failed");
   ModuleBuilder unknown;
-  unknown.Function("% main", 4)->MarkImportAbsolute(Import::kImportGlobal32,
-                                                    "Nowhere", 0);
-  EXPECT_ASSERTION(Linker::StripDeadCode(unknown.mModule, nullptr),
-                   "unknown global Nowhere");
+  unknown.Function("% main", 4)->MarkImportAbsolute(Import::kImportGlobal32, "Nowhere", 0);
+  EXPECT_ASSERTION(Linker::StripDeadCode(unknown.mModule, nullptr), "unknown global Nowhere");
 }
 
 TEST(MergeModulesTest, BlocksAreCopiedAndTablesAddedUp) {
@@ -113,15 +82,13 @@ TEST(MergeModulesTest, BlocksAreCopiedAndTablesAddedUp) {
   source.mModule->mInitializers.AddEntry("B", "B.init");
   source.mModule->mRequiredFrameworks.Add("Kit");
   Linker::Merge(dest.mModule, source.mModule);
-  EXPECT_EQ((std::vector<std::string>{"% main", "f"}),
-            FunctionNames(dest.mModule));
+  EXPECT_EQ((std::vector<std::string>{"% main", "f"}), Names(dest.mModule->mFunctions));
   EXPECT_NE(f, dest.mModule->mFunctions[1]);
   EXPECT_EQ(1u, dest.mModule->mFunctions[1]->mImports.size());
-  EXPECT_EQ(std::vector<std::string>{"S"}, StaticNames(dest.mModule));
+  EXPECT_EQ(std::vector<std::string>{"S"}, Names(dest.mModule->mStaticData));
   EXPECT_EQ(2u, dest.mModule->mGlobals.Count());
   EXPECT_TRUE(dest.mModule->mInitializers.HasEntry("B"));
   EXPECT_TRUE(dest.mModule->mRequiredFrameworks.Contains("Kit"));
   Linker::Merge(dest.mModule, Ref<CodeModule>());
   EXPECT_EQ(2u, dest.mModule->mFunctions.size());
 }
-
