@@ -5,41 +5,16 @@
 
 #include "Common/RuntimeColorFoundation.h"
 
-TEST(RuntimeColorMaking, RGBClampsEachComponent) {
+TEST(RuntimeColorMaking, ClampsWrapsAndComplements) {
   EXPECT_EQ(RuntimeRGB(300, -5, 128), 0xFF0080ul);
-  EXPECT_EQ(RuntimeRGB(0x12, 0x34, 0x56), 0x123456ul);
   EXPECT_EQ(fRGB(1.0, 0.5, -1.0), 0xFF7F00ul) << "truncated toward zero";
   EXPECT_EQ(fRGB(NAN, 2.0, 1e300), 0x00FFFFul);
-}
-
-TEST(RuntimeColorMaking, HSVSectorsAndEdges) {
-  EXPECT_EQ(RuntimeHSV(0, 1, 1), 0xFF0000ul);
   EXPECT_EQ(RuntimeHSV(1.0, 1, 1), 0xFF0000ul) << "hue 1 wraps to red";
   EXPECT_EQ(RuntimeHSV(-0.2, 1, 1), 0xFF0000ul);
-  EXPECT_EQ(RuntimeHSV(1.0 / 3, 1, 1), 0x00FF00ul);
-  EXPECT_EQ(RuntimeHSV(2.0 / 3, 1, 1), 0x0000FFul);
   EXPECT_EQ(RuntimeHSV(0.5, 0, 0.5), 0x7F7F7Ful) << "a grey";
-  EXPECT_EQ(RuntimeHSV(0.5, 0, 2.0), 0xFFFFFFul);
-}
-
-TEST(RuntimeColorMaking, CMYIsTheComplement) {
-  EXPECT_EQ(RuntimeCMY(0, 0, 0), 0xFFFFFFul);
-  EXPECT_EQ(RuntimeCMY(1, 1, 1), 0x000000ul);
   EXPECT_EQ(RuntimeCMY(1, 0, 0), 0x00FFFFul);
-}
-
-TEST(RuntimeColorReading, ComponentsAndComplements) {
-  unsigned long c = 0x3366CC;
-  EXPECT_EQ(readColorRed(c), 0x33);
-  EXPECT_EQ(readColorGreen(c), 0x66);
-  EXPECT_EQ(readColorBlue(c), 0xCC);
-  EXPECT_DOUBLE_EQ(readColorCyan(c), (255 - 0x33) / 255.0);
-  EXPECT_DOUBLE_EQ(readColorMagenta(c), (255 - 0x66) / 255.0);
-  EXPECT_DOUBLE_EQ(readColorYellow(c), (255 - 0xCC) / 255.0);
-  EXPECT_DOUBLE_EQ(readColorHue(0x00FF00), 1.0 / 3);
   EXPECT_DOUBLE_EQ(readColorHue(0xFF00FF), 5.0 / 6) << "negative hue wraps";
   EXPECT_DOUBLE_EQ(readColorSaturation(0x808080), 0);
-  EXPECT_DOUBLE_EQ(readColorValue(0x0000FF), 1);
 }
 
 // Every 17th level of each byte survives the trip through HSV and through

@@ -1,69 +1,65 @@
-// The runner's command line: which arguments make a run, and which are
-// usage errors.
+// The runner's command line and its words for compile error numbers.
 #include <gtest/gtest.h>
 
 #include "QuorlRunner/CommandLine.h"
+#include "QuorlRunner/CompileErrorMessages.h"
 
 namespace {
 
 using quorl::runner::CommandLine;
-using quorl::runner::ParseCommandLine;
+using quorl::runner::CompileErrorMessage;
 
 CommandLine Parse(std::vector<std::string> const& arguments) {
-  return ParseCommandLine(arguments);
+  return quorl::runner::ParseCommandLine(arguments);
 }
 
-TEST(RunnerCommandLine, OptionsMayComeBeforeOrAfterTheFile) {
+TEST(RunnerCommandLine, FilesOptionsAndValues) {
   CommandLine plain = Parse({"hello.qs"});
   EXPECT_EQ(plain.error, "");
   EXPECT_EQ(plain.options.file, "hello.qs");
   EXPECT_FALSE(plain.options.check);
-  EXPECT_TRUE(Parse({"--check", "a.qs"}).options.check);
   CommandLine after = Parse({"a.qs", "--check"});
   EXPECT_TRUE(after.options.check);
   EXPECT_EQ(after.options.file, "a.qs");
-}
-
-TEST(RunnerCommandLine, ADashIsStandardInput) {
-  CommandLine command = Parse({"-"});
-  EXPECT_EQ(command.error, "");
-  EXPECT_EQ(command.options.file, "-");
-  EXPECT_EQ(quorl::runner::DisplayName(command.options), "<stdin>");
-  EXPECT_EQ(quorl::runner::DisplayName(Parse({"a.qs"}).options), "a.qs");
-}
-
-TEST(RunnerCommandLine, ValuesComeInlineOrAsTheNextArgument) {
+  EXPECT_EQ(quorl::runner::DisplayName(Parse({"-"}).options), "<stdin>");
   EXPECT_EQ(Parse({"--plugin=/x/p.so", "a.qs"}).options.pluginPath, "/x/p.so");
   CommandLine separate = Parse({"--plugin", "/x/p.so", "a.qs"});
   EXPECT_EQ(separate.options.pluginPath, "/x/p.so");
   EXPECT_EQ(separate.options.file, "a.qs");
-  EXPECT_NE(Parse({"a.qs", "--plugin"}).error, "");
-}
-
-TEST(RunnerCommandLine, DoubleDashEndsTheOptions) {
-  CommandLine command = Parse({"--", "--check"});
-  EXPECT_EQ(command.error, "");
-  EXPECT_EQ(command.options.file, "--check");
-  EXPECT_FALSE(command.options.check);
+  CommandLine dashes = Parse({"--", "--check"});
+  EXPECT_EQ(dashes.options.file, "--check");
+  EXPECT_FALSE(dashes.options.check);
 }
 
 TEST(RunnerCommandLine, UsageErrorsSayWhatIsWrong) {
-  EXPECT_NE(Parse({}).error.find("no script file"), std::string::npos);
-  EXPECT_NE(Parse({"--frobnicate", "a.qs"}).error.find("'--frobnicate'"),
-            std::string::npos);
-  EXPECT_NE(Parse({"-x", "a.qs"}).error.find("unknown option"), std::string::npos);
-  EXPECT_NE(Parse({"a.qs", "b.qs"}).error.find("'b.qs'"), std::string::npos);
-  EXPECT_NE(Parse({"--check=yes", "a.qs"}).error.find("takes no value"),
-            std::string::npos);
-  EXPECT_NE(Parse({"--check"}).error, "");
+  std::pair<std::vector<std::string>, char const*> rows[] = {
+      {{}, "no script file"}, {{"--frobnicate", "a.qs"}, "'--frobnicate'"},
+      {{"-x", "a.qs"}, "unknown option"}, {{"a.qs", "b.qs"}, "'b.qs'"},
+      {{"--check=yes", "a.qs"}, "takes no value"}, {{"--check"}, ""},
+      {{"a.qs", "--plugin"}, ""}};
+  for (auto const& row : rows) {
+    std::string error = Parse(row.first).error;
+    EXPECT_NE(error, "") << row.second;
+    EXPECT_NE(error.find(row.second), std::string::npos) << error;
+  }
   EXPECT_EQ(Parse({"-h"}).error, "") << "help needs no file";
-}
-
-TEST(RunnerCommandLine, TheHelpCoversEveryOptionAndStatus) {
   std::string help = quorl::runner::HelpText();
   for (char const* text : {"--help", "-h", "--check", "--plugin PATH", "'-'",
                            "  0 ", "  1 ", "  2 ", "  64", "  66", "  69", "  70"})
     EXPECT_NE(help.find(text), std::string::npos) << text;
+}
+
+TEST(RunnerMessages, EveryNumberTheEngineRaisesHasItsOwnText) {
+  std::string generic = CompileErrorMessage(9999);
+  int const raised[][2] = {{1, 2}, {5, 7}, {9, 12}, {14, 22}, {24, 35}, {37, 37}, {41, 48},
+                           {52, 52}, {62, 63}, {65, 65}, {67, 73}, {75, 87}, {89, 90},
+                           {93, 93}, {95, 100}, {103, 110}, {112, 122}, {124, 131}, {133, 137}};
+  for (auto const& range : raised)
+    for (int number = range[0]; number <= range[1]; ++number)
+      EXPECT_NE(CompileErrorMessage(number), generic) << "error " << number;
+  EXPECT_STREQ(CompileErrorMessage(82), "parameter after ParamArray");
+  for (int number : {0, -1, 3, 4, 8, 13, 23, 88, 138, 100000})
+    EXPECT_STREQ(CompileErrorMessage(number), "compile error") << number;
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 // What the runner writes for each event, and the exit status a run ends
-// with. The engine is linked in, with a scripted interpreter standing in for
-// compiled code.
+// with. A scripted interpreter stands in for compiled code.
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -17,29 +16,16 @@ std::string Contents(std::FILE* stream) {
   std::fflush(stream);
   std::rewind(stream);
   std::string text;
-  int c;
-  while ((c = std::fgetc(stream)) != EOF) text += static_cast<char>(c);
+  for (int c; (c = std::fgetc(stream)) != EOF;) text += static_cast<char>(c);
   return text;
 }
 
 class RunnerEvents : public ::testing::Test {
  protected:
-  RunnerEvents() {
-    console.in = std::tmpfile();
-    console.out = std::tmpfile();
-    console.err = std::tmpfile();
-  }
+  RunnerEvents() { console = {std::tmpfile(), std::tmpfile(), std::tmpfile()}; }
   ~RunnerEvents() override {
-    std::fclose(console.in);
-    std::fclose(console.out);
-    std::fclose(console.err);
+    for (std::FILE* f : {console.in, console.out, console.err}) std::fclose(f);
   }
-
-  void GiveInput(std::string const& text) {
-    std::fputs(text.c_str(), console.in);
-    std::rewind(console.in);
-  }
-
   int Execute(ScriptedInterpreter::Program program, bool check = false) {
     InstallProgram(script, std::move(program));
     RunnerOptions options;
@@ -47,54 +33,43 @@ class RunnerEvents : public ::testing::Test {
     options.check = check;
     return ExecuteScript(script, options, "source", console);
   }
-
   LinkedEngine engine;
   quorl::Script script;
   Console console;
 };
 
-TEST_F(RunnerEvents, PrintWritesEachTextOnItsOwnLine) {
-  int status = Execute([](ScriptedInterpreter& code) {
-    code.Say("hello");
+TEST_F(RunnerEvents, PrintAndInputUseOneLineEach) {
+  std::fputs("Ada\r\nBob\nCy", console.in);
+  std::rewind(console.in);
+  std::vector<std::string> answers;
+  int status = Execute([&](ScriptedInterpreter& code) {
     code.Say("");
     code.Say("w\xC3\xB6rld");
-  });
-  EXPECT_EQ(status, kExitCompleted);
-  EXPECT_EQ(Contents(console.out), "hello\n\nw\xC3\xB6rld\n");
-  EXPECT_EQ(Contents(console.err), "");
-}
-
-TEST_F(RunnerEvents, InputPromptsAndReadsOneLineWithoutItsEnd) {
-  GiveInput("Ada\r\nBob\nCy");
-  std::vector<std::string> answers;
-  Execute([&](ScriptedInterpreter& code) {
     for (int i = 0; i < 4; ++i) answers.push_back(code.Ask("? "));
   });
+  EXPECT_EQ(status, kExitCompleted);
   EXPECT_EQ(answers, (std::vector<std::string>{"Ada", "Bob", "Cy", "<null>"}));
-  EXPECT_EQ(Contents(console.out), "? ? ? ? ");
+  EXPECT_EQ(Contents(console.out), "\nw\xC3\xB6rld\n? ? ? ? ");
+  EXPECT_EQ(Contents(console.err), "");
+  script.Run();  // the console is disconnected after the call
+  EXPECT_EQ(Contents(console.out), "\nw\xC3\xB6rld\n? ? ? ? ");
 }
 
 TEST_F(RunnerEvents, CompileErrorsAreReportedWithLinesFromOne) {
-  int status = Execute([](ScriptedInterpreter& code) {
-    code.CompilerError(static_cast<CompileErrorCode>(2), 0);
-    code.CompilerError(static_cast<CompileErrorCode>(11), 41);
-    code.CompilerError(static_cast<CompileErrorCode>(4242), 3);
-  });
-  EXPECT_EQ(status, kExitCompileErrors);
-  EXPECT_EQ(Contents(console.err),
-            "demo.qs:1: error 2: type mismatch\n"
-            "demo.qs:42: error 11: unknown name\n"
-            "demo.qs:4: error 4242: compile error\n");
-}
-
-TEST_F(RunnerEvents, CheckReportsCompileErrorsToo) {
-  int status = Execute(
-      [](ScriptedInterpreter& code) {
-        code.CompilerError(static_cast<CompileErrorCode>(1), 6);
-      },
-      true);
-  EXPECT_EQ(status, kExitCompileErrors);
-  EXPECT_EQ(Contents(console.err), "demo.qs:7: error 1: syntax error\n");
+  for (bool check : {false, true}) {
+    std::fclose(console.err);
+    console.err = std::tmpfile();
+    int status = Execute([](ScriptedInterpreter& code) {
+      code.CompilerError(static_cast<CompileErrorCode>(2), 0);
+      code.CompilerError(static_cast<CompileErrorCode>(11), 41);
+      code.CompilerError(static_cast<CompileErrorCode>(4242), 3);
+    }, check);
+    EXPECT_EQ(status, kExitCompileErrors);
+    EXPECT_EQ(Contents(console.err),
+              "demo.qs:1: error 2: type mismatch\n"
+              "demo.qs:42: error 11: unknown name\n"
+              "demo.qs:4: error 4242: compile error\n");
+  }
 }
 
 TEST_F(RunnerEvents, ARuntimeErrorNamesTheExceptionClassAfterTheOutput) {
@@ -105,12 +80,6 @@ TEST_F(RunnerEvents, ARuntimeErrorNamesTheExceptionClassAfterTheOutput) {
   EXPECT_EQ(status, kExitRuntimeError);
   EXPECT_EQ(Contents(console.out), "before\n");
   EXPECT_EQ(Contents(console.err), "demo.qs: runtime error: OutOfBoundsException\n");
-}
-
-TEST_F(RunnerEvents, TheConsoleIsDisconnectedAfterTheCall) {
-  Execute([](ScriptedInterpreter& code) { code.Say("one"); });
-  script.Run();
-  EXPECT_EQ(Contents(console.out), "one\n");
 }
 
 }  // namespace

@@ -15,16 +15,12 @@ void AttachLinkedEngine(quorl::HostOptions const& options) {
   quorl::Attach(&VELDPluginMain, options);
 }
 
-ScriptedInterpreter* InstallProgram(quorl::Script& script,
-                                    ScriptedInterpreter::Program program) {
+ScriptedInterpreter* InstallProgram(quorl::Script& script, ScriptedInterpreter::Program program) {
   QuorlScriptData* data = DataOf(script);
   delete data->mInterface;
-  auto* interpreter =
-      new ScriptedInterpreter(script.Instance(), std::move(program));
+  auto* interpreter = new ScriptedInterpreter(script.Instance(), std::move(program));
   data->mInterface = interpreter;
   return interpreter;
 }
 
-QuorlScriptData* DataOf(quorl::Script const& script) {
-  return QuorlScriptDataOf(script.Instance());
-}
+QuorlScriptData* DataOf(quorl::Script const& script) { return QuorlScriptDataOf(script.Instance()); }

@@ -32,16 +32,15 @@ int Compare(TacOpcode op, double a, double b) {
 }  // namespace
 
 TEST(CGIA32FloatTest, DoubleAndSingleArithmeticOnBothUnits) {
+  struct { TacOpcode op; double a, b, expected; } const rows[] = {
+      {kTacAdd, 1.5, 2.25, 3.75}, {kTacSub, 1.5, 2.25, -0.75}, {kTacMul, 1.5, 2.25, 3.375},
+      {kTacDiv, 1.0, 2.0, 0.5},   {kTacDiv, 1.0, 4.0, 0.25},   {kTacMul, 1.5, 4.0, 6.0}};
   for (bool sse : {false, true}) {
-    EXPECT_EQ(3.75, Double(kTacAdd, 1.5, 2.25, sse));
-    EXPECT_EQ(-0.75, Double(kTacSub, 1.5, 2.25, sse));
-    EXPECT_EQ(3.375, Double(kTacMul, 1.5, 2.25, sse));
-    EXPECT_EQ(0.5, Double(kTacDiv, 1.0, 2.0, sse));
+    for (auto const& r : rows) {
+      EXPECT_EQ(r.expected, Double(r.op, r.a, r.b, sse)) << TacOpcodeName(r.op) << sse;
+      EXPECT_EQ(float(r.expected), Single(r.op, float(r.a), float(r.b), sse)) << TacOpcodeName(r.op) << sse;
+    }
     EXPECT_TRUE(isinf(Double(kTacDiv, 1.0, 0.0, sse)));
-    EXPECT_EQ(3.75f, Single(kTacAdd, 1.5f, 2.25f, sse));
-    EXPECT_EQ(-0.75f, Single(kTacSub, 1.5f, 2.25f, sse));
-    EXPECT_EQ(0.25f, Single(kTacDiv, 1.0f, 4.0f, sse));
-    EXPECT_EQ(6.0f, Single(kTacMul, 1.5f, 4.0f, sse));
   }
   EXPECT_EQ(1024.0, Double(kTacPow, 2.0, 10.0));
   auto neg = UnaryFunction(kTacNeg, kReal64Type, kReal64Type);
@@ -49,19 +48,13 @@ TEST(CGIA32FloatTest, DoubleAndSingleArithmeticOnBothUnits) {
 }
 
 TEST(CGIA32FloatTest, ComparisonsWithNaN) {
-  double nan = NAN;
-  EXPECT_EQ(0, Compare(kTacEQ, nan, 1.0));
-  EXPECT_EQ(0, Compare(kTacLT, nan, 1.0));
-  EXPECT_EQ(0, Compare(kTacLT, 1.0, nan));
-  EXPECT_EQ(1, Compare(kTacNE, nan, 1.0));
-  EXPECT_EQ(1, Compare(kTacLE, nan, 1.0));
-  EXPECT_EQ(1, Compare(kTacEQ, 2.0, 2.0));
-  EXPECT_EQ(1, Compare(kTacLT, 1.0, 2.0));
-  EXPECT_EQ(0, Compare(kTacLT, 2.0, 1.0));
-  EXPECT_EQ(0, Compare(kTacLT, 2.0, 2.0));
-  EXPECT_EQ(1, Compare(kTacLE, 2.0, 2.0));
-  EXPECT_EQ(0, Compare(kTacLE, 3.0, 2.0));
-  EXPECT_EQ(0, Compare(kTacNE, 2.0, 2.0));
+  double const nan = NAN;
+  struct { TacOpcode op; double a, b; int expected; } const rows[] = {
+      {kTacEQ, nan, 1.0, 0}, {kTacLT, nan, 1.0, 0}, {kTacLT, 1.0, nan, 0}, {kTacNE, nan, 1.0, 1},
+      {kTacLE, nan, 1.0, 1}, {kTacEQ, 2.0, 2.0, 1}, {kTacLT, 1.0, 2.0, 1}, {kTacLT, 2.0, 1.0, 0},
+      {kTacLT, 2.0, 2.0, 0}, {kTacLE, 2.0, 2.0, 1}, {kTacLE, 3.0, 2.0, 0}, {kTacNE, 2.0, 2.0, 0}};
+  for (auto const& r : rows)
+    EXPECT_EQ(r.expected, Compare(r.op, r.a, r.b)) << TacOpcodeName(r.op) << " " << r.a << ", " << r.b;
 }
 
 // Float constants reach the x87 stack and SSE registers through the stack.
@@ -88,74 +81,72 @@ TEST(CGIA32FloatTest, Constants) {
   }
 }
 
+namespace {
+
+// A value of either kind; which one counts follows the type.
+struct Value {
+  int64_t i;
+  double d;
+};
+Value I(int64_t i) { return {i, 0}; }
+Value D(double d) { return {0, d}; }
+
+// 0: one word, 1: two words, 2: Single, 3: Double.
+int Kind(SimpleDataType type) {
+  if (type == kReal32Type) return 2;
+  if (type == kReal64Type) return 3;
+  return IRDataType(type).StorageSize() == 8 ? 1 : 0;
+}
+
+template <class A>
+Value CallWith(void* f, SimpleDataType to, A a) {
+  switch (Kind(to)) {
+    case 0: return I(reinterpret_cast<uint32_t (*)(A)>(f)(a));
+    case 1: return I(reinterpret_cast<int64_t (*)(A)>(f)(a));
+    case 2: return D(reinterpret_cast<float (*)(A)>(f)(a));
+    default: return D(reinterpret_cast<double (*)(A)>(f)(a));
+  }
+}
+
+}  // namespace
+
 // Every pair of the conversion table, through f(a) = Cvt a.
 TEST(CGIA32FloatTest, EveryConversionPair) {
-  auto cvt = [](SimpleDataType from, SimpleDataType to) {
-    return UnaryFunction(kTacCvt, from, to);
-  };
-  auto i32 = [](std::unique_ptr<LoadedCode> const& c, int32_t v) {
-    return reinterpret_cast<int64_t (*)(int32_t)>(c->Function("f"))(v);
-  };
-  auto i64 = [](std::unique_ptr<LoadedCode> const& c, int64_t v) {
-    return reinterpret_cast<int64_t (*)(int64_t)>(c->Function("f"))(v);
-  };
-  // Integer to integer: moves, widening by the source's signedness.
-  EXPECT_EQ(-5, (int32_t)i32(cvt(kSInt32Type, kUInt32Type), -5));
-  EXPECT_EQ(-5, i32(cvt(kSInt32Type, kSInt64Type), -5));
-  EXPECT_EQ(0xFFFFFFFBLL, i32(cvt(kUInt32Type, kSInt64Type), -5));
-  EXPECT_EQ(0xFFFFFFFBLL, i32(cvt(kUInt32Type, kUInt64Type), -5));
-  EXPECT_EQ(-5, (int32_t)i32(cvt(kUInt32Type, kSInt32Type), -5));
-  EXPECT_EQ(7, (int32_t)i64(cvt(kSInt64Type, kSInt32Type), 0x500000007LL));
-  EXPECT_EQ(7, (int32_t)i64(cvt(kUInt64Type, kUInt32Type), 0x500000007LL));
-  EXPECT_EQ(-1, i64(cvt(kUInt64Type, kSInt64Type), -1));
-  EXPECT_EQ(-1, i64(cvt(kSInt64Type, kUInt64Type), -1));
-  EXPECT_EQ(-2, i32(cvt(kSInt8Type, kSInt64Type), 0x1FE));
-  EXPECT_EQ(0xFE, (int32_t)i32(cvt(kSInt32Type, kUInt8Type), 0x1FE));
-  // To Double and Single.
-  auto toDouble32 = [&](SimpleDataType from, int32_t v) {
-    return reinterpret_cast<double (*)(int32_t)>(cvt(from, kReal64Type)->Function("f"))(v);
-  };
-  EXPECT_EQ(-3.0, toDouble32(kSInt32Type, -3));
-  EXPECT_EQ(4294967293.0, toDouble32(kUInt32Type, -3));
-  auto d64 = cvt(kSInt64Type, kReal64Type);
-  EXPECT_EQ(-3e12, reinterpret_cast<double (*)(int64_t)>(d64->Function("f"))(-3000000000000LL));
-  auto du64 = cvt(kUInt64Type, kReal64Type);
-  EXPECT_EQ(18446744073709551615.0,
-            reinterpret_cast<double (*)(uint64_t)>(du64->Function("f"))(~0ull));
-  auto toSingle = cvt(kSInt32Type, kReal32Type);
-  EXPECT_EQ(-3.0f, reinterpret_cast<float (*)(int32_t)>(toSingle->Function("f"))(-3));
-  auto widen = cvt(kReal32Type, kReal64Type);
-  EXPECT_EQ(1.5, reinterpret_cast<double (*)(float)>(widen->Function("f"))(1.5f));
-  auto narrow = cvt(kReal64Type, kReal32Type);
-  EXPECT_EQ(1.5f, reinterpret_cast<float (*)(double)>(narrow->Function("f"))(1.5));
-  // From Double and Single: truncation toward zero.
-  auto fromDouble = [&](SimpleDataType to, double v) {
-    return reinterpret_cast<int64_t (*)(double)>(cvt(kReal64Type, to)->Function("f"))(v);
-  };
-  EXPECT_EQ(-2, (int32_t)fromDouble(kSInt32Type, -2.9));
-  EXPECT_EQ(3000000000u, (uint32_t)fromDouble(kUInt32Type, 3000000000.7));
-  EXPECT_EQ(-5000000000LL, fromDouble(kSInt64Type, -5000000000.5));
-  EXPECT_EQ(int64_t(10000000000000000000ull), fromDouble(kUInt64Type, 1e19));
-  EXPECT_EQ(12346, fromDouble(kCurrencyType, 1.23456));
-  auto fromSingle = [&](SimpleDataType to, float v) {
-    return reinterpret_cast<int64_t (*)(float)>(cvt(kReal32Type, to)->Function("f"))(v);
-  };
-  EXPECT_EQ(-2, (int32_t)fromSingle(kSInt32Type, -2.5f));
-  EXPECT_EQ(7u, (uint32_t)fromSingle(kUInt32Type, 7.9f));
-  EXPECT_EQ(-4, fromSingle(kSInt64Type, -4.5f));
-  EXPECT_EQ(9, fromSingle(kUInt64Type, 9.5f));
-  EXPECT_EQ(15000, fromSingle(kCurrencyType, 1.5f));
-  // Currency: scaled by 10,000.
-  EXPECT_EQ(-70000, i32(cvt(kSInt32Type, kCurrencyType), -7));
-  EXPECT_EQ(42949672950000LL, i32(cvt(kUInt32Type, kCurrencyType), -1));
-  EXPECT_EQ(50000, i64(cvt(kSInt64Type, kCurrencyType), 5));
-  EXPECT_EQ(50000, i64(cvt(kUInt64Type, kCurrencyType), 5));
-  EXPECT_EQ(-1, (int32_t)i64(cvt(kCurrencyType, kSInt32Type), -19999));
-  EXPECT_EQ(2u, (uint32_t)i64(cvt(kCurrencyType, kUInt32Type), 29999));
-  EXPECT_EQ(300000, i64(cvt(kCurrencyType, kSInt64Type), 3000000000LL));
-  EXPECT_EQ(3, i64(cvt(kCurrencyType, kUInt64Type), 30000));
-  auto money = cvt(kCurrencyType, kReal64Type);
-  EXPECT_EQ(1.2345, reinterpret_cast<double (*)(int64_t)>(money->Function("f"))(12345));
+  SimpleDataType const S = kSInt32Type, U = kUInt32Type, L = kSInt64Type, M = kUInt64Type,
+                       C = kCurrencyType, F = kReal32Type, R = kReal64Type;
+  struct { SimpleDataType from, to; Value in, out; } const rows[] = {
+      // Integer to integer: moves, widening by the source's signedness.
+      {S, U, I(-5), I(-5)}, {S, L, I(-5), I(-5)}, {U, L, I(-5), I(0xFFFFFFFBLL)},
+      {U, M, I(-5), I(0xFFFFFFFBLL)}, {U, S, I(-5), I(-5)}, {L, S, I(0x500000007LL), I(7)},
+      {M, U, I(0x500000007LL), I(7)}, {M, L, I(-1), I(-1)}, {L, M, I(-1), I(-1)},
+      {kSInt8Type, L, I(0x1FE), I(-2)}, {S, kUInt8Type, I(0x1FE), I(0xFE)},
+      // To Double and Single.
+      {S, R, I(-3), D(-3.0)}, {U, R, I(-3), D(4294967293.0)}, {L, R, I(-3000000000000LL), D(-3e12)},
+      {M, R, I(-1), D(18446744073709551615.0)}, {S, F, I(-3), D(-3.0)}, {F, R, D(1.5), D(1.5)},
+      {R, F, D(1.5), D(1.5)},
+      // From Double and Single: truncation toward zero.
+      {R, S, D(-2.9), I(-2)}, {R, U, D(3000000000.7), I(3000000000u)},
+      {R, L, D(-5000000000.5), I(-5000000000LL)}, {R, M, D(1e19), I(int64_t(10000000000000000000ull))},
+      {R, C, D(1.23456), I(12346)}, {F, S, D(-2.5), I(-2)}, {F, U, D(7.9), I(7)},
+      {F, L, D(-4.5), I(-4)}, {F, M, D(9.5), I(9)}, {F, C, D(1.5), I(15000)},
+      // Currency: scaled by 10,000.
+      {S, C, I(-7), I(-70000)}, {U, C, I(-1), I(42949672950000LL)}, {L, C, I(5), I(50000)},
+      {M, C, I(5), I(50000)}, {C, S, I(-19999), I(-1)}, {C, U, I(29999), I(2)},
+      {C, L, I(3000000000LL), I(300000)}, {C, M, I(30000), I(3)}, {C, R, I(12345), D(1.2345)}};
+  for (auto const& r : rows) {
+    auto code = UnaryFunction(kTacCvt, r.from, r.to);
+    void* f = code->Function("f");
+    Value out = Kind(r.from) == 0   ? CallWith(f, r.to, int32_t(r.in.i))
+                : Kind(r.from) == 1 ? CallWith(f, r.to, r.in.i)
+                : Kind(r.from) == 2 ? CallWith(f, r.to, float(r.in.d))
+                                    : CallWith(f, r.to, r.in.d);
+    std::string row = IRDataType(r.from).ToString().CString() + std::string(" to ") +
+                      IRDataType(r.to).ToString().CString();
+    if (Kind(r.to) == 0) EXPECT_EQ(uint32_t(r.out.i), uint32_t(out.i)) << row;
+    if (Kind(r.to) == 1) EXPECT_EQ(r.out.i, out.i) << row;
+    if (Kind(r.to) == 2) EXPECT_EQ(float(r.out.d), float(out.d)) << row;
+    if (Kind(r.to) == 3) EXPECT_EQ(r.out.d, out.d) << row;
+  }
 }
 
 TEST(CGIA32FloatTest, CurrencyArithmetic) {

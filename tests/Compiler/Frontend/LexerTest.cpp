@@ -1,5 +1,5 @@
-// Token rules that are easy to get wrong, literal types and values, and
-// tokens longer than the token buffer.
+// Token rules that are easy to get wrong, literal types and values, tokens
+// longer than the token buffer, and reading ahead and past text.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -34,15 +34,19 @@ class LexerFixture : public testing::Test {
     EXPECT_EQ(expectedToken, GetToken()) << text;
     return yylval;
   }
+  // The identifier text of the next token, or "#<number>" for others.
+  std::string Next() {
+    int token = GetToken();
+    return token == kTokIdent ? yylval->toString().CString()
+                              : "#" + std::to_string(token);
+  }
+  static std::string T(int token) { return "#" + std::to_string(token); }
   SrcContext* mContext = nullptr;
   std::string mText;
 };
 
 TEST_F(LexerFixture, TokenSequences) {
-  struct Case {
-    std::string text;
-    Toks tokens;
-  } cases[] = {
+  struct Case { std::string text; Toks tokens; } cases[] = {
       // The first "=" of one dotted name assigns.
       {"a = b = c", {kId, kAs, kId, '=', kId}},
       {"a(x = 1) = 2", {kId, '(', kId, '=', kInt, ')', kAs, kInt}},
@@ -113,54 +117,43 @@ TEST_F(LexerFixture, LineCounting) {
   EXPECT_EQ(0u, total_lines());
 }
 
-TEST_F(LexerFixture, IntegerLiterals) {
-  struct Case {  // kNoType: the type is not checked
-    char const* text;
-    SimpleDataType type;
-    bool wide;
-    long long value;
-  } cases[] = {
-      {"0", kSInt32Type, false, 0},
-      {"2147483647", kSInt32Type, false, 2147483647LL},
-      {"2147483648", kSInt64Type, true, 2147483648LL},
-      {"4294967295", kSInt64Type, true, 4294967295LL},
-      {"4294967296", kSInt64Type, true, 4294967296LL},
-      {"&hFFFFFFFF", kUInt32Type, false, -1},
-      {"&h100000000", kUInt64Type, true, 0x100000000LL},
-      {"&o10", kNoType, false, 8},
-      {"&B101", kNoType, false, 5},
-      {"&h", kNoType, false, 0},
-      {"&h123456789ABCDEF01", kNoType, true, 0x23456789ABCDEF01LL},  // overflow
+TEST_F(LexerFixture, NumberLiterals) {
+  // kNoType: the type is not checked. Values past Int32 are read as 64 bits.
+  struct Case { char const* text; int token; SimpleDataType type; long long value; double real; } cases[] = {
+      {"0", kInt, kSInt32Type, 0, 0},
+      {"2147483647", kInt, kSInt32Type, 2147483647LL, 0},
+      {"2147483648", kInt, kSInt64Type, 2147483648LL, 0},
+      {"4294967295", kInt, kSInt64Type, 4294967295LL, 0},
+      {"4294967296", kInt, kSInt64Type, 4294967296LL, 0},
+      {"&hFFFFFFFF", kInt, kUInt32Type, -1, 0},
+      {"&h100000000", kInt, kUInt64Type, 0x100000000LL, 0},
+      {"&o10", kInt, kNoType, 8, 0},
+      {"&B101", kInt, kNoType, 5, 0},
+      {"&h", kInt, kNoType, 0, 0},
+      {"&h123456789ABCDEF01", kInt, kNoType, 0x23456789ABCDEF01LL, 0},  // overflow
+      {"1.", kTokFloat, kReal64Type, 0, 1.0},
+      {"1.5e3", kTokFloat, kReal64Type, 0, 1500.0},
+      {"1e", kTokFloat, kReal64Type, 0, 1.0},
+      {".5", kTokFloat, kReal64Type, 0, 0.5},
+      {"2E-2", kTokFloat, kReal64Type, 0, 0.02},
+      {"3.25", kTokFloat, kReal64Type, 0, 3.25},
+      // Colour digits have fixed places.
+      {"&c00FF00", kTokColor, kColorType, 0x00FF00, 0},
+      {"&cFF", kTokColor, kColorType, 0xFF0000, 0},
+      {"&c", kTokColor, kColorType, 0, 0},
+      {"&C123456", kTokColor, kColorType, 0x123456, 0},
+      {"&c1", kTokColor, kColorType, 0x100000, 0},
   };
   for (auto const& c : cases) {
-    SemBase* v = Literal(c.text, kInt);
-    if (c.type != kNoType)
-      EXPECT_EQ(c.type, v->GetType().GetMainType()) << c.text;
-    EXPECT_EQ(c.value, c.wide ? v->GetValue().uSInt64 : v->GetValue().uSInt32)
-        << c.text;
-  }
-}
-
-TEST_F(LexerFixture, RealAndColourLiterals) {
-  struct Real {
-    char const* text;
-    double value;
-  } reals[] = {{"1.", 1.0}, {"1.5e3", 1500.0}, {"1e", 1.0},
-               {".5", 0.5}, {"2E-2", 0.02},    {"3.25", 3.25}};
-  for (auto const& c : reals) {
-    SemBase* v = Literal(c.text, kTokFloat);
-    EXPECT_EQ(kReal64Type, v->GetType().GetMainType()) << c.text;
-    EXPECT_DOUBLE_EQ(c.value, v->GetValue().uReal64) << c.text;
-  }
-  struct Colour {
-    char const* text;
-    long value;
-  } colours[] = {{"&c00FF00", 0x00FF00}, {"&cFF", 0xFF0000}, {"&c", 0},
-                 {"&C123456", 0x123456}, {"&c1", 0x100000}};
-  for (auto const& c : colours) {
-    SemBase* v = Literal(c.text, kTokColor);
-    EXPECT_EQ(kColorType, v->GetType().GetMainType()) << c.text;
-    EXPECT_EQ(c.value, v->GetValue().uSInt32) << c.text;
+    IRValue const& v = Literal(c.text, c.token)->GetValue();
+    if (c.type != kNoType) {
+      EXPECT_EQ(c.type, yylval->GetType().GetMainType()) << c.text;
+    }
+    if (c.token == kTokFloat) {
+      EXPECT_DOUBLE_EQ(c.real, v.uReal64) << c.text;
+    } else {
+      EXPECT_EQ(c.value, c.value > 0x7FFFFFFFLL ? v.uSInt64 : v.uSInt32) << c.text;
+    }
   }
 }
 
@@ -208,6 +201,66 @@ TEST_F(LexerFixture, KeywordValuesNamesAndLongTokens) {
   v = Literal("\"" + std::string(7000, 's') + "\"", kTokString);
   EXPECT_EQ(7000u, v->GetValue().mString.Length());
   EXPECT_EQ(Toks({'#'}), Tokens("#" + std::string(5000, 'd')));
+}
+
+TEST_F(LexerFixture, PeekAndIgnoreRestOfLine) {
+  Start("a\nb c");
+  EXPECT_EQ("a", Next());
+  EXPECT_TRUE(IsAtEndOfLine());
+  EXPECT_EQ("#361", Next());
+  EXPECT_EQ("b", Next());
+  EXPECT_FALSE(IsAtEndOfLine());
+  EXPECT_EQ("c", Next());
+  Start("a b c\nd");
+  Next();
+  IgnoreRestOfLine();  // leaves the line end
+  EXPECT_EQ("#361", Next());
+  EXPECT_EQ("d", Next());
+  Start("a b c");
+  Next();
+  IgnoreRestOfLine();
+  EXPECT_EQ("#-1", Next());
+}
+
+TEST_F(LexerFixture, SkipsStopBeforeWhatTheGrammarReads) {
+  // skip 0: to the end of the method; 1: a false branch; 2: to the #endif.
+  struct Case { char const* text; int skip; std::vector<std::string> next; } cases[] = {
+      {"x = 1\nEnd If\nEnd Function\ny", 0, {T(kTokEnd), T(kTokFunction)}},
+      {"x y z", 0, {"#-1"}},
+      {"a\n#if x\nb\n#endif\nc\n#else\nd\n#endif\n", 1, {"d"}},  // past #else
+      {"a\n#endif\n", 1, {T(kTokEndIfDirective)}},
+      {"a\n#elseif y\n", 1, {T(kTokElseIfDirective)}},
+      {"a\n#else\nb\n#elseif z\n#endif\n", 2, {T(kTokEndIfDirective)}},
+      {"a\nEnd If\nEnd Sub\nb", 1, {T(kTokEnd), T(kTokSub), "#361"}},  // method end
+  };
+  for (auto const& c : cases) {
+    Start(c.text);
+    if (c.skip == 0) SkipToEndOfMethod();
+    else SkipConditionallyCompiledLines(c.skip == 2);
+    for (std::string const& next : c.next) EXPECT_EQ(next, Next()) << c.text;
+  }
+}
+
+TEST_F(LexerFixture, ScannerLexerKeepsItsOwnPosition) {
+  Start("p q r");
+  EXPECT_EQ("p", Next());
+  Lexer scanner("x = 1\ny");
+  ASSERT_TRUE(scanner.NextToken());
+  EXPECT_EQ(kTokIdent, scanner.LastToken());
+  EXPECT_EQ(std::string("x"), scanner.TokenText().CString());
+  EXPECT_EQ("q", Next());  // the parser's position is untouched
+  ASSERT_TRUE(scanner.NextToken());
+  EXPECT_EQ(kTokAssign, scanner.LastToken());
+  for (int i = 0; i < 3; i++) ASSERT_TRUE(scanner.NextToken());
+  EXPECT_EQ(std::string("y"), scanner.TokenText().CString());
+  EXPECT_EQ(1u, scanner.Line());
+  EXPECT_FALSE(scanner.NextToken());
+  EXPECT_EQ("r", Next());
+  scanner.Reset();
+  ASSERT_TRUE(scanner.NextToken());
+  EXPECT_EQ(std::string("x"), scanner.TokenText().CString());
+  scanner.SetLexerPosition(1000);
+  EXPECT_FALSE(scanner.NextToken());
 }
 
 }  // namespace

@@ -1,64 +1,96 @@
-// Runs the lexer and the parser over a text inside a fresh compilation
-// context and collects what they report.
+// Runs the lexer and the parser over a text in a fresh compilation context.
 #ifndef TESTS_COMPILER_FRONTEND_PARSEDRIVER_H
 #define TESTS_COMPILER_FRONTEND_PARSEDRIVER_H
 
+#include <dirent.h>
+
+#include <algorithm>
+#include <fstream>
+#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "Compiler/Frontend/LanguageOptions.h"
+#include "Compiler/Frontend/Lexer.h"
+#include "Compiler/Frontend/ParserSupport.h"
+#include "Compiler/Frontend/SrcContext.h"
 #include "Compiler/compiler.h"
+
+typedef std::vector<std::pair<int, unsigned>> Errors;  // number, 0-based line
 
 struct ParseOutcome {
   int status = -1;  // yyparse's result: 0 accepted, 1 aborted, 2 overflow
-  // Each reported compile error: its number and its 0-based start line.
-  std::vector<std::pair<int, unsigned>> errors;
+  Errors errors;
   LanguageOptions options;  // the pragma state at the end of the parse
   bool errorFlag = false;
 };
 
-// Parses `text` with a line feed appended, as the script object does.
-// Without a delegate the parse stops at the first error.
-ParseOutcome ParseText(std::string const& text, bool withDelegate = true);
-
-// The numbers of the errors alone, in order.
-std::vector<int> ErrorCodes(ParseOutcome const& outcome);
-
-// Whether the lexer, a grammar rule or a directive raises this error.
-bool IsGrammarError(int code);
-
-// A delegate that records errors and may cancel at the first progress
-// report.
+// Keeps only the reports of the lexer, the grammar's rules and the
+// directives (these texts have no declarations); may cancel at progress.
 class TestDelegate : public CompilerDelegate {
  public:
-  int CompilerFrontendProgress(unsigned int line, unsigned int total) override {
+  int CompilerFrontendProgress(unsigned int, unsigned int) override {
     mProgressCalls++;
     return mCancel ? 1 : 0;
   }
-  // Only the reports of the lexer, the grammar's own rules and the
-  // directives are kept: these texts are parsed without declarations, so
-  // the semantic actions' reports (unknown names, types) say nothing about
-  // the grammar.
   int CompilerError(CompileError error) override {
-    if (IsGrammarError(int(error.Type())))
-      mErrors.push_back(
-          std::make_pair(int(error.Type()), error.Location().mStartLine));
+    static int const kCodes[] = {1,  5,  43, 44, 45, 46, 62, 65, 68,
+                                 86, 87, 95, 96, 97, 98, 99, 100};
+    for (int c : kCodes)
+      if (c == int(error.Type()))
+        mErrors.push_back(std::make_pair(c, error.Location().mStartLine));
     return 0;
   }
   bool mCancel = false;
   int mProgressCalls = 0;
-  std::vector<std::pair<int, unsigned>> mErrors;
+  Errors mErrors;
 };
 
-// Parses with the given delegate; `appendLineEnd` false parses the text
-// exactly as given.
-ParseOutcome ParseWith(std::string const& text, TestDelegate* delegate,
-                       bool appendLineEnd = true);
+// Appends a line feed unless `appendLineEnd` is false; without a delegate
+// the parse stops at the first error.
+inline ParseOutcome ParseWith(std::string const& text, TestDelegate* delegate,
+                              bool appendLineEnd = true) {
+  std::string buffer = appendLineEnd ? text + "\n" : text;
+  SrcContext* context = new SrcContext;
+  context->mDelegate = delegate;
+  InitLexer(buffer.c_str());
+  ParseOutcome outcome;
+  outcome.status = yyparse();
+  outcome.options = context->mOptions;
+  outcome.errorFlag = context->mErrorFlag != 0;
+  delete context;
+  if (delegate) outcome.errors = delegate->mErrors;
+  return outcome;
+}
 
-// The text of a file, for the corpus.
-std::string ReadFile(std::string const& path);
-// The .bas files of the corpus folder, sorted.
-std::vector<std::string> CorpusFiles();
+inline ParseOutcome ParseText(std::string const& text, bool withDelegate = true) {
+  TestDelegate delegate;
+  return ParseWith(text, withDelegate ? &delegate : nullptr);
+}
+
+inline std::string ReadFile(std::string const& path) {
+  std::ifstream in(path, std::ios::binary);
+  std::stringstream text;
+  text << in.rdbuf();
+  return text.str();
+}
+
+// The texts of the corpus .bas files, sorted by name.
+inline std::vector<std::string> CorpusTexts() {
+  std::vector<std::string> files, texts;
+  std::string dir = QUORL_CORPUS_DIR;
+  if (DIR* d = opendir(dir.c_str())) {
+    while (dirent* entry = readdir(d)) {
+      std::string name = entry->d_name;
+      if (name.size() > 4 && name.substr(name.size() - 4) == ".bas")
+        files.push_back(dir + "/" + name);
+    }
+    closedir(d);
+  }
+  std::sort(files.begin(), files.end());
+  for (std::string const& file : files) texts.push_back(ReadFile(file));
+  return texts;
+}
 
 #endif

@@ -5,13 +5,10 @@
 #include "Compiler/SymbolTable/GlobalSymbolTable.h"
 #include "../CompilerTestSupport.h"
 
-TEST(CompileErrors, OutsideACompilationAreAFault) {
+TEST(CompileErrors, NeedAContextAndSetItsFlag) {
   EXPECT_ASSERTION(Error(kErrorSyntax), "");
   EXPECT_ASSERTION(Error(kErrorSyntax, SourceLocation(3)), "");
-}
-
-TEST(CompileErrors, WithoutADelegateOnlyTheFlagIsSet) {
-  SrcContext* context = new SrcContext;
+  SrcContext* context = new SrcContext;  // without a delegate: the flag only
   Error(kErrorUnknownName, SourceLocation(2));
   EXPECT_EQ(1, context->mErrorFlag);
   delete context;
@@ -23,26 +20,18 @@ TEST(CompileErrors, EachErrorReachesTheDelegateAsItHappens) {
   context->mDelegate = &delegate;
   Error(kErrorBadOperand, SourceLocation(4, 2, 4, 9));
   Error(kErrorNotCallable);
-  ASSERT_EQ(2u, delegate.mErrors.size());
+  ClassSymbol widget("Widget");
+  widget.mLinkName = "Widget";
+  TypeMismatchError(SourceLocation(8), IRDataType(kStringType).AsArray(2),
+                    IRDataType(kObjectType, &widget));
+  ASSERT_EQ(3u, delegate.mErrors.size());
   EXPECT_EQ(kErrorBadOperand, delegate.mErrors[0].Type());
   EXPECT_EQ(4u, delegate.mErrors[0].Location().mStartLine);
   EXPECT_EQ(9, delegate.mErrors[0].Location().mEndOffset);
   EXPECT_EQ(kErrorNotCallable, delegate.mErrors[1].Type());
   EXPECT_EQ(-1, delegate.mErrors[1].Location().mStartOffset);
   EXPECT_EQ(0u, delegate.mErrors[1].Arguments().size());
-  delete context;
-}
-
-TEST(CompileErrors, TypeMismatchCarriesBothTypeTexts) {
-  RecordingDelegate delegate;
-  SrcContext* context = new SrcContext;
-  context->mDelegate = &delegate;
-  ClassSymbol widget("Widget");
-  widget.mLinkName = "Widget";
-  TypeMismatchError(SourceLocation(8), IRDataType(kStringType).AsArray(2),
-                    IRDataType(kObjectType, &widget));
-  ASSERT_EQ(1u, delegate.mErrors.size());
-  CompileError const& error = delegate.mErrors[0];
+  CompileError const& error = delegate.mErrors[2];  // both type texts
   EXPECT_EQ(kErrorTypeMismatch, error.Type());
   EXPECT_EQ(8u, error.Location().mStartLine);
   ASSERT_EQ(2u, error.Arguments().size());

@@ -3,7 +3,6 @@
 #include "Compiler/BackEnds/codestorage.h"
 #include "Compiler/Frontend/SrcContext.h"
 #include "Compiler/SemBase.h"
-#include "Compiler/SymbolTable/LocalSymbolTable.h"
 #include "Compiler/SymbolTable/SymbolTable.h"
 #include "../CompilerTestSupport.h"
 
@@ -27,36 +26,18 @@ TEST(SrcContextLifetime, InstallsItselfAndOnlyOneMayLive) {
   EXPECT_ASSERTION(new SrcContext, "");
   delete context;
   EXPECT_EQ(nullptr, gContext);
-  SrcContext* next = new SrcContext;  // one after the other is fine
-  delete next;
+  delete new SrcContext;  // one after the other is fine
 }
 
-TEST_F(SrcContextTest, StartsWithAnUnnamedStaticTableAndEmptyProgram) {
-  ASSERT_NE(nullptr, mContext->mSymbols);
-  EXPECT_EQ(0u, mContext->mSymbols->mName.Length());
-  EXPECT_EQ(kGlobalDataStorage, mContext->mSymbols->mStorageMode);
-  EXPECT_EQ(mContext->mSymbols, mContext->mTables->GetGlobalTable());
-  ASSERT_NE(nullptr, mContext->mProgramCode);
-  EXPECT_TRUE(mContext->mProgramCode->Code()->IsEmpty());
-  EXPECT_EQ(0, mContext->mErrorFlag);
-  EXPECT_EQ(1, mContext->mOptions.mBoundsChecking);
-  EXPECT_EQ(0, mContext->mOptions.mDebug);
-}
-
-TEST_F(SrcContextTest, LabelsCountUpFromOne) {
-  EXPECT_EQ(1, mContext->NewLabel());
+TEST_F(SrcContextTest, Labels) {
+  EXPECT_EQ(1, mContext->NewLabel());  // count up from one
   EXPECT_EQ(2, mContext->NewLabel());
   TacAddr const* label = NewLabel();
   EXPECT_EQ(3, LabelNumber(label));
   EXPECT_EQ(kSInt32Type, label->mType.GetMainType());
-}
-
-TEST_F(SrcContextTest, NamedLabelsIgnoreCase) {
-  TacAddr const* a = mContext->NamedLabel("again");
+  TacAddr const* a = mContext->NamedLabel("again");  // names ignore case
   EXPECT_EQ(a, mContext->NamedLabel("AGAIN"));
-  TacAddr const* b = mContext->NamedLabel("done");
-  EXPECT_NE(a, b);
-  EXPECT_NE(LabelNumber(a), LabelNumber(b));
+  EXPECT_NE(LabelNumber(a), LabelNumber(mContext->NamedLabel("done")));
 }
 
 TEST_F(SrcContextTest, SymbolAddressesAreCachedByName) {
@@ -69,11 +50,10 @@ TEST_F(SrcContextTest, SymbolAddressesAreCachedByName) {
   EXPECT_EQ(x, mContext->GetObjectSymbolAddr(integer, "Point.x", 24));
   EXPECT_EQ(kBaseRelativeDataStorage, x->GetStorageClass());
   EXPECT_EQ(24u, x->StorageOffset());
-  // The two caches are separate.
-  EXPECT_NE(mContext->GetStaticSymbolAddr(integer, "Point.x"), x);
+  EXPECT_NE(mContext->GetStaticSymbolAddr(integer, "Point.x"), x);  // two caches
 }
 
-TEST_F(SrcContextTest, StaticDataBlocksAreHandedOverOnce) {
+TEST_F(SrcContextTest, StaticDataBlocksAndDependencies) {
   mContext->mBigEndian = 1;
   StaticDataBlock* block = mContext->MakeStaticDataBlock("Widget.__vtable");
   EXPECT_TRUE(block->IsBigEndian());
@@ -81,15 +61,11 @@ TEST_F(SrcContextTest, StaticDataBlocksAreHandedOverOnce) {
   EXPECT_ASSERTION(mContext->MakeStaticDataBlock(""), "");
   SimpleVector<StaticDataBlock*> target;
   mContext->MoveStaticDataBlocks(&target);
+  mContext->MoveStaticDataBlocks(&target);  // handed over once
   ASSERT_EQ(1u, target.size());
   EXPECT_EQ(block, target[0]);
-  mContext->MoveStaticDataBlocks(&target);
-  EXPECT_EQ(1u, target.size());
   delete block;
   EXPECT_ASSERTION(mContext->MoveStaticDataBlocks(nullptr), "");
-}
-
-TEST_F(SrcContextTest, RecordDependencyTouchesTheUnit) {
   SourceUnitDependencyLink link("Shapes", "", nullptr);
   EXPECT_FALSE(link.Touched());
   mContext->RecordDependency(&link);

@@ -4,31 +4,21 @@
 #include "Compiler/SymbolTable/GlobalSymbolTable.h"
 #include "../CompilerTestSupport.h"
 
-TEST(TacLiteralPool, StringLiteralsAreInternedWithCase) {
+TEST(TacLiteralPool, InterningRules) {
   TacLiteralPool pool;
-  TacAddr const* a = pool.GetLiteral(string("a"));
+  TacAddr const* a = pool.GetLiteral(string("a"));  // strings keep case
   EXPECT_EQ(a, pool.GetLiteral(string("a")));
   EXPECT_NE(a, pool.GetLiteral(string("A")));
   EXPECT_EQ(kStringType, a->mType.GetMainType());
   EXPECT_EQ("a", Std(a->GetValue()->mString));
-}
-
-TEST(TacLiteralPool, OneOperandPer32BitValue) {
-  TacLiteralPool pool;
-  TacAddr const* five = pool.GetLiteral(5, kSInt32Type);
+  TacAddr const* five = pool.GetLiteral(5, kSInt32Type);  // one per 32-bit value
   EXPECT_EQ(five, pool.GetLiteral(5, kSInt32Type));
-  // Keyed by the low word alone.
-  EXPECT_EQ(five, pool.GetLiteral(0x100000005LL, kSInt32Type));
+  EXPECT_EQ(five, pool.GetLiteral(0x100000005LL, kSInt32Type));  // low word key
   TacAddr const* unsignedFive = pool.GetLiteral(5, kUInt32Type);
   EXPECT_NE(five, unsignedFive);
   EXPECT_EQ(kUInt32Type, unsignedFive->mType.GetMainType());
   EXPECT_EQ(unsignedFive, pool.GetLiteral(5, kUInt32Type));
-  EXPECT_EQ(five, pool.GetLiteral(IRValue::SInt32(5), IRDataType(kSInt32Type)));
-}
-
-TEST(TacLiteralPool, SixtyFourBitValuesAreNeverShared) {
-  TacLiteralPool pool;
-  TacAddr const* big = pool.GetLiteral(1LL << 40, kSInt64Type);
+  TacAddr const* big = pool.GetLiteral(1LL << 40, kSInt64Type);  // never shared
   EXPECT_NE(big, pool.GetLiteral(1LL << 40, kSInt64Type));
   EXPECT_EQ(1LL << 40, big->GetValue()->uSInt64);
   EXPECT_NE(pool.GetLiteral(7, kUInt64Type), pool.GetLiteral(7, kUInt64Type));
@@ -37,12 +27,13 @@ TEST(TacLiteralPool, SixtyFourBitValuesAreNeverShared) {
 
 TEST(TacLiteralPool, GeneralFormRoutesPlainTypesAndKeepsTheRest) {
   TacLiteralPool pool;
+  EXPECT_EQ(pool.GetLiteral(5, kSInt32Type),
+            pool.GetLiteral(IRValue::SInt32(5), IRDataType(kSInt32Type)));
   EXPECT_EQ(gTacTrue, pool.GetLiteral(IRValue::SInt32(1), IRDataType(kBooleanType)));
   EXPECT_EQ(gTacFalse, pool.GetLiteral(IRValue::SInt32(0), IRDataType(kBooleanType)));
   EXPECT_EQ(pool.GetLiteral(string("x")),
             pool.GetLiteral(IRValue::String("x"), IRDataType(kStringType)));
-  // An enum-typed 5 must keep its enum type: not the plain Int32 5.
-  EnumSymbol level("Level", kSInt32Type);
+  EnumSymbol level("Level", kSInt32Type);  // an enum 5 keeps its enum type
   IRDataType enumType(kSInt32Type, &level);
   TacAddr const* low = pool.GetLiteral(IRValue::SInt32(5), enumType);
   EXPECT_NE(pool.GetLiteral(5, kSInt32Type), low);

@@ -1,36 +1,139 @@
-// The linker core: merging functions, static data and literals, the list
-// callers, failure reports and string tables.
+// The linker core on modules of hand-made blocks: merging functions, static
+// data and literals, list callers, failures, string tables, dead-code
+// stripping and module merging.
 #include <string.h>
 
-#include "tests/Compiler/Linker/LinkerTestSupport.h"
+#include <string>
+#include <vector>
+
+#include "Compiler/Linker/Linker.h"
+#include "tests/Compiler/CompilerTestSupport.h"
 
 namespace {
 
-std::vector<std::string> ImportList(SimpleVector<Import> const& imports) {
-  std::vector<std::string> out;
+typedef std::vector<std::string> Texts;
+typedef std::vector<unsigned long> Numbers;
+
+// Blocks of filler bytes with the imports the test names.
+struct ModuleBuilder {
+  ModuleBuilder() {
+    mModule.BindNewObject(new CodeModule);
+    mModule->mProcessorFamily = kProcessorFamilyIA32;
+  }
+  FunctionBlock* Function(char const* name, unsigned length) {
+    return Fill(mModule->MakeFunctionBlock(), name, length, mModule->mFunctions);
+  }
+  StaticDataBlock* Static(char const* name, unsigned length) {
+    return Fill(mModule->MakeStaticDataBlock(), name, length, mModule->mStaticData);
+  }
+  template <class B, class L>
+  B* Fill(B* block, char const* name, unsigned length, L& list) {
+    block->mName = name;
+    for (unsigned i = 0; i < length; i++) block->Append8(0x90);
+    list.push_back(block);
+    return block;
+  }
+  Ref<CodeModule> mModule;
+};
+
+// Each list caller is a call import per entry and a return.
+class TestLinker : public Linker {
+ public:
+  void GenerateListCaller(string const& name, StringMap<string>& list) override {
+    FunctionBlock* block = mSrc->MakeFunctionBlock();
+    block->mName = name;
+    StringMapIterator<string>* iter = list.NewIterator();
+    for (string function; iter->Next(function);) {
+      block->Append8(0xE8);
+      block->MarkImport(Import::kImportCall32, function, 0);
+      block->Append32(0);
+    }
+    delete iter;
+    block->Append8(0xC3);
+    mSrc->mFunctions.push_back(block);
+  }
+  using Linker::mEntrypoints;
+  using Linker::mLiteralData;
+  using Linker::mLiterals;
+  using Linker::mOneCode;
+  using Linker::mStaticData;
+  using Linker::mStaticDataMap;
+};
+
+// Keeps every failure and cancels when told to.
+struct RecordingLinkerDelegate : LinkerDelegate {
+  bool LinkerProgress() override { return ++mProgressCalls > mCancelAfter; }
+  void LinkerFailed(string const& message) override { mFailures.push_back(Std(message)); }
+  int mProgressCalls = 0, mCancelAfter = 1 << 30;
+  Texts mFailures;
+};
+
+Numbers Entries(StringMapCase<unsigned long>& map, Texts const& names) {
+  Numbers values;
+  for (std::string const& name : names) {
+    values.push_back(~0UL);
+    map.GetEntry(name.c_str(), values.back());
+  }
+  return values;
+}
+
+Texts ImportList(SimpleVector<Import> const& imports) {
+  Texts out;
   for (unsigned long i = 0; i < imports.size(); i++)
-    out.push_back(std::to_string(imports[i].mType) + " " + Std(imports[i].mName) +
-                  " @" + std::to_string(imports[i].mOffset));
+    out.push_back(std::to_string(imports[i].mType) + " " + Std(imports[i].mName) + " @" +
+                  std::to_string(imports[i].mOffset));
   return out;
+}
+
+template <class List>
+Texts Names(List const& blocks) {
+  Texts names;
+  for (unsigned long i = 0; i < blocks.size(); i++) names.push_back(Std(blocks[i]->mName));
+  return names;
+}
+
+// main calls used, which reads Used.x and C.meta (whose static block points
+// at method); unused reads Unused.x and calls helper.
+void BuildProgram(ModuleBuilder& b) {
+  b.Function("% main", 8)->MarkImportAbsolute(Import::kImportCall32, "used", 1);
+  FunctionBlock* used = b.Function("used", 12);
+  used->MarkImportAbsolute(Import::kImportGlobal32, "Used.x", 2);
+  used->MarkImportAbsolute(Import::kImportGlobal32, "C.meta", 6);
+  used->MarkImportAbsolute(Import::kImportStringLiteral, "text", 8);
+  FunctionBlock* unused = b.Function("unused", 8);
+  unused->MarkImportAbsolute(Import::kImportGlobal32, "Unused.x", 2);
+  unused->MarkImportAbsolute(Import::kImportCall32, "helper", 4);
+  b.Function("helper", 2);
+  b.Static("C.meta", 8)->MarkImportAbsolute(Import::kImportFunctionPtr, "method", 0);
+  b.Function("method", 2);
+  b.Static("D.meta", 8);
+  b.mModule->mGlobals.AddEntry("Used.x", 4);
+  b.mModule->mGlobals.AddEntry("Unused.x", 4);
 }
 
 }  // namespace
 
-TEST(LinkerMergeTest, FunctionsFollowEachOtherWithTheirImportsMoved) {
+TEST(LinkerMergeTest, FunctionsStaticDataAndListCallersFollowEachOther) {
   ModuleBuilder b;
   b.Function("f", 5)->MarkImportAbsolute(Import::kImportCall32, "g", 1);
   b.Function("g", 3)->MarkImportAbsolute(Import::kImportGlobal32, "X", 0);
+  b.Static("C.meta", 6);
+  b.Static("D.meta", 4)->MarkImportAbsolute(Import::kImportFunctionPtr, "f", 0);
+  b.mModule->mGlobals.AddEntry("C.meta", 4);
+  b.mModule->mGlobals.AddEntry("Other", 8);
   TestLinker linker;
   linker.Link(b.mModule, nullptr);
   EXPECT_FALSE(linker.LinkCancelled());
-  EXPECT_EQ(0u, Entry(linker.mEntrypoints, "f"));
-  EXPECT_EQ(5u, Entry(linker.mEntrypoints, "g"));
   // The list callers are merged like any function, after the module's.
-  EXPECT_EQ(8u, Entry(linker.mEntrypoints, "% initialize"));
-  EXPECT_EQ(9u, Entry(linker.mEntrypoints, "% finalize"));
+  EXPECT_EQ((Numbers{0, 5, 8, 9}), Entries(linker.mEntrypoints, {"f", "g", "% initialize", "% finalize"}));
   EXPECT_EQ(10u, linker.mOneCode->Length());
-  EXPECT_EQ((std::vector<std::string>{"1 g @1", "3 X @5"}), ImportList(linker.mOneCode->mImports));
+  EXPECT_EQ((Texts{"1 g @1", "3 X @5"}), ImportList(linker.mOneCode->mImports));
   EXPECT_EQ(4u, b.mModule->mFunctions.size());
+  EXPECT_EQ((Numbers{0, 6}), Entries(linker.mStaticDataMap, {"C.meta", "D.meta"}));
+  EXPECT_EQ(10u, linker.mStaticData->Length());
+  EXPECT_EQ((Texts{"7 f @6"}), ImportList(linker.mStaticData->mImports));
+  EXPECT_FALSE(b.mModule->mGlobals.HasEntry("C.meta"));
+  EXPECT_TRUE(b.mModule->mGlobals.HasEntry("Other"));
   ModuleBuilder lists;  // the list callers call in registration order
   lists.Function("% main", 1);
   lists.mModule->mInitializers.AddEntry("Zeta", "Zeta.init");
@@ -38,25 +141,8 @@ TEST(LinkerMergeTest, FunctionsFollowEachOtherWithTheirImportsMoved) {
   lists.mModule->mFinalizers.AddEntry("Alpha", "Alpha.exit");
   TestLinker second;
   second.Link(lists.mModule, nullptr);
-  EXPECT_EQ((std::vector<std::string>{"1 Zeta.init @2", "1 Alpha.init @7", "1 Alpha.exit @13"}),
+  EXPECT_EQ((Texts{"1 Zeta.init @2", "1 Alpha.init @7", "1 Alpha.exit @13"}),
             ImportList(second.mOneCode->mImports));
-}
-
-TEST(LinkerMergeTest, StaticBlocksMergeAndLeaveTheGlobals) {
-  ModuleBuilder b;
-  b.Function("% main", 2);
-  b.Static("C.meta", 6);
-  b.Static("D.meta", 4)->MarkImportAbsolute(Import::kImportFunctionPtr, "f", 0);
-  b.Global("C.meta", 4);
-  b.Global("Other", 8);
-  TestLinker linker;
-  linker.Link(b.mModule, nullptr);
-  EXPECT_EQ(0u, Entry(linker.mStaticDataMap, "C.meta"));
-  EXPECT_EQ(6u, Entry(linker.mStaticDataMap, "D.meta"));
-  EXPECT_EQ(10u, linker.mStaticData->Length());
-  EXPECT_EQ((std::vector<std::string>{"7 f @6"}), ImportList(linker.mStaticData->mImports));
-  EXPECT_FALSE(b.mModule->mGlobals.HasEntry("C.meta"));
-  EXPECT_TRUE(b.mModule->mGlobals.HasEntry("Other"));
 }
 
 TEST(LinkerLiteralTest, OneRecordPerTextFromCodeAndStaticData) {
@@ -68,15 +154,13 @@ TEST(LinkerLiteralTest, OneRecordPerTextFromCodeAndStaticData) {
   TestLinker linker;
   linker.Link(b.mModule, nullptr);
   EXPECT_EQ(2u, linker.mLiterals.Count());
-  EXPECT_EQ(0u, Entry(linker.mLiterals, "hi"));
   // 20 bytes of storage words and 2 of text, padded to a word boundary.
-  EXPECT_EQ(24u, Entry(linker.mLiterals, "abc"));
+  EXPECT_EQ((Numbers{0, 24}), Entries(linker.mLiterals, {"hi", "abc"}));
   DataBlock& data = *linker.mLiteralData;
-  EXPECT_EQ(1u, data.Get32(kLiteralRefCountOffset));
-  EXPECT_EQ(0u, data.Get32(kLiteralBufferOffset));
-  EXPECT_EQ(string("hi").GetStringStorage()->mCapacity, data.Get32(kLiteralCapacityOffset));
-  EXPECT_EQ(2u, data.Get32(kLiteralLengthOffset));
-  EXPECT_EQ(kEncodingASCII, data.Get32(kLiteralEncodingOffset));
+  EXPECT_EQ((Numbers{1, 0, string("hi").GetStringStorage()->mCapacity, 2, kEncodingASCII}),
+            (Numbers{data.Get32(kLiteralRefCountOffset), data.Get32(kLiteralBufferOffset),
+                     data.Get32(kLiteralCapacityOffset), data.Get32(kLiteralLengthOffset),
+                     data.Get32(kLiteralEncodingOffset)}));
   EXPECT_EQ(0, memcmp("hi", data.Buffer() + kLiteralTextOffset, 2));
   EXPECT_EQ(0u, data.Get8(22) | data.Get8(23));
   EXPECT_EQ(3u, data.Get32(24 + kLiteralLengthOffset));
@@ -86,14 +170,14 @@ TEST(LinkerLiteralTest, OneRecordPerTextFromCodeAndStaticData) {
   EXPECT_EQ(2u, linker.mLiterals.Count());
 }
 
-TEST(LinkerServicesTest, StringTablesAndStubNames) {
+TEST(LinkerServicesTest, StringTablesStubNamesAndAssertions) {
   ModuleBuilder b;
   Ref<DataBlock> block = b.mModule->MakeDataBlock();
   StringMapCase<unsigned long> offsets;
-  EXPECT_EQ(0u, Linker::AddStringToBlock("one", block, &offsets));
-  EXPECT_EQ(4u, Linker::AddStringToBlock("two", block, &offsets));
-  EXPECT_EQ(0u, Linker::AddStringToBlock("one", block, &offsets));
-  EXPECT_EQ(8u, Linker::AddStringToBlock("One", block, &offsets));
+  Numbers added;
+  for (char const* text : {"one", "two", "one", "One"})
+    added.push_back(Linker::AddStringToBlock(text, block, &offsets));
+  EXPECT_EQ((Numbers{0, 4, 0, 8}), added);
   EXPECT_EQ(12u, block->Length());
   EXPECT_STREQ("two", reinterpret_cast<char*>(block->Buffer() + 4));
   EXPECT_EQ("%__glink.foo", Std(Linker::StubName("foo")));
@@ -112,7 +196,7 @@ TEST(LinkerServicesTest, OnlyTheFirstFailureIsReportedAndACancelReportsNone) {
   linker.LinkError(3, "bad thing");
   linker.LinkError(4, "worse thing");
   EXPECT_TRUE(linker.LinkCancelled());
-  EXPECT_EQ(std::vector<std::string>{"Linker failed with error #3 bad thing"}, delegate.mFailures);
+  EXPECT_EQ(Texts{"Linker failed with error #3 bad thing"}, delegate.mFailures);
   ModuleBuilder c;
   c.Function("% main", 1);
   c.Function("f", 1);
@@ -123,4 +207,61 @@ TEST(LinkerServicesTest, OnlyTheFirstFailureIsReportedAndACancelReportsNone) {
   EXPECT_TRUE(cancelled.LinkCancelled());
   cancelled.LinkError(1, "after the cancel");
   EXPECT_TRUE(cancelling.mFailures.empty());
+}
+
+TEST(StripDeadCodeTest, WhatMainCannotReachGoesWithItsGlobalsAndInitializers) {
+  ModuleBuilder b;
+  BuildProgram(b);
+  for (char const* name : {"Used.init", "Unused.init", "Used.exit"}) b.Function(name, 2);
+  b.Function("_VariantString.__Lookup%x%", 1);  // always kept
+  b.Function("_VariantOther.__Lookup%x%", 1);
+  b.mModule->mInitializers.AddEntry("Used.x", "Used.init");
+  b.mModule->mInitializers.AddEntry("Unused.x", "Unused.init");
+  b.mModule->mFinalizers.AddEntry("Used.x", "Used.exit");
+  Linker::StripDeadCode(b.mModule, nullptr);
+  EXPECT_EQ((Texts{"% main", "used", "method", "Used.init", "Used.exit", "_VariantString.__Lookup%x%"}),
+            Names(b.mModule->mFunctions));
+  EXPECT_EQ(Texts{"C.meta"}, Names(b.mModule->mStaticData));
+  EXPECT_TRUE(b.mModule->mGlobals.HasEntry("Used.x") && b.mModule->mInitializers.HasEntry("Used.x"));
+  EXPECT_FALSE(b.mModule->mGlobals.HasEntry("Unused.x") || b.mModule->mInitializers.HasEntry("Unused.x"));
+  EXPECT_EQ(1u, b.mModule->mFinalizers.Count());
+}
+
+TEST(StripDeadCodeTest, ACancelLeavesTheModuleUntouchedAndFaultsAreAssertions) {
+  ModuleBuilder b;
+  BuildProgram(b);
+  RecordingLinkerDelegate delegate;
+  delegate.mCancelAfter = 0;
+  Linker::StripDeadCode(b.mModule, &delegate);
+  EXPECT_EQ(5u, b.mModule->mFunctions.size());
+  EXPECT_EQ(2u, b.mModule->mGlobals.Count());
+  ModuleBuilder twice;
+  twice.Function("% main", 1);
+  twice.Function("% main", 1);
+  EXPECT_ASSERTION(Linker::StripDeadCode(twice.mModule, nullptr), "Assertion failed");
+  ModuleBuilder unknown;
+  unknown.Function("% main", 4)->MarkImportAbsolute(Import::kImportGlobal32, "Nowhere", 0);
+  EXPECT_ASSERTION(Linker::StripDeadCode(unknown.mModule, nullptr), "unknown global Nowhere");
+}
+
+TEST(MergeModulesTest, BlocksAreCopiedAndTablesAddedUp) {
+  ModuleBuilder dest, source;
+  dest.Function("% main", 1);
+  dest.mModule->mGlobals.AddEntry("A", 4);
+  FunctionBlock* f = source.Function("f", 3);
+  f->MarkImportAbsolute(Import::kImportCall32, "g", 0);
+  source.Static("S", 2);
+  source.mModule->mGlobals.AddEntry("B", 8);
+  source.mModule->mInitializers.AddEntry("B", "B.init");
+  source.mModule->mRequiredFrameworks.Add("Kit");
+  Linker::Merge(dest.mModule, source.mModule);
+  EXPECT_EQ((Texts{"% main", "f"}), Names(dest.mModule->mFunctions));
+  EXPECT_NE(f, dest.mModule->mFunctions[1]);
+  EXPECT_EQ(1u, dest.mModule->mFunctions[1]->mImports.size());
+  EXPECT_EQ(Texts{"S"}, Names(dest.mModule->mStaticData));
+  EXPECT_EQ(2u, dest.mModule->mGlobals.Count());
+  EXPECT_TRUE(dest.mModule->mInitializers.HasEntry("B"));
+  EXPECT_TRUE(dest.mModule->mRequiredFrameworks.Contains("Kit"));
+  Linker::Merge(dest.mModule, Ref<CodeModule>());
+  EXPECT_EQ(2u, dest.mModule->mFunctions.size());
 }

@@ -1,15 +1,13 @@
 // Calling the runtime library as compiled code does: by name through the
-// host's resolver, cast to the C signature of the declaration. Strings made
-// by a test belong to its fixture, which checks at the end that nothing
-// kept a reference to them.
+// host's resolver, cast to the C signature of its declaration.
 #ifndef TESTS_STANDINHOST_RUNTIMELIBRARY_LIBRARYTESTSUPPORT_H
 #define TESTS_STANDINHOST_RUNTIMELIBRARY_LIBRARYTESTSUPPORT_H
 
 #include <gtest/gtest.h>
-
 #include <string.h>
 
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "Universal/ustring.h"
@@ -24,23 +22,21 @@ Signature* Library(char const* name) {
   return reinterpret_cast<Signature*>(address);
 }
 
-inline std::string Bytes(Str s) {
-  return s ? std::string(s->CString(), s->mLength) : std::string();
-}
+inline std::string Bytes(Str s) { return s ? std::string(s->CString(), s->mLength) : ""; }
 
 class LibraryTest : public ::testing::Test {
  protected:
-  // A UTF-8 argument (or of the given tag) that the fixture owns.
+  // A UTF-8 argument (or of the given tag) owned by the fixture, which
+  // checks at the end that nothing kept a reference to it.
   Str S(char const* text, unsigned long tag = kEncodingUTF8) {
     Str s = strlen(text) ? NewStringStorage(text, strlen(text), tag) : nullptr;
     if (s) mOwned.push_back(s);
     return s;
   }
-
   // Calls a function that returns a String and checks the contract: every
   // string argument keeps its count, and the result carries exactly one
   // reference of its own (on top of an argument's, when it shares one).
-  // Returns the text and releases the result.
+  // Text returns the text and releases the result; Call hands it over.
   template <class... A>
   std::string Text(char const* name, A... args) {
     Str result = Call(name, args...);
@@ -48,13 +44,10 @@ class LibraryTest : public ::testing::Test {
     UnlockStringStorage(result);
     return text;
   }
-
-  // As Text, but hands the result over for further checks; the caller
-  // releases it.
   template <class... A>
   Str Call(char const* name, A... args) {
     std::vector<std::pair<Str, int>> before;
-    (Remember(before, args), ...);
+    ([&] { if constexpr (std::is_same<A, Str>::value) if (args) before.push_back({args, args->mRefCount}); }(), ...);
     Str result = Library<Str(A...)>(name)(args...);
     bool shared = false;
     for (auto const& arg : before) {
@@ -62,12 +55,23 @@ class LibraryTest : public ::testing::Test {
       shared = shared || same;
       EXPECT_EQ(arg.first->mRefCount, arg.second + (same ? 1 : 0)) << name;
     }
-    if (result && !shared) {
-      EXPECT_EQ(result->mRefCount, 1) << name;
-    }
+    if (result && !shared) EXPECT_EQ(result->mRefCount, 1) << name;
     return result;
   }
-
+  // The tag of a String result; whether the result is the argument `arg`.
+  template <class... A>
+  uint32_t Tag(char const* name, A... args) {
+    Str result = Call(name, args...);
+    uint32_t tag = result ? result->mEncoding : 0xFFFFFFFF;
+    UnlockStringStorage(result);
+    return tag;
+  }
+  template <class... A>
+  bool Shares(Str arg, char const* name, A... args) {
+    Str result = Call(name, args...);
+    UnlockStringStorage(result);
+    return result == arg;
+  }
   void TearDown() override {
     for (Str s : mOwned) {
       EXPECT_EQ(s->mRefCount, 1) << "an argument kept a reference";
@@ -76,12 +80,6 @@ class LibraryTest : public ::testing::Test {
   }
 
  private:
-  template <class T>
-  static void Remember(std::vector<std::pair<Str, int>>& list, T value) {}
-  static void Remember(std::vector<std::pair<Str, int>>& list, Str value) {
-    if (value) list.push_back({value, value->mRefCount});
-  }
-
   std::vector<Str> mOwned;
 };
 

@@ -11,32 +11,26 @@ typedef std::vector<std::pair<int, unsigned long>> Errors;
 
 }  // namespace
 
-TEST(RunReadyCodeTest, MainPrintsALiteralThroughTheCorrespondent) {
-  TestCorrespondent corr;
-  ScriptProgram s;
-  s.CallGlue("Print", &corr, s.p.Text("Hello, world"));
-  s.Finish();
-  std::unique_ptr<RunReadyCode> code = s.Link();
-  ASSERT_TRUE(code);
-  code->Run(&corr);
-  EXPECT_EQ(std::vector<std::string>{"Hello, world"}, corr.mPrinted);
-  EXPECT_TRUE(corr.mErrors.empty());
-}
-
-TEST(RunReadyCodeTest, InputAnswersAreUTF8StringsTheScriptCanPrint) {
+// Print and Input through the correspondent; each yield reaches it too.
+TEST(RunReadyCodeTest, PrintInputAndYieldGoThroughTheCorrespondent) {
   TestCorrespondent corr;
   corr.mAnswer = "Ann";
   ScriptProgram s;
   TacAddr const* answer = s.p.Global("Module.answer", IRDataType(kStringType));
+  s.CallGlue("Print", &corr, s.p.Text("Hello, world"));
   s.CallGlue("Input", &corr, s.p.Text("Name?"), answer);
   s.CallGlue("Print", &corr, answer);
   s.p.Line(kTacUnlock, answer);
+  s.p.Intrinsic(kIntrinsicVELDYieldToQuorl);
+  s.p.Intrinsic(kIntrinsicVELDYieldToQuorl);
   s.Finish();
   std::unique_ptr<RunReadyCode> code = s.Link();
   ASSERT_TRUE(code);
   code->Run(&corr);
+  EXPECT_EQ((std::vector<std::string>{"Hello, world", "Ann"}), corr.mPrinted);
   EXPECT_EQ(std::vector<std::string>{"Name?"}, corr.mPrompts);
-  EXPECT_EQ(std::vector<std::string>{"Ann"}, corr.mPrinted);
+  EXPECT_TRUE(corr.mErrors.empty());
+  EXPECT_EQ(2, corr.mYields);
 }
 
 // count := count + 1 and big := big + 2^32 + 1 each run; both are recorded.
@@ -161,41 +155,21 @@ class StackCheckingProgram {
   TacAddr const* caught;
 };
 
-TEST(RunReadyCodeTest, AStackBelowTheLimitRaisesTheOverflow) {
-  TestCorrespondent corr;
-  StackCheckingProgram program;
-  std::unique_ptr<RunReadyCode> code = program.s.Link();
-  ASSERT_TRUE(code);
-  RecordedValues().clear();
-  SetRuntimeStackLimit(0xFFFFFFF0UL);
-  code->Run(&corr);
-  SetRuntimeStackLimit(0);
-  // The unguarded call is reported; the guarded one lands in its handler.
-  EXPECT_EQ((Errors{{6, 0}}), corr.mErrors);
-  EXPECT_EQ(std::vector<long>{7}, RecordedValues());
-}
-
-TEST(RunReadyCodeTest, AStackAboveTheLimitRunsUnhindered) {
-  TestCorrespondent corr;
-  StackCheckingProgram program;
-  std::unique_ptr<RunReadyCode> code = program.s.Link();
-  ASSERT_TRUE(code);
-  RecordedValues().clear();
-  SetRuntimeStackLimit(0x1000);
-  code->Run(&corr);
-  SetRuntimeStackLimit(0);
-  EXPECT_TRUE(corr.mErrors.empty());
-  EXPECT_EQ(std::vector<long>{0}, RecordedValues());
-}
-
-TEST(RunReadyCodeTest, LoopsYieldToTheCorrespondent) {
-  TestCorrespondent corr;
-  ScriptProgram s;
-  s.p.Intrinsic(kIntrinsicVELDYieldToQuorl);
-  s.p.Intrinsic(kIntrinsicVELDYieldToQuorl);
-  s.Finish();
-  std::unique_ptr<RunReadyCode> code = s.Link();
-  ASSERT_TRUE(code);
-  code->Run(&corr);
-  EXPECT_EQ(2, corr.mYields);
+// Below the limit the unguarded call is reported and the guarded one lands
+// in its handler; above it everything runs unhindered.
+TEST(RunReadyCodeTest, TheStackLimitRaisesTheOverflow) {
+  struct { unsigned long limit; Errors errors; long caught; } const rows[] = {
+      {0xFFFFFFF0UL, {{6, 0}}, 7}, {0x1000, {}, 0}};
+  for (auto const& r : rows) {
+    TestCorrespondent corr;
+    StackCheckingProgram program;
+    std::unique_ptr<RunReadyCode> code = program.s.Link();
+    ASSERT_TRUE(code);
+    RecordedValues().clear();
+    SetRuntimeStackLimit(r.limit);
+    code->Run(&corr);
+    SetRuntimeStackLimit(0);
+    EXPECT_EQ(r.errors, corr.mErrors) << r.limit;
+    EXPECT_EQ(std::vector<long>{r.caught}, RecordedValues()) << r.limit;
+  }
 }

@@ -1,12 +1,14 @@
-// Compiles a small program the way the engine does up to the back end:
-// declaration scan, merge into a global table, resolution, then the grammar
-// with its actions. Gives the program's three-address code as listing lines
-// and the compile errors with their arguments.
+// Compiles a small program as the engine does up to the back end
+// (declaration scan, merge, resolution, grammar with its actions) and gives
+// its three-address code as listing lines and its compile errors.
 #ifndef TESTS_COMPILER_FRONTEND_EXPRESSIONS_COMPILEDRIVER_H
 #define TESTS_COMPILER_FRONTEND_EXPRESSIONS_COMPILEDRIVER_H
 
+#include <algorithm>
 #include <string>
 #include <vector>
+
+#include "../Statements/ListingSections.h"
 
 struct ReportedError {
   int code;
@@ -16,30 +18,41 @@ struct ReportedError {
 
 struct CompiledProgram {
   int status = -1;  // yyparse's result
-  bool scanned = false;  // the declaration scan accepted the text
   std::vector<ReportedError> errors;
-  // One entry per TAC line: the line's text without its source line.
-  std::vector<std::string> code;
-  // The same with the source line in front, "3: Add ...".
-  std::vector<std::string> numbered;
-  // The top-level statements alone: the lines of `code` between the main
-  // body's prologue and its exit label, without the frame, the runtime
-  // start and exit, and the exception handler around the releases.
-  std::vector<std::string> body;
+  // The TAC lines with their source line in front ("3: Add ..."), and the
+  // top-level statements alone without it; temporaries are t1, t2... in
+  // order of appearance and the opcode column is one blank wide.
+  std::vector<std::string> numbered, body;
 
-  std::vector<int> ErrorCodes() const;
-  // The lines of `body` whose text starts with `opcode` (e.g. "Add", "Cvt").
-  std::vector<std::string> Lines(std::string const& opcode) const;
-  // Whether a line of `body` contains `fragment`.
-  bool Has(std::string const& fragment) const;
-  // The first `n` lines of `body`, or all of them when it is shorter.
-  std::vector<std::string> Opening(size_t n) const;
-  std::string Listing() const;
+  std::vector<int> ErrorCodes() const {
+    std::vector<int> codes;
+    for (auto const& e : errors) codes.push_back(e.code);
+    return codes;
+  }
+  // The lines of `body` with this opcode (e.g. "Add", "Cvt").
+  std::vector<std::string> Lines(std::string const& opcode) const {
+    std::vector<std::string> found;
+    for (auto const& line : body)
+      if (listing::IsPhaseLine(line, opcode)) found.push_back(line);
+    return found;
+  }
+  bool Has(std::string const& fragment) const {  // in a line of `body`
+    for (auto const& line : body)
+      if (line.find(fragment) != std::string::npos) return true;
+    return false;
+  }
+  std::vector<std::string> Opening(size_t n) const {  // first n of `body`
+    return std::vector<std::string>(body.begin(), body.begin() + std::min(n, body.size()));
+  }
+  std::string Listing() const {
+    std::string all;
+    for (auto const& line : numbered) all += line + "\n";
+    return all;
+  }
 };
 
 CompiledProgram CompileSource(std::string const& text);
 
-// Expects a listing line that contains `fragment`; shows the listing if not.
 #define EXPECT_HAS(program, fragment) \
   EXPECT_TRUE((program).Has(fragment)) << (program).Listing()
 

@@ -1,4 +1,4 @@
-// The rules of conversion on their own: common types and legality with
+// The rules of conversion on their own: common types, and legality with
 // step counts.
 #include <gtest/gtest.h>
 
@@ -8,74 +8,62 @@
 namespace {
 
 IRDataType T(SimpleDataType type) { return IRDataType(type); }
-
-std::string Common(SimpleDataType a, SimpleDataType b) {
-  return ComputeCommonType(T(a), T(b)).ToString().CString();
-}
+std::string Text(IRDataType const& type) { return type.ToString().CString(); }
 
 TEST(ConversionRules, CommonTypeTable) {
-  EXPECT_EQ("Int32", Common(kSInt8Type, kUInt8Type));
-  EXPECT_EQ("UInt32", Common(kUInt8Type, kUInt16Type));
-  EXPECT_EQ("Int64", Common(kSInt32Type, kUInt64Type));
-  EXPECT_EQ("UInt64", Common(kUInt32Type, kUInt64Type));
-  EXPECT_EQ("Double", Common(kCurrencyType, kSInt32Type));
-  EXPECT_EQ("Double", Common(kReal32Type, kReal64Type));
-  EXPECT_EQ("Currency", Common(kCurrencyType, kCurrencyType));
-  EXPECT_EQ("Ptr", Common(kUInt16Type, kPtrType));
-  EXPECT_EQ("String", Common(kStringType, kExternalCStringType));
-  // Chameleons take the other side's type.
-  EXPECT_EQ("Int32", Common(kVariantType, kSInt32Type));
-  EXPECT_EQ("String", Common(kStringType, kVariantType));
-  // Variant meeting Nil is Nil: the variant runtime takes both.
-  EXPECT_EQ("Nil", Common(kVariantType, kNilType));
-  EXPECT_EQ("Object", Common(kNilType, kObjectType));
-  // No common type.
-  EXPECT_EQ("Unknown Type", Common(kStringType, kSInt32Type));
-  EXPECT_EQ("Unknown Type", Common(kBooleanType, kSInt32Type));
-  EXPECT_EQ(kNoType,
-            ComputeCommonType(T(kSInt32Type).AsArray(1), T(kSInt32Type))
-                .GetMainType());
+  struct Case { SimpleDataType a, b; char const* common; } cases[] = {
+      {kSInt8Type, kUInt8Type, "Int32"},      {kUInt8Type, kUInt16Type, "UInt32"},
+      {kSInt32Type, kUInt64Type, "Int64"},    {kUInt32Type, kUInt64Type, "UInt64"},
+      {kCurrencyType, kSInt32Type, "Double"}, {kReal32Type, kReal64Type, "Double"},
+      {kCurrencyType, kCurrencyType, "Currency"}, {kUInt16Type, kPtrType, "Ptr"},
+      {kStringType, kExternalCStringType, "String"},
+      // Chameleons take the other side's type; Variant meeting Nil is Nil.
+      {kVariantType, kSInt32Type, "Int32"},   {kStringType, kVariantType, "String"},
+      {kVariantType, kNilType, "Nil"},        {kNilType, kObjectType, "Object"},
+      {kStringType, kSInt32Type, "Unknown Type"}, {kBooleanType, kSInt32Type, "Unknown Type"},
+  };
+  for (auto const& c : cases) EXPECT_EQ(c.common, Text(ComputeCommonType(T(c.a), T(c.b))));
+  EXPECT_EQ(kNoType, ComputeCommonType(T(kSInt32Type).AsArray(1), T(kSInt32Type)).GetMainType());
   // References are looked through.
-  EXPECT_EQ(kSInt64Type, ComputeCommonType(T(kSInt8Type).AsReference(),
-                                            T(kSInt64Type)).GetMainType());
+  EXPECT_EQ(kSInt64Type,
+            ComputeCommonType(T(kSInt8Type).AsReference(), T(kSInt64Type)).GetMainType());
 }
 
 TEST(ConversionRules, LegalityAndSteps) {
-  int steps = -1;
-  EXPECT_TRUE(IsLegalConversion(T(kSInt32Type), T(kSInt32Type), &steps));
-  EXPECT_EQ(0, steps);
-  // Any numeric pair is one step, narrowing included.
-  EXPECT_TRUE(IsLegalConversion(T(kSInt8Type), T(kReal64Type), &steps));
-  EXPECT_EQ(1, steps);
-  EXPECT_TRUE(IsLegalConversion(T(kStringType), T(kVariantType), &steps));
-  EXPECT_TRUE(IsLegalConversion(T(kVariantType), T(kBooleanType), &steps));
-  EXPECT_TRUE(IsLegalConversion(T(kObjectType), T(kNilType), &steps));
-  EXPECT_TRUE(IsLegalConversion(T(kExternalWStringType), T(kStringType), &steps));
-  EXPECT_FALSE(IsLegalConversion(T(kStringType), T(kSInt32Type), &steps));
-  EXPECT_FALSE(IsLegalConversion(T(kBooleanType), T(kSInt32Type), &steps));
-  EXPECT_FALSE(IsLegalConversion(T(kSInt32Type), T(kNilType), &steps));
-  // A ByRef parameter takes exactly its element type, and leaves the steps.
-  steps = 7;
-  EXPECT_TRUE(IsLegalConversion(T(kSInt32Type).AsReference(), T(kSInt32Type), &steps));
-  EXPECT_FALSE(IsLegalConversion(T(kSInt32Type).AsReference(), T(kSInt16Type), &steps));
-  EXPECT_EQ(7, steps);
-  // A reference argument is read through.
-  EXPECT_TRUE(IsLegalConversion(T(kReal64Type), T(kSInt16Type).AsReference(), &steps));
-  EXPECT_EQ(1, steps);
+  // steps -1: not checked. Any numeric pair is one step, narrowing included;
+  // a ByRef parameter takes exactly its element type and leaves the steps;
+  // a reference argument is read through.
+  struct Case { IRDataType to, from; bool legal; int steps; } cases[] = {
+      {T(kSInt32Type), T(kSInt32Type), true, 0},
+      {T(kSInt8Type), T(kReal64Type), true, 1},
+      {T(kStringType), T(kVariantType), true, -1},
+      {T(kVariantType), T(kBooleanType), true, -1},
+      {T(kObjectType), T(kNilType), true, -1},
+      {T(kExternalWStringType), T(kStringType), true, -1},
+      {T(kStringType), T(kSInt32Type), false, -1},
+      {T(kBooleanType), T(kSInt32Type), false, -1},
+      {T(kSInt32Type), T(kNilType), false, -1},
+      {T(kSInt32Type).AsReference(), T(kSInt32Type), true, 7},
+      {T(kSInt32Type).AsReference(), T(kSInt16Type), false, 7},
+      {T(kReal64Type), T(kSInt16Type).AsReference(), true, 1},
+  };
+  for (auto const& c : cases) {
+    int steps = 7;
+    EXPECT_EQ(c.legal, IsLegalConversion(c.to, c.from, &steps)) << Text(c.to) << " " << Text(c.from);
+    if (c.steps >= 0) {
+      EXPECT_EQ(c.steps, steps) << Text(c.to) << " " << Text(c.from);
+    }
+  }
 }
 
-TEST(ConversionRules, EnumsNeverConvertImplicitly) {
+TEST(ConversionRules, EnumsClassesAndInterfaces) {
   EnumSymbol colour("Shade");
   colour.mLinkName = "Shade";
   IRDataType shade(kSInt32Type, &colour);
-  EXPECT_FALSE(IsLegalConversion(T(kSInt32Type), shade, nullptr));
+  EXPECT_FALSE(IsLegalConversion(T(kSInt32Type), shade, nullptr));  // never implicit
   EXPECT_FALSE(IsLegalConversion(shade, T(kSInt32Type), nullptr));
   EXPECT_TRUE(IsLegalConversion(shade, shade, nullptr));
-  // Yet an enum and an integer have a common type for arithmetic.
-  EXPECT_EQ("Int32", std::string(ComputeCommonType(shade, T(kSInt16Type)).ToString().CString()));
-}
-
-TEST(ConversionRules, ClassesUpcastAndImplementInterfaces) {
+  EXPECT_EQ("Int32", Text(ComputeCommonType(shade, T(kSInt16Type))));  // arithmetic
   ClassSymbol base("Base"), derived("Derived");
   InterfaceSymbol face("Face");
   base.mLinkName = "Base";
@@ -83,19 +71,16 @@ TEST(ConversionRules, ClassesUpcastAndImplementInterfaces) {
   face.mLinkName = "Face";
   derived.SetSuperclassType(IRDataType(kObjectType, &base));
   derived.SetParent(&base);
-  IRDataType faceType(kObjectType, &face);
+  IRDataType faceType(kObjectType, &face), b(kObjectType, &base), d(kObjectType, &derived);
   derived.AddImplementedInterface(faceType);
-  IRDataType b(kObjectType, &base), d(kObjectType, &derived);
-  EXPECT_TRUE(IsLegalConversion(b, d, nullptr));
+  EXPECT_TRUE(IsLegalConversion(b, d, nullptr));  // upcast only
   EXPECT_FALSE(IsLegalConversion(d, b, nullptr));
   EXPECT_TRUE(IsLegalConversion(T(kObjectType), b, nullptr));
   EXPECT_TRUE(IsInterfaceCast(faceType, d));
   EXPECT_FALSE(IsInterfaceCast(faceType, b));
-  // Arrays of a class narrow to arrays of an ancestor.
   EXPECT_TRUE(IsArrayElementNarrowingCast(b.AsArray(1), d.AsArray(1)));
   EXPECT_FALSE(IsArrayElementNarrowingCast(d.AsArray(1), b.AsArray(1)));
-  // Two different classes have no common type.
-  EXPECT_EQ(kNoType, ComputeCommonType(b, d).GetMainType());
+  EXPECT_EQ(kNoType, ComputeCommonType(b, d).GetMainType());  // no common class
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
-// Compile errors of expressions and lookups: the number, the line, the
-// arguments, and one report per mistake.
+// Compile errors of expressions and name lookup: the number, the line, the
+// arguments, one report per mistake; and the lookups that compile.
 #include <gtest/gtest.h>
 
 #include "CompileDriver.h"
@@ -7,83 +7,84 @@
 namespace {
 
 using Codes = std::vector<int>;
+using Args = std::vector<std::string>;
 
-TEST(ExpressionErrors, TypeMismatchNamesBothTypesAtItsLine) {
-  CompiledProgram p = CompileSource(
-      "Dim s As String\nDim i As Int32\n\ni = s * 2\n");
-  ASSERT_EQ(1u, p.errors.size()) << p.Listing();
-  EXPECT_EQ(2, p.errors[0].code);
-  EXPECT_EQ(3u, p.errors[0].line);
-  EXPECT_EQ(std::vector<std::string>({"String", "Int32"}), p.errors[0].arguments);
-  // Assignment: the target's type first, the value's second.
-  p = CompileSource("Dim b As Boolean\nb = \"yes\"\n");
-  ASSERT_EQ(1u, p.errors.size());
-  EXPECT_EQ(std::vector<std::string>({"Boolean", "String"}), p.errors[0].arguments);
-  EXPECT_EQ(1u, p.errors[0].line);
-}
-
-TEST(ExpressionErrors, UnknownNamesAreErrorElevenAtTheirLine) {
-  CompiledProgram p = CompileSource("Dim i As Int32\ni = 1\ni = nothere + 1\nzz = 2\n");
-  EXPECT_EQ(Codes({11, 11}), p.ErrorCodes());
-  EXPECT_EQ(2u, p.errors[0].line);
-  EXPECT_EQ(3u, p.errors[1].line);
-}
-
-TEST(ExpressionErrors, OneMistakeGivesOneReport) {
-  // The failed part becomes a value that nothing around it reports again:
-  // not the enclosing operators, not the assignment, not a member access.
-  for (char const* line : {"s = \"a\" + 1 + 2", "s = unknown * 2 + 1",
-                           "s = -(\"a\" - 1)", "s = Not (1 + \"a\") And True",
-                           "s = unknown.member", "s = Integer + 1",
-                           "s = Int32(2.5) + 1"}) {
-    CompiledProgram p = CompileSource(std::string("Dim s As String\n") + line);
-    EXPECT_EQ(1u, p.errors.size()) << line;
+TEST(ExpressionErrors, NumbersLinesAndArguments) {
+  // `lines` and `args` (of the first error) are checked when given.
+  struct Case { char const* text; Codes codes; std::vector<unsigned> lines; Args args; } cases[] = {
+      // Type mismatch names both types; for an assignment the target first.
+      {"Dim s As String\nDim i As Int32\n\ni = s * 2\n", {2}, {3}, {"String", "Int32"}},
+      {"Dim b As Boolean\nb = \"yes\"\n", {2}, {1}, {"Boolean", "String"}},
+      {"Dim i As Int32\ni = 1\ni = nothere + 1\nzz = 2\n", {11, 11}, {2, 3}, {}},
+      // Operators the type does not have.
+      {"Dim s As String\ns = \"a\" - \"b\"\n", {12}, {}, {}},
+      {"Dim b As Boolean\nb = b + b\nb = b < b\n", {12, 12}, {}, {}},
+      {"Dim c As Color\nDim r As Color\nr = -c\n", {12}, {}, {}},
+      // Typecasts reinterpret same-size bits, never convert numbers.
+      {"Dim i As Int32\nDim d As Double\ni = Int32(d)\n", {2}, {}, {"Int32", "Double"}},
+      {"Dim i As Int32\nDim k As Int8\nk = Int8(i)\n", {2}, {}, {}},
+      {"Dim i As Int32\ni = Int32(1, 2)\n", {6}, {}, {}},
+      // Operators on objects go through operator methods, not built yet.
+      {"Dim o As Object\nDim b As Boolean\nb = o + o = o\n", {26}, {2}, {}},
+      {"Dim i As Int32\ni = Self.x\ni = Me\ni = Super.y\n", {32, 33, 41}, {}, {}},
+      // Lookups that do not fit.
+      {"Module Shapes\n  Dim count As Int32\nEnd Module\nShapes.nothing = 1\n", {11}, {3}, {}},
+      {"Const k = 3\nk = 4\n", {70}, {}, {}},
+      {"Const k = 3\nDim i As Int32\ni = k(1)\n", {6}, {}, {}},
+      {"Const k = 3\nk\n", {15}, {}, {}},
+      {"Dim i As Int32\ni\n", {15}, {}, {}},
+      {"Dim i As Int32\ni(2) = 1\n", {16}, {}, {}},
+      {"Integer\n", {31}, {}, {}},
+      {"Dim i As Int32\ni = Integer\n", {89}, {}, {}},
+      {"Module M\nEnd Module\nDim i As Int32\ni = M\ni = M(1)\n", {89, 6}, {}, {}},
+      {"Dim v As Int32\nConst k = v\n", {126}, {}, {}},
+      {"Const k = nowhere\n", {11}, {}, {}},
+  };
+  for (auto const& c : cases) {
+    CompiledProgram p = CompileSource(c.text);
+    EXPECT_EQ(c.codes, p.ErrorCodes()) << c.text << p.Listing();
+    for (size_t i = 0; i < c.lines.size() && i < p.errors.size(); i++)
+      EXPECT_EQ(c.lines[i], p.errors[i].line) << c.text;
+    if (!c.args.empty() && !p.errors.empty()) {
+      EXPECT_EQ(c.args, p.errors[0].arguments) << c.text;
+    }
   }
 }
 
-TEST(ExpressionErrors, OperatorsTheTypeDoesNotHave) {
-  CompiledProgram p = CompileSource("Dim s As String\ns = \"a\" - \"b\"\n");
-  EXPECT_EQ(Codes({12}), p.ErrorCodes());
-  p = CompileSource("Dim b As Boolean\nb = b + b\nb = b < b\n");
-  EXPECT_EQ(Codes({12, 12}), p.ErrorCodes());
-  p = CompileSource("Dim c As Color\nDim r As Color\nr = -c\n");
-  EXPECT_EQ(Codes({12}), p.ErrorCodes());
+TEST(ExpressionErrors, OneMistakeGivesOneReport) {
+  // The failed part becomes a value that nothing around it reports again.
+  for (char const* line : {"s = \"a\" + 1 + 2", "s = unknown * 2 + 1",
+                           "s = -(\"a\" - 1)", "s = Not (1 + \"a\") And True",
+                           "s = unknown.member", "s = Integer + 1",
+                           "s = Int32(2.5) + 1"})
+    EXPECT_EQ(1u, CompileSource(std::string("Dim s As String\n") + line).errors.size()) << line;
 }
 
-TEST(ExpressionErrors, TypecastsReinterpretAndNeverConvertNumbers) {
-  CompiledProgram p = CompileSource("Dim i As Int32\nDim d As Double\ni = Int32(d)\n");
-  EXPECT_EQ(Codes({2}), p.ErrorCodes());
-  EXPECT_EQ(std::vector<std::string>({"Int32", "Double"}), p.errors[0].arguments);
-  // Sizes must agree.
-  p = CompileSource("Dim i As Int32\nDim k As Int8\nk = Int8(i)\n");
-  EXPECT_EQ(Codes({2}), p.ErrorCodes());
-  // Same size: the same bits.
-  p = CompileSource("Dim i As Int32\nDim c As Color\nc = Color(i)\n");
-  EXPECT_TRUE(p.errors.empty());
-  EXPECT_HAS(p, "Store i As Int32 (global) -> t1 As Color (global)");
-  // One argument only.
-  p = CompileSource("Dim i As Int32\ni = Int32(1, 2)\n");
-  EXPECT_EQ(Codes({6}), p.ErrorCodes());
-}
-
-TEST(ExpressionErrors, ObjectFormsNotYetAvailableReportOnce) {
-  // Operators on objects go through operator methods, not built yet.
-  CompiledProgram p =
-      CompileSource("Dim o As Object\nDim b As Boolean\nb = o + o = o\n");
-  EXPECT_EQ(Codes({26}), p.ErrorCodes()) << p.Listing();
-  EXPECT_EQ(2u, p.errors[0].line);
-  // IsA Object only tests for nil.
-  p = CompileSource("Dim o As Object\nDim b As Boolean\nb = o IsA Object\n");
-  EXPECT_TRUE(p.errors.empty());
-  EXPECT_HAS(p, "NE o As Object (global), 0 As Int32 -> t1 As Boolean (global)");
-  p = CompileSource("Dim o As Object\nDim b As Boolean\nb = o Is Nil\n");
-  EXPECT_TRUE(p.errors.empty());
-  EXPECT_HAS(p, "EQ o As Object (global), Nil As Object -> t1 As Boolean (global)");
-}
-
-TEST(ExpressionErrors, SelfMeAndSuperOutsideAClass) {
-  CompiledProgram p = CompileSource("Dim i As Int32\ni = Self.x\ni = Me\ni = Super.y\n");
-  EXPECT_EQ(Codes({32, 33, 41}), p.ErrorCodes());
+TEST(Lookup, FormsThatCompile) {
+  struct Case { char const* text; char const* line; } cases[] = {
+      {"Dim i As Int32\nDim c As Color\nc = Color(i)\n",
+       "Store i As Int32 (global) -> t1 As Color (global)"},
+      {"Dim i As Int32\nDim u As UInt32\nu = UInt32(i)\n",
+       "Store i As Int32 (global) -> t1 As UInt32 (global)"},
+      // IsA Object only tests for nil.
+      {"Dim o As Object\nDim b As Boolean\nb = o IsA Object\n",
+       "NE o As Object (global), 0 As Int32 -> t1 As Boolean (global)"},
+      {"Dim o As Object\nDim b As Boolean\nb = o Is Nil\n",
+       "EQ o As Object (global), Nil As Object -> t1 As Boolean (global)"},
+      // Module properties are static storage.
+      {"Module Shapes\n  Dim count As Int32\n  Const kSides = 4\nEnd Module\n"
+       "Shapes.count = Shapes.kSides + 1\n", "Store 5 As Int32 -> Shapes.count As Int32 (global)"},
+      // A declared variable named like a built-in type is the variable.
+      {"Dim Single As Int32\nSingle = 2\n", "Store 2 As Int32 -> Single As Int32 (global)"},
+      // Conditional compilation sees the target constants.
+      {"Dim i As Int32\n#if TargetLinux\ni = 1\n#else\ni = )\n#endif\n",
+       "Store 1 As Int32 -> i As Int32 (global)"},
+  };
+  for (auto const& c : cases) {
+    CompiledProgram p = CompileSource(c.text);
+    EXPECT_TRUE(p.errors.empty()) << c.text;
+    EXPECT_HAS(p, c.line);
+  }
 }
 
 }  // namespace

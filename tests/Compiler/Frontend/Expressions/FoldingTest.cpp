@@ -6,88 +6,63 @@
 
 namespace {
 
-// The value stored by `r = expr`, with r of the given type, as the listing
-// prints the stored operand ("7 As Int32"), or the whole listing when the
-// store is not of a constant.
-std::string Stored(std::string const& type, std::string const& expr) {
-  CompiledProgram p = CompileSource("Dim r As " + type + "\nr = " + expr);
-  EXPECT_TRUE(p.errors.empty()) << expr;
-  std::vector<std::string> stores = p.Lines("Store");
-  if (stores.size() != 1) return p.Listing();
-  std::string line = stores[0].substr(6);
-  return line.substr(0, line.find(" -> "));
+TEST(Folding, ConstantsFoldToTheirValueAndType) {
+  struct Case { char const* type; char const* expr; char const* stored; } cases[] = {
+      {"Int32", "1 + 2 * 3", "7 As Int32"},
+      {"Int32", "7 \\ 2", "3 As Int32"},
+      {"Int32", "7 Mod 3", "1 As Int32"},
+      {"Int32", "2 - 3", "-1 As Int32"},
+      {"Int32", "2147483647 + 1", "-2147483648 As Int32"},  // wraps to 32 bits
+      {"Int64", "4294967295 + 1", "4294967296 As Int64"},   // Int64 literal
+      {"Double", "1 / 2", "0.5 As Double"},
+      {"Double", "2 ^ 3", "8.0 As Double"},
+      {"Double", "1.5 + 1", "2.5 As Double"},
+      // Float \ and Mod truncate both operands to Int32 first.
+      {"Int32", "7.9 \\ 2.2", "3 As Int32"},
+      {"Int32", "7.9 Mod 2.2", "1 As Int32"},
+      // Integer division by zero is defined.
+      {"Int32", "5 \\ 0", "2147483647 As Int32"},
+      {"Int32", "-5 \\ 0", "-2147483648 As Int32"},
+      {"Boolean", "2 > 1", "True As Boolean"},
+      {"Boolean", "2 <= 1", "False As Boolean"},
+      {"Boolean", "\"abc\" < \"abd\"", "True As Boolean"},
+      {"Boolean", "True And False", "False As Boolean"},
+      {"Boolean", "True Xor False", "True As Boolean"},
+      {"Boolean", "Not True", "False As Boolean"},
+      {"Boolean", "&cFF0000 <> &c00FF00", "True As Boolean"},
+      // NaN is unordered: equality is false, inequality true.
+      {"Boolean", "0.0 / 0.0 = 0.0 / 0.0", "False As Boolean"},
+      {"Boolean", "0.0 / 0.0 <> 1.0", "True As Boolean"},
+      {"String", "\"a\" + \"b\"", "\"ab\" As String"},
+      {"Int32", "Not 5", "-6 As Int32"},
+      {"Double", "-2.5", "-2.5 As Double"},
+      {"Int64", "-9000000000", "-9000000000 As Int64"},
+      // Constant conversions: to a float, and a float to a narrow integer.
+      {"Double", "3", "3.0 As Double"},
+      {"Int32", "2.5", "2 As Int32"},
+      {"Int16", "-2.9", "-2 As Int32"},
+  };
+  for (auto const& c : cases) {
+    CompiledProgram p = CompileSource(std::string("Dim r As ") + c.type + "\nr = " + c.expr);
+    EXPECT_TRUE(p.errors.empty()) << c.expr;
+    std::vector<std::string> stores = p.Lines("Store");
+    ASSERT_EQ(1u, stores.size()) << c.expr << "\n" << p.Listing();
+    EXPECT_EQ(std::string("Store ") + c.stored, stores[0].substr(0, stores[0].find(" -> ")))
+        << c.expr;
+  }
 }
 
-TEST(Folding, IntegerArithmeticFoldsInItsCommonType) {
-  EXPECT_EQ("7 As Int32", Stored("Int32", "1 + 2 * 3"));
-  EXPECT_EQ("3 As Int32", Stored("Int32", "7 \\ 2"));
-  EXPECT_EQ("1 As Int32", Stored("Int32", "7 Mod 3"));
-  EXPECT_EQ("-1 As Int32", Stored("Int32", "2 - 3"));
-  // Int32 results wrap to 32 bits.
-  EXPECT_EQ("-2147483648 As Int32", Stored("Int32", "2147483647 + 1"));
-  // A literal beyond Int32 is Int64, and so is the sum.
-  EXPECT_EQ("4294967296 As Int64", Stored("Int64", "4294967295 + 1"));
-}
-
-TEST(Folding, DivisionAndPowerGiveDoubles) {
-  EXPECT_EQ("0.5 As Double", Stored("Double", "1 / 2"));
-  EXPECT_EQ("8.0 As Double", Stored("Double", "2 ^ 3"));
-  EXPECT_EQ("2.5 As Double", Stored("Double", "1.5 + 1"));
-  // Float \ and Mod truncate both operands to Int32 first.
-  EXPECT_EQ("3 As Int32", Stored("Int32", "7.9 \\ 2.2"));
-  EXPECT_EQ("1 As Int32", Stored("Int32", "7.9 Mod 2.2"));
-}
-
-TEST(Folding, IntegerDivisionByZeroIsDefined) {
-  EXPECT_EQ("2147483647 As Int32", Stored("Int32", "5 \\ 0"));
-  EXPECT_EQ("-2147483648 As Int32", Stored("Int32", "-5 \\ 0"));
-  // Mod by zero is left to the runtime.
+TEST(Folding, WhatIsLeftToTheRuntime) {
+  // Mod by zero; a Double 2.5 going to Int64.
   CompiledProgram p = CompileSource("Dim r As Int32\nr = 5 Mod 0");
   EXPECT_TRUE(p.errors.empty());
   EXPECT_HAS(p, "Mod 5 As Int32, 0 As Int32");
-}
-
-TEST(Folding, ComparisonsAndLogicGiveBooleans) {
-  EXPECT_EQ("True As Boolean", Stored("Boolean", "2 > 1"));
-  EXPECT_EQ("False As Boolean", Stored("Boolean", "2 <= 1"));
-  EXPECT_EQ("True As Boolean", Stored("Boolean", "\"abc\" < \"abd\""));
-  EXPECT_EQ("False As Boolean", Stored("Boolean", "True And False"));
-  EXPECT_EQ("True As Boolean", Stored("Boolean", "True Xor False"));
-  EXPECT_EQ("False As Boolean", Stored("Boolean", "Not True"));
-  EXPECT_EQ("True As Boolean", Stored("Boolean", "&cFF0000 <> &c00FF00"));
-  // NaN is unordered: equality is false, inequality true.
-  EXPECT_EQ("False As Boolean", Stored("Boolean", "0.0 / 0.0 = 0.0 / 0.0"));
-  EXPECT_EQ("True As Boolean", Stored("Boolean", "0.0 / 0.0 <> 1.0"));
-}
-
-TEST(Folding, StringsConcatenate) {
-  EXPECT_EQ("\"ab\" As String", Stored("String", "\"a\" + \"b\""));
-}
-
-TEST(Folding, NegationAndComplement) {
-  EXPECT_EQ("-6 As Int32", Stored("Int32", "Not 5"));
-  EXPECT_EQ("-2.5 As Double", Stored("Double", "-2.5"));
-  EXPECT_EQ("-9000000000 As Int64", Stored("Int64", "-9000000000"));
-}
-
-TEST(Folding, ConstantConversions) {
-  // An integer constant going to a float folds.
-  EXPECT_EQ("3.0 As Double", Stored("Double", "3"));
-  // A float constant going to a narrow integer folds to an Int32 literal.
-  EXPECT_EQ("2 As Int32", Stored("Int32", "2.5"));
-  EXPECT_EQ("-2 As Int32", Stored("Int16", "-2.9"));
-  // Not to an 8-byte integer: a Double 2.5 going to Int64 is converted at
-  // run time.
-  CompiledProgram p = CompileSource("Dim r As Int64\nr = 2.5");
-  EXPECT_EQ(std::vector<std::string>(
-                {"Cvt 2.5 As Double -> t1 As Int64 (global)"}),
+  p = CompileSource("Dim r As Int64\nr = 2.5");
+  EXPECT_EQ(std::vector<std::string>({"Cvt 2.5 As Double -> t1 As Int64 (global)"}),
             p.Lines("Cvt"));
-}
-
-TEST(Folding, NarrowTypesAndVariablesDoNotFold) {
-  CompiledProgram p = CompileSource("Dim a As Int32\nDim r As Int32\nr = a + 1 + 2");
+  // Variables do not fold; constants with a module name do.
+  p = CompileSource("Dim a As Int32\nDim r As Int32\nr = a + 1 + 2");
   EXPECT_EQ(2u, p.Lines("Add").size()) << p.Listing();
-  // Constants with a module name fold like literals.
   p = CompileSource("Const k = 6\nDim r As Int32\nr = k * 7");
   EXPECT_HAS(p, "Store 42 As Int32 -> r As Int32 (global)");
 }

@@ -1,6 +1,7 @@
 // The type each operation runs in, as the listing shows it: promotions of
-// mixed operands, the result types of / \ ^ and comparisons, precedence,
-// and the deliberate evaluation order of > and >=.
+// mixed operands, result types of / \ ^ and comparisons, precedence, the
+// evaluation order of > and >=, strings, assignment, and the logical
+// operators with their short circuits and bitwise forms.
 #include <gtest/gtest.h>
 
 #include "CompileDriver.h"
@@ -9,140 +10,143 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-// Declares `a` and `b` of the two types and `r` of the result type, then
-// compiles `r = expr` on line 3.
-CompiledProgram Mixed(std::string const& typeA, std::string const& typeB,
-                      std::string const& typeR, std::string const& expr) {
-  return CompileSource("Dim a As " + typeA + "\nDim b As " + typeB +
-                       "\nDim r As " + typeR + "\nr = " + expr);
+// Declares a, b and r with the three types and compiles `r = expr`. The
+// expected lines are: with an opcode, all lines of that opcode; with "",
+// the opening lines; with "*", lines that must each be present.
+struct Case { char const* a; char const* b; char const* r; char const* expr; char const* opcode; Lines lines; };
+
+void Check(Case const& c) {
+  CompiledProgram p = CompileSource(std::string("Dim a As ") + c.a + "\nDim b As " +
+                                    c.b + "\nDim r As " + c.r + "\nr = " + c.expr);
+  std::string what = std::string(c.a) + " " + c.b + " " + c.expr;
+  EXPECT_TRUE(p.errors.empty()) << what;
+  std::string op = c.opcode;
+  if (op == "*") {
+    for (std::string const& line : c.lines) EXPECT_TRUE(p.Has(line)) << what << "\n" << p.Listing();
+  } else {
+    EXPECT_EQ(c.lines, op.empty() ? p.Opening(c.lines.size()) : p.Lines(op)) << what;
+  }
 }
 
-TEST(Promotion, SmallIntegersMeetInInt32OrUInt32) {
-  CompiledProgram p = Mixed("Int8", "UInt8", "Int32", "a + b");
-  EXPECT_TRUE(p.errors.empty());
-  EXPECT_EQ(Lines({"Cvt a As Int8 (global) -> t1 As Int32 (global)",
-                   "Cvt b As UInt8 (global) -> t2 As Int32 (global)"}),
-            p.Lines("Cvt"));
-  EXPECT_EQ(Lines({"Add t1 As Int32 (global), t2 As Int32 (global) -> t3 As "
-                   "Int32 (global)"}),
-            p.Lines("Add"));
-
-  p = Mixed("UInt8", "UInt16", "UInt32", "a * b");
-  EXPECT_EQ(2u, p.Lines("Cvt").size());
-  EXPECT_HAS(p, "Mul t1 As UInt32 (global), t2 As UInt32 (global)");
+TEST(Promotion, MixedOperandsAndResultTypes) {
+  Case cases[] = {
+      // Small integers meet in Int32 or UInt32.
+      {"Int8", "UInt8", "Int32", "a + b", "Cvt",
+       {"Cvt a As Int8 (global) -> t1 As Int32 (global)",
+        "Cvt b As UInt8 (global) -> t2 As Int32 (global)"}},
+      {"Int8", "UInt8", "Int32", "a + b", "Add",
+       {"Add t1 As Int32 (global), t2 As Int32 (global) -> t3 As Int32 (global)"}},
+      {"UInt8", "UInt16", "UInt32", "a * b", "Mul",
+       {"Mul t1 As UInt32 (global), t2 As UInt32 (global) -> t3 As UInt32 (global)"}},
+      // 64 bits win and signedness spreads; equal types need no conversion.
+      {"Int32", "UInt64", "Int64", "a + b", "Cvt",
+       {"Cvt a As Int32 (global) -> t1 As Int64 (global)",
+        "Cvt b As UInt64 (global) -> t2 As Int64 (global)"}},
+      {"Int32", "UInt64", "Int64", "a + b", "*",
+       {"Add t1 As Int64 (global), t2 As Int64 (global) -> t3 As Int64"}},
+      {"UInt64", "UInt64", "UInt64", "a - b", "Cvt", {}},
+      {"UInt64", "UInt64", "UInt64", "a - b", "*", {"Sub a As UInt64 (global), b As UInt64 (global)"}},
+      // Currency mixed with anything is Double; two Currency stay Currency.
+      {"Currency", "Int32", "Double", "a + b", "Cvt",
+       {"Cvt a As Currency (global) -> t1 As Double (global)",
+        "Cvt b As Int32 (global) -> t2 As Double (global)"}},
+      {"Currency", "Currency", "Currency", "a / b", "Cvt", {}},
+      {"Currency", "Currency", "Currency", "a / b", "*",
+       {"Div a As Currency (global), b As Currency (global) -> t1 As Currency"}},
+      // / is Double for integers, \ Int32 for floats, ^ Double.
+      {"Int32", "Int32", "Double", "a / b", "*",
+       {"Cvt b As Int32 (global) -> t2 As Double (global)",
+        "Div t1 As Double (global), t2 As Double (global) -> t3 As Double"}},
+      {"Double", "Single", "Int32", "a \\ b", "*",
+       {"Cvt a As Double (global) -> t1 As Int32 (global)",
+        "Div t1 As Int32 (global), t2 As Int32 (global) -> t3 As Int32"}},
+      {"Int16", "Int16", "Double", "a ^ b", "*", {"Pow t1 As Double (global), t2 As Double (global)"}},
+      // Ptr minus Ptr is Int32; an integer meets a Ptr as the same bits,
+      // smaller ones widen first.
+      {"Ptr", "Ptr", "Int32", "a - b", "*", {"Sub a As Ptr (global), b As Ptr (global) -> t1 As Int32"}},
+      {"Ptr", "Int32", "Ptr", "a + b", "*", {"Add a As Ptr (global), b As Int32 (global) -> t1 As Ptr"}},
+      {"Int16", "Ptr", "Ptr", "a + b", "*",
+       {"Cvt a As Int16 (global) -> t1 As Int32 (global)",
+        "Add t1 As Int32 (global), b As Ptr (global) -> t2 As Ptr"}},
+      // -a ^ b is -(a ^ b); Not a = b is (Not a) = b; ^ groups to the right.
+      {"Double", "Double", "Double", "-a ^ b", "",
+       {"Pow a As Double (global), b As Double (global) -> t1 As Double (global)",
+        "Neg t1 As Double (global) -> t2 As Double (global)",
+        "Store t2 As Double (global) -> r As Double (global)"}},
+      {"Boolean", "Boolean", "Boolean", "Not a = b", "EQ",
+       {"EQ a As Boolean (global), False As Boolean -> t1 As Boolean (global)",
+        "EQ t1 As Boolean (global), b As Boolean (global) -> t2 As Boolean (global)"}},
+      {"Double", "Double", "Double", "a ^ b ^ r", "Pow",
+       {"Pow b As Double (global), r As Double (global) -> t1 As Double (global)",
+        "Pow a As Double (global), t1 As Double (global) -> t2 As Double (global)"}},
+      // > and >= run the right operand first.
+      {"Int32", "Double", "Boolean", "a > b", "",
+       {"Cvt a As Int32 (global) -> t1 As Double (global)",
+        "LT b As Double (global), t1 As Double (global) -> t2 As Boolean (global)"}},
+      {"Int32", "Int32", "Boolean", "a >= b", "*", {"LE b As Int32 (global), a As Int32 (global)"}},
+      {"Int32", "Int32", "Boolean", "a <> b", "*", {"NE a As Int32 (global), b As Int32 (global)"}},
+      // Strings concatenate and compare through the runtime, left first.
+      {"String", "String", "String", "a + b", "",
+       {"Unlock t1 As String (global)", "PutParam a As String (global)",
+        "PutParam b As String (global)", "Intrinsic intrinsic 38 -> t1 As String (global)"}},
+      {"String", "String", "Boolean", "a >= b", "PutParam",
+       {"PutParam a As String (global)", "PutParam b As String (global)"}},
+      {"String", "String", "Boolean", "a >= b", "*",
+       {"Intrinsic intrinsic 37 -> t1 As Int32 (global)",
+        "LE 0 As Int32, t1 As Int32 (global) -> t2 As Boolean (global)"}},
+      {"String", "String", "Boolean", "a < b", "*",
+       {"LT t1 As Int32 (global), 0 As Int32 -> t2 As Boolean (global)"}},
+      // Negation of unsigned is signed.
+      {"UInt8", "UInt8", "Int8", "-a", "*",
+       {"Cvt a As UInt8 (global) -> t1 As Int8 (global)",
+        "Neg t1 As Int8 (global) -> t2 As Int8 (global)"}},
+      // Assignment converts to the variable's type; a counted value swaps
+      // the references first; a variable assigned to itself costs nothing.
+      {"Double", "Int32", "Int32", "a", "",
+       {"Cvt a As Double (global) -> t1 As Int32 (global)",
+        "Store t1 As Int32 (global) -> r As Int32 (global)"}},
+      {"String", "String", "String", "a", "",
+       {"SwapLocks a As String (global), r As String (global)",
+        "Store a As String (global) -> r As String (global)"}},
+      {"String", "String", "String", "r", "Store", {}},
+  };
+  for (Case const& c : cases) Check(c);
 }
 
-TEST(Promotion, SixtyFourBitsWinAndSignednessSpreads) {
-  CompiledProgram p = Mixed("Int32", "UInt64", "Int64", "a + b");
-  EXPECT_EQ(Lines({"Cvt a As Int32 (global) -> t1 As Int64 (global)",
-                   "Cvt b As UInt64 (global) -> t2 As Int64 (global)"}),
-            p.Lines("Cvt"));
-  EXPECT_HAS(p, "Add t1 As Int64 (global), t2 As Int64 (global) -> t3 As Int64");
-  // Equal types need no conversion at all.
-  p = Mixed("UInt64", "UInt64", "UInt64", "a - b");
-  EXPECT_TRUE(p.Lines("Cvt").empty());
-  EXPECT_HAS(p, "Sub a As UInt64 (global), b As UInt64 (global)");
-}
-
-TEST(Promotion, CurrencyMixedWithAnythingIsDouble) {
-  CompiledProgram p = Mixed("Currency", "Int32", "Double", "a + b");
-  EXPECT_EQ(Lines({"Cvt a As Currency (global) -> t1 As Double (global)",
-                   "Cvt b As Int32 (global) -> t2 As Double (global)"}),
-            p.Lines("Cvt"));
-  // Two Currency operands stay Currency, and so does their quotient.
-  p = Mixed("Currency", "Currency", "Currency", "a / b");
-  EXPECT_TRUE(p.Lines("Cvt").empty());
-  EXPECT_HAS(p, "Div a As Currency (global), b As Currency (global) -> t1 As Currency");
-}
-
-TEST(Promotion, OperatorsWithTheirOwnResultTypes) {
-  // / is Double for integers, \ and Mod are Int32 for floats, ^ is Double.
-  CompiledProgram p = Mixed("Int32", "Int32", "Double", "a / b");
-  EXPECT_EQ(2u, p.Lines("Cvt").size());
-  EXPECT_HAS(p, "Div t1 As Double (global), t2 As Double (global) -> t3 As Double");
-  p = Mixed("Double", "Single", "Int32", "a \\ b");
-  EXPECT_HAS(p, "Cvt a As Double (global) -> t1 As Int32 (global)");
-  EXPECT_HAS(p, "Div t1 As Int32 (global), t2 As Int32 (global) -> t3 As Int32");
-  p = Mixed("Int16", "Int16", "Double", "a ^ b");
-  EXPECT_HAS(p, "Pow t1 As Double (global), t2 As Double (global)");
-  p = Mixed("Ptr", "Ptr", "Int32", "a - b");
-  EXPECT_HAS(p, "Sub a As Ptr (global), b As Ptr (global) -> t1 As Int32");
-  // An integer meets a Ptr as the same bits; smaller ones widen first.
-  p = Mixed("Ptr", "Int32", "Ptr", "a + b");
-  EXPECT_TRUE(p.errors.empty());
-  EXPECT_HAS(p, "Add a As Ptr (global), b As Int32 (global) -> t1 As Ptr");
-  p = Mixed("Int16", "Ptr", "Ptr", "a + b");
-  EXPECT_HAS(p, "Cvt a As Int16 (global) -> t1 As Int32 (global)");
-  EXPECT_HAS(p, "Add t1 As Int32 (global), b As Ptr (global) -> t2 As Ptr");
-}
-
-TEST(Promotion, PrecedenceOfUnaryMinusNotAndPower) {
-  // -a ^ b is -(a ^ b).
-  CompiledProgram p = Mixed("Double", "Double", "Double", "-a ^ b");
-  EXPECT_EQ(Lines({"Pow a As Double (global), b As Double (global) -> t1 As Double (global)",
-                   "Neg t1 As Double (global) -> t2 As Double (global)",
-                   "Store t2 As Double (global) -> r As Double (global)"}),
-            p.Opening(3));
-  // Not a = b is (Not a) = b.
-  p = Mixed("Boolean", "Boolean", "Boolean", "Not a = b");
-  EXPECT_EQ(Lines({"EQ a As Boolean (global), False As Boolean -> t1 As Boolean (global)",
-                   "EQ t1 As Boolean (global), b As Boolean (global) -> t2 As Boolean (global)"}),
-            p.Lines("EQ"));
-  // a ^ b ^ r groups to the right.
-  p = Mixed("Double", "Double", "Double", "a ^ b ^ r");
-  EXPECT_EQ(Lines({"Pow b As Double (global), r As Double (global) -> t1 As Double (global)",
-                   "Pow a As Double (global), t1 As Double (global) -> t2 As Double (global)"}),
-            p.Lines("Pow"));
-}
-
-TEST(Promotion, GreaterThanRunsTheRightOperandFirst) {
-  CompiledProgram p = Mixed("Int32", "Double", "Boolean", "a > b");
-  EXPECT_EQ(Lines({"Cvt a As Int32 (global) -> t1 As Double (global)",
-                   "LT b As Double (global), t1 As Double (global) -> t2 As Boolean (global)"}),
-            p.Opening(2));
-  p = Mixed("Int32", "Int32", "Boolean", "a >= b");
-  EXPECT_HAS(p, "LE b As Int32 (global), a As Int32 (global)");
-  p = Mixed("Int32", "Int32", "Boolean", "a <> b");
-  EXPECT_HAS(p, "NE a As Int32 (global), b As Int32 (global)");
-}
-
-TEST(Promotion, StringsConcatenateAndCompareThroughTheRuntime) {
-  CompiledProgram p = Mixed("String", "String", "String", "a + b");
-  EXPECT_EQ(Lines({"Unlock t1 As String (global)",
-                   "PutParam a As String (global)",
-                   "PutParam b As String (global)",
-                   "Intrinsic intrinsic 38 -> t1 As String (global)"}),
-            p.Opening(4));
-  // Strings keep the left operand first even for >=: 0 <= compare(a, b).
-  p = Mixed("String", "String", "Boolean", "a >= b");
-  EXPECT_EQ(Lines({"PutParam a As String (global)", "PutParam b As String (global)"}),
-            p.Lines("PutParam"));
-  EXPECT_HAS(p, "Intrinsic intrinsic 37 -> t1 As Int32 (global)");
-  EXPECT_HAS(p, "LE 0 As Int32, t1 As Int32 (global) -> t2 As Boolean (global)");
-  p = Mixed("String", "String", "Boolean", "a < b");
-  EXPECT_HAS(p, "LT t1 As Int32 (global), 0 As Int32 -> t2 As Boolean (global)");
-}
-
-TEST(Promotion, NegationOfUnsignedIsSigned) {
-  CompiledProgram p = Mixed("UInt8", "UInt8", "Int8", "-a");
-  EXPECT_HAS(p, "Cvt a As UInt8 (global) -> t1 As Int8 (global)");
-  EXPECT_HAS(p, "Neg t1 As Int8 (global) -> t2 As Int8 (global)");
-}
-
-TEST(Promotion, AssignmentConvertsToTheVariablesType) {
-  CompiledProgram p = Mixed("Double", "Int32", "Int32", "a");
-  EXPECT_TRUE(p.errors.empty());
-  EXPECT_EQ(Lines({"Cvt a As Double (global) -> t1 As Int32 (global)",
-                   "Store t1 As Int32 (global) -> r As Int32 (global)"}),
-            p.Opening(2));
-  // A reference-counted value swaps the references before the store.
-  p = Mixed("String", "String", "String", "a");
-  EXPECT_EQ(Lines({"SwapLocks a As String (global), r As String (global)",
-                   "Store a As String (global) -> r As String (global)"}),
-            p.Opening(2));
-  // A variable assigned to itself costs nothing.
-  p = Mixed("String", "String", "String", "r");
-  EXPECT_TRUE(p.Lines("Store").empty());
+TEST(Logic, ShortCircuitsAndBitwiseForms) {
+  Case cases[] = {
+      // And skips the right operand when the left decides.
+      {"Boolean", "Int32", "Boolean", "a And b = 2", "",
+       {"IfEQI a As Boolean (global), False As Boolean -> L2",
+        "EQ b As Int32 (global), 2 As Int32 -> t1 As Boolean (global)",
+        "IfEQI t1 As Boolean (global), False As Boolean -> L2",
+        "Store True As Boolean -> t2 As Boolean (global)", "Jump -> L3", "L2:",
+        "Store False As Boolean -> t2 As Boolean (global)", "L3:"}},
+      {"Boolean", "Boolean", "Boolean", "a Or b", "Store",
+       {"Store False As Boolean -> t1 As Boolean (global)",
+        "Store True As Boolean -> t1 As Boolean (global)",
+        "Store t1 As Boolean (global) -> r As Boolean (global)"}},
+      // Xor evaluates both sides.
+      {"Boolean", "Boolean", "Boolean", "a Xor b", "EQ",
+       {"EQ a As Boolean (global), b As Boolean (global) -> t1 As Boolean (global)",
+        "EQ t1 As Boolean (global), False As Boolean -> t1 As Boolean (global)"}},
+      {"Boolean", "Boolean", "Boolean", "a Xor b", "IfEQI", {}},
+      // Integers are bitwise.
+      {"Int16", "UInt8", "Int32", "a And b", "*",
+       {"Cvt b As UInt8 (global) -> t2 As Int32 (global)",
+        "BitAnd t1 As Int32 (global), t2 As Int32 (global) -> t3 As Int32"}},
+      {"Int32", "Int32", "Int32", "a Or 6", "*", {"BitOr a As Int32 (global), 6 As Int32"}},
+      {"Int32", "Int32", "Int32", "a Xor 6", "*", {"BitXor a As Int32 (global), 6 As Int32"}},
+      {"UInt64", "UInt64", "UInt64", "Not a", "*", {"BitNot a As UInt64 (global) -> t1 As UInt64 (global)"}},
+      // A Variant meeting a Boolean converts to Boolean.
+      {"Variant", "Boolean", "Boolean", "a And True", "*", {}},
+  };
+  for (Case const& c : cases) Check(c);
+  EXPECT_EQ(2u, CompileSource("Dim a As Boolean\nDim b As Boolean\nDim r As Boolean\nr = a Or b")
+                .Lines("IfNEI").size());  // Or jumps on True
+  CompiledProgram p = CompileSource("Dim s As String\nDim r As Boolean\nr = s And True");
+  EXPECT_EQ(std::vector<int>({2}), p.ErrorCodes());
+  EXPECT_EQ(Lines({"Boolean", "String"}), p.errors[0].arguments);
 }
 
 }  // namespace

@@ -17,12 +17,10 @@ TEST(Functions, PrologTakesParametersLastFirstAndZeroesTheLocals) {
   ASSERT_TRUE(p.errors.empty()) << p.listing;
   std::vector<std::string> l = p.Lines();
   listing::Section f = p.Body("F");
-  int enter = f.enter;
-  ASSERT_GE(enter, 0) << p.listing;
-  EXPECT_NE(std::string::npos, l[enter].find("table 1"));
-  EXPECT_NE(std::string::npos, l[enter + 1].find("GetParam        -> F.d "));
-  EXPECT_NE(std::string::npos, l[enter + 2].find("GetParam        -> F.s "));
-  EXPECT_NE(std::string::npos, l[enter + 3].find("GetParam        -> F.a "));
+  ASSERT_GE(f.enter, 0) << p.listing;
+  EXPECT_NE(std::string::npos, l[f.enter].find("table 1"));
+  for (int i = 1; i <= 3; i++)  // parameters last first
+    EXPECT_EQ(0u, l[f.enter + i].find(std::string("GetParam        -> F.") + "dsa"[i - 1] + " "));
   // The result and the locals start at zero; parameters are left alone.
   EXPECT_EQ(1, p.Count("Zero            -> F.Return "));
   EXPECT_EQ(1, p.Count("Zero            -> F.x "));
@@ -40,23 +38,6 @@ TEST(Functions, PrologTakesParametersLastFirstAndZeroesTheLocals) {
   EXPECT_EQ(0u, l[f.end].rfind("Leave           F.Return As Int32"));
 }
 
-TEST(Functions, BorrowedParametersWithoutLocking) {
-  LanguageOptions options;
-  options.mLockRefCountedParameters = 0;
-  options.mStackOverflowChecking = 0;
-  CompiledProgram p =
-      CompileProgramText("Sub S(t As String)\nEnd Sub\n", options);
-  EXPECT_EQ(0, p.Count("Lock"));
-  EXPECT_EQ(0, p.Count("intrinsic 122"));
-}
-
-TEST(Functions, ReturnFaults) {
-  CompiledProgram p = CompileProgramText(
-      "Sub S()\n  Return 1\nEnd Sub\nFunction F() As Integer\n  Return\n"
-      "End Function\n");
-  EXPECT_EQ(Errors({{34, 1}, {73, 4}}), p.errors);
-}
-
 TEST(Functions, SubReturnJumpsToItsExit) {
   CompiledProgram p = CompileProgramText("Sub S()\n  Return\nEnd Sub\n");
   EXPECT_TRUE(p.errors.empty());
@@ -71,62 +52,55 @@ TEST(Functions, SubReturnJumpsToItsExit) {
   EXPECT_EQ("Leave", l[s.end]);
 }
 
-TEST(Functions, ModifierFaults) {
-  CompiledProgram p = CompileProgramText(
-      "Sub A(ByRef x As Integer = 1)\nEnd Sub\n"
-      "Sub B(ParamArray Optional y As Integer)\nEnd Sub\n"
-      "Sub C(ByRef ByVal z As Integer)\nEnd Sub\n"
-      "Sub D(ByVal ByVal w As Integer)\nEnd Sub\n"
-      "Sub E(Assigns Extends v As Integer)\nEnd Sub\n"
-      "Sub F(k As Integer = \"text\")\nEnd Sub\n"
-      "Sub G(ParamArray m(,) As Integer)\nEnd Sub\n");
-  EXPECT_EQ(
-      Errors({{76, 0}, {77, 2}, {74, 4}, {75, 6}, {74, 8}, {10, 10}, {85, 12}}),
-      p.errors);
+TEST(Functions, FaultsAtTheirLines) {
+  struct Case { char const* text; Errors errors; } cases[] = {
+      {"Sub S()\n  Return 1\nEnd Sub\nFunction F() As Integer\n  Return\nEnd Function\n",
+       {{34, 1}, {73, 4}}},
+      {"Sub A(ByRef x As Integer = 1)\nEnd Sub\n"
+       "Sub B(ParamArray Optional y As Integer)\nEnd Sub\n"
+       "Sub C(ByRef ByVal z As Integer)\nEnd Sub\n"
+       "Sub D(ByVal ByVal w As Integer)\nEnd Sub\n"
+       "Sub E(Assigns Extends v As Integer)\nEnd Sub\n"
+       "Sub F(k As Integer = \"text\")\nEnd Sub\n"
+       "Sub G(ParamArray m(,) As Integer)\nEnd Sub\n",
+       {{76, 0}, {77, 2}, {74, 4}, {75, 6}, {74, 8}, {10, 10}, {85, 12}}},
+      {"Sub A(a As Integer, Extends b As Integer)\nEnd Sub\n"
+       "Sub B(Assigns c As Integer, d As Integer)\nEnd Sub\n"
+       "Sub C(ParamArray e As Integer, f As Integer)\nEnd Sub\n"
+       "Sub D(ParamArray g As Integer, ParamArray h As Integer)\nEnd Sub\n"
+       "Sub E(Assigns i As Integer, Assigns j As Integer)\nEnd Sub\n",
+       {{80, 0}, {81, 2}, {82, 4}, {84, 6}, {83, 8}}},
+      {"Sub P(a As Integer)\nEnd Sub\nSub P(b As Integer)\nEnd Sub\n", {{93, 0}, {93, 2}}},
+  };
+  for (auto const& c : cases) EXPECT_EQ(c.errors, CompileProgramText(c.text).errors) << c.text;
 }
 
-TEST(Functions, ParameterOrderFaults) {
+TEST(Functions, ParametersAndOverloads) {
+  struct Case { char const* text; char const* line; int count; } cases[] = {
+      // ParamArray is an array inside the body, ByRef a reference.
+      {"Sub S(ParamArray xs As Integer)\n  Dim copy() As Integer = xs\nEnd Sub\n",
+       "GetParam        -> S.xs As Int32()", 1},
+      {"Sub S(ByRef n As Integer)\n  n = 2\nEnd Sub\n", "Poke            2 As Int32 -> S.n", 1},
+      // Overloads get their own link names.
+      {"Sub P(a As Integer)\nEnd Sub\nSub P(a As Double)\nEnd Sub\n", "Enter           \"P%", 2},
+  };
+  for (auto const& c : cases) {
+    CompiledProgram p = CompileProgramText(c.text);
+    EXPECT_TRUE(p.errors.empty()) << p.listing;
+    EXPECT_EQ(c.count, p.Count(c.line)) << p.listing;
+  }
+  // One bad method leaves the rest compiled.
   CompiledProgram p = CompileProgramText(
-      "Sub A(a As Integer, Extends b As Integer)\nEnd Sub\n"
-      "Sub B(Assigns c As Integer, d As Integer)\nEnd Sub\n"
-      "Sub C(ParamArray e As Integer, f As Integer)\nEnd Sub\n"
-      "Sub D(ParamArray g As Integer, ParamArray h As Integer)\nEnd Sub\n"
-      "Sub E(Assigns i As Integer, Assigns j As Integer)\nEnd Sub\n");
-  std::vector<int> codes = p.ErrorCodes();
-  EXPECT_EQ(Errors({{80, 0}, {81, 2}, {82, 4}, {84, 6}, {83, 8}}), p.errors);
-}
-
-TEST(Functions, ParamArrayIsAnArrayInsideTheBody) {
-  CompiledProgram p = CompileProgramText(
-      "Sub S(ParamArray xs As Integer)\n  Dim copy() As Integer = xs\nEnd "
-      "Sub\n");
-  EXPECT_TRUE(p.errors.empty()) << p.listing;
-  EXPECT_EQ(1, p.Count("GetParam        -> S.xs As Int32()"));
-}
-
-TEST(Functions, ByRefParameterIsAReference) {
-  CompiledProgram p =
-      CompileProgramText("Sub S(ByRef n As Integer)\n  n = 2\nEnd Sub\n");
-  EXPECT_TRUE(p.errors.empty()) << p.listing;
-  EXPECT_EQ(1, p.Count("Poke            2 As Int32 -> S.n"));
-}
-
-TEST(Functions, OverloadsGetTheirOwnLinkNames) {
-  CompiledProgram p = CompileProgramText(
-      "Sub P(a As Integer)\nEnd Sub\nSub P(a As Double)\nEnd Sub\n");
-  EXPECT_TRUE(p.errors.empty());
-  EXPECT_EQ(2, p.Count("Enter           \"P%"));
-  p = CompileProgramText(
-      "Sub P(a As Integer)\nEnd Sub\nSub P(b As Integer)\nEnd Sub\n");
-  EXPECT_EQ(Errors({{93, 0}, {93, 2}}), p.errors);
-}
-
-TEST(Functions, OneBadMethodLeavesTheRestCompiled) {
-  CompiledProgram p = CompileProgramText(
-      "Sub A()\n  Exit For\nEnd Sub\nSub B()\n  Dim q As Integer = 3\nEnd "
-      "Sub\n");
+      "Sub A()\n  Exit For\nEnd Sub\nSub B()\n  Dim q As Integer = 3\nEnd Sub\n");
   EXPECT_EQ(Errors({{104, 1}}), p.errors);
   EXPECT_EQ(1, p.Count("Store           3 As Int32 -> B.q"));
+  // Borrowed parameters without locking or stack probe.
+  LanguageOptions options;
+  options.mLockRefCountedParameters = 0;
+  options.mStackOverflowChecking = 0;
+  p = CompileProgramText("Sub S(t As String)\nEnd Sub\n", options);
+  EXPECT_EQ(0, p.Count("Lock"));
+  EXPECT_EQ(0, p.Count("intrinsic 122"));
 }
 
 TEST(Functions, OverridesMayNarrowTheirObjectResult) {

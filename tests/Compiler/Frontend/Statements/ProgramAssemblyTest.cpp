@@ -6,7 +6,6 @@
 
 namespace {
 
-typedef std::vector<int> Codes;
 typedef std::vector<std::pair<int, unsigned>> Errors;
 
 TEST(ProgramAssembly, EmptyProgramStillRunsTheFrame) {
@@ -23,13 +22,9 @@ TEST(ProgramAssembly, EmptyProgramStillRunsTheFrame) {
   EXPECT_EQ(3, main.exit);
   // The item finalisers run inside the main body's exception handler, so
   // that an exception on its way to the host still releases them.
-  int handler = p.Find("HandleException", main.exit);
-  int fin = p.Find("Call            \"% finalize\" As String");
-  int reraise = p.Find(
-      "intrinsic " + std::to_string(kIntrinsicRuntimeReraiseException));
-  EXPECT_LT(main.exit, handler);
-  EXPECT_LT(handler, fin);
-  EXPECT_LT(fin, reraise);
+  EXPECT_LT(main.exit, p.Find("HandleException"));
+  EXPECT_TRUE(p.InOrder({"HandleException", "Call            \"% finalize\" As String",
+                         "intrinsic " + std::to_string(kIntrinsicRuntimeReraiseException)}));
   // Runtime exit and Stop close the main body, and nothing else follows.
   ASSERT_EQ(int(lines.size()) - 1, main.end) << p.listing;
   EXPECT_NE(std::string::npos, lines[main.end - 1].find("intrinsic 2 ->"));
@@ -44,16 +39,9 @@ TEST(ProgramAssembly, FunctionsFollowTheMainBodyInSourceOrder) {
       "Function Second() As Integer\nEnd Function\n"
       "a = 2\n");
   EXPECT_TRUE(p.errors.empty());
-  int one = p.Find("Store           1 As Int32");
-  int two = p.Find("Store           2 As Int32");
-  int stop = p.Find("Stop");
-  int first = p.Find("Enter           \"First\"");
-  int second = p.Find("Enter           \"Second");
-  ASSERT_GE(one, 0) << p.listing;
-  EXPECT_LT(one, two);
-  EXPECT_LT(two, stop);
-  EXPECT_LT(stop, first);
-  EXPECT_LT(first, second);
+  EXPECT_TRUE(p.InOrder({"Store           1 As Int32", "Store           2 As Int32", "Stop",
+                         "Enter           \"First\"", "Enter           \"Second"}))
+      << p.listing;
 }
 
 TEST(ProgramAssembly, TopLevelReturnJumpsToTheMainExit) {
@@ -95,48 +83,10 @@ TEST(ProgramAssembly, BlockLocalsAreZeroedAndReleasedAroundTheBlock) {
   EXPECT_TRUE(p.errors.empty()) << p.listing;
   listing::Section sub = p.Body("S");
   int test = p.Find("IfEQI", sub.first);
-  int zero = p.Find("Zero", test);
-  int store = p.Find("SwapLocks", test);
-  int release = p.Find("Unlock", test);
-  ASSERT_GT(zero, test) << p.listing;
-  EXPECT_LT(zero, release);
-  EXPECT_LT(store, release);
-  EXPECT_LT(release, sub.exit);
-  EXPECT_NE(std::string::npos, p.Lines()[release].find("S.t "));
-}
-
-TEST(ProgramAssembly, SiblingBlocksMayDeclareOneName) {
-  CompiledProgram p = CompileProgramText(
-      "Sub S()\n  If True Then\n    Dim x As Integer\n  End If\n"
-      "  If False Then\n    Dim x As Integer\n  End If\nEnd Sub\n");
-  EXPECT_TRUE(p.errors.empty());
-  p = CompileProgramText(
-      "Sub S()\n  Dim x As Integer\n  If True Then\n    Dim x As Integer\n"
-      "  End If\nEnd Sub\n");
-  EXPECT_EQ(Codes({22}), p.ErrorCodes());
-}
-
-TEST(ProgramAssembly, ComputedInitialValueIsEvaluatedOnce) {
-  CompiledProgram p = CompileProgramText(
-      "Sub S(a As Integer)\n  Dim b, c As Integer = a * 3\nEnd Sub\n");
-  EXPECT_TRUE(p.errors.empty());
-  EXPECT_EQ(1, p.Count("Mul")) << p.listing;
-  EXPECT_EQ(2, p.Count("Store           S."));
-}
-
-TEST(ProgramAssembly, ConstantInitialValueIsStoredDirectly) {
-  CompiledProgram p =
-      CompileProgramText("Sub S()\n  Dim b, c As Integer = 7\nEnd Sub\n");
-  EXPECT_EQ(2, p.Count("Store           7 As Int32")) << p.listing;
-}
-
-TEST(ProgramAssembly, NewObjectWithSeveralNamesIsReported) {
-  CompiledProgram p = CompileProgramText(
-      "Class C\nEnd Class\nSub S()\n  Dim a, b As New C\nEnd Sub\n");
-  std::vector<int> codes = p.ErrorCodes();
-  ASSERT_FALSE(codes.empty());
-  EXPECT_EQ(125, codes[0]);
-  EXPECT_EQ(3u, p.errors[0].second);
+  EXPECT_TRUE(p.InOrder({"IfEQI", "Zero", "SwapLocks", "Unlock          S.t "}, sub.first))
+      << p.listing;
+  EXPECT_LT(p.Find("Unlock", test), sub.exit);
+  EXPECT_EQ(p.Find("Unlock", test), p.Find("Unlock          S.t "));
 }
 
 TEST(ProgramAssembly, StaticInitialiserRunsBehindAOnceOnlyGuard) {
@@ -157,16 +107,6 @@ TEST(ProgramAssembly, StaticInitialiserRunsBehindAOnceOnlyGuard) {
   EXPECT_EQ(0, p.Count("Zero            -> S.n"));
 }
 
-TEST(ProgramAssembly, LocalConstantsAndTheirFaults) {
-  CompiledProgram p = CompileProgramText(
-      "Sub S()\n  Const k = 4\n  Dim x As Integer = k\nEnd Sub\n");
-  EXPECT_TRUE(p.errors.empty());
-  EXPECT_EQ(1, p.Count("Store           4 As Int32 -> S.x")) << p.listing;
-  p = CompileProgramText(
-      "Sub S()\n  Dim x As Integer\n  Const x = 4\nEnd Sub\n");
-  EXPECT_EQ(Codes({22}), p.ErrorCodes());
-}
-
 TEST(ProgramAssembly, PragmaInAMethodEndsWithIt) {
   CompiledProgram p = CompileProgramText(
       "#pragma BackgroundTasks False\n"
@@ -182,25 +122,54 @@ TEST(ProgramAssembly, PragmaInAMethodEndsWithIt) {
   EXPECT_EQ(1, p.Count("intrinsic 119"));
 }
 
-TEST(ProgramAssembly, DebugPragmaPutsAHookBeforeStatements) {
-  CompiledProgram p =
-      CompileProgramText("#pragma Debug True\nDim a As Integer\na = 1\n");
+TEST(ProgramAssembly, DeclarationsCompileToTheirLines) {
+  struct Case { char const* text; char const* line; int count; } cases[] = {
+      // Sibling blocks may declare one name.
+      {"Sub S()\n  If True Then\n    Dim x As Integer\n  End If\n"
+       "  If False Then\n    Dim x As Integer\n  End If\nEnd Sub\n", "", -1},
+      // A computed initial value is evaluated once, a constant stored directly.
+      {"Sub S(a As Integer)\n  Dim b, c As Integer = a * 3\nEnd Sub\n", "Mul", 1},
+      {"Sub S(a As Integer)\n  Dim b, c As Integer = a * 3\nEnd Sub\n", "Store           S.", 2},
+      {"Sub S()\n  Dim b, c As Integer = 7\nEnd Sub\n", "Store           7 As Int32", 2},
+      {"Sub S()\n  Const k = 4\n  Dim x As Integer = k\nEnd Sub\n",
+       "Store           4 As Int32 -> S.x", 1},
+  };
+  for (auto const& c : cases) {
+    CompiledProgram p = CompileProgramText(c.text);
+    EXPECT_TRUE(p.errors.empty()) << c.text;
+    if (c.count >= 0) {
+      EXPECT_EQ(c.count, p.Count(c.line)) << p.listing;
+    }
+  }
+  // The debug pragma puts a hook before statements.
+  CompiledProgram p = CompileProgramText("#pragma Debug True\nDim a As Integer\na = 1\n");
   int store = p.Find("Store           1 As Int32");
   ASSERT_GT(store, 0);
   EXPECT_EQ("Intrinsic       intrinsic 120", p.Lines()[store - 1]);
-}
-
-TEST(ProgramAssembly, TypeNamesResolveThroughTheDeclarations) {
-  CompiledProgram p = CompileProgramText(
-      "Class Shape\nEnd Class\nModule Geo\n  Class Point\n  End Class\n"
-      "End Module\n"
+  // Type names resolve through the declarations; a bad one stands for
+  // Int32 and draws no further report.
+  p = CompileProgramText(
+      "Class Shape\nEnd Class\nModule Geo\n  Class Point\n  End Class\nEnd Module\n"
       "Sub S()\n  Dim a As Shape\n  Dim b As Geo.Point\n  Dim c As Nowhere\n"
       "  Dim d As Geo.Nothing\n  Dim e As Nope.Point\n  c = 1\nEnd Sub\n");
   EXPECT_EQ(Errors({{63, 9}, {63, 10}, {11, 11}}), p.errors);
   EXPECT_EQ(1, p.Count("Zero            -> S.a As Shape"));
   EXPECT_EQ(1, p.Count("Zero            -> S.b As Geo.Point"));
-  // A bad name stands for Int32 and draws no further report.
   EXPECT_EQ(1, p.Count("Store           1 As Int32 -> S.c As Int32"));
+}
+
+TEST(ProgramAssembly, DeclarationFaults) {
+  struct Case { char const* text; Errors errors; } cases[] = {
+      {"Sub S()\n  Dim x As Integer\n  If True Then\n    Dim x As Integer\n"
+       "  End If\nEnd Sub\n", {{22, 3}}},
+      {"Sub S()\n  Dim x As Integer\n  Const x = 4\nEnd Sub\n", {{22, 2}}},
+  };
+  for (auto const& c : cases) EXPECT_EQ(c.errors, CompileProgramText(c.text).errors) << c.text;
+  // New with several names.
+  CompiledProgram p = CompileProgramText(
+      "Class C\nEnd Class\nSub S()\n  Dim a, b As New C\nEnd Sub\n");
+  ASSERT_FALSE(p.errors.empty());
+  EXPECT_EQ(std::make_pair(125, 3u), p.errors[0]);
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
-// Compiles a program the way the engine does (declaration scan, merge,
-// resolve, then the grammar pass against the global table) and keeps the
-// listing of the program code and the compile errors.
+// Compiles a program as the engine does (declaration scan, merge, resolve,
+// grammar pass against the global table) and keeps the listing of the
+// program code and the compile errors.
 #ifndef TESTS_COMPILER_FRONTEND_STATEMENTS_STATEMENTTESTSUPPORT_H
 #define TESTS_COMPILER_FRONTEND_STATEMENTS_STATEMENTTESTSUPPORT_H
 
@@ -11,66 +11,62 @@
 #include "Compiler/Frontend/LanguageOptions.h"
 #include "ListingSections.h"
 
+typedef std::vector<std::pair<int, unsigned>> ErrorList;  // number, line from 0
+
 struct CompiledProgram {
   int status = -1;  // the parser's result
   std::string listing;
-  // Each compile error: its number and its start line, from 0.
-  std::vector<std::pair<int, unsigned>> errors;
-  // The lines of the listing without their source line column, trimmed.
+  ErrorList errors;
+  // The listing lines without their source line column, trimmed.
   std::vector<std::string> Lines() const;
-  // How many listing lines contain `text`.
-  int Count(std::string const& text) const;
-  // The index of the first line containing `text` at or after `from`, or -1.
+  int Count(std::string const& text) const;  // lines containing `text`
+  // The first line containing `text` at or after `from`, or -1.
   int Find(std::string const& text, int from = 0) const;
+  // Whether each fragment stands on a line after the previous one's.
+  bool InOrder(std::vector<std::string> const& fragments, int from = 0) const {
+    int at = from - 1;
+    for (std::string const& f : fragments)
+      if ((at = Find(f, at + 1)) < 0) return false;
+    return true;
+  }
   std::vector<int> ErrorCodes() const;
-  // Where the body of the main program ("% main") or of the method whose
-  // link name begins with `name` stands in Lines(): its Enter line, its
-  // statements past the prologue, its exit label and its last line.
+  // The main body ("% main") or the method whose link name begins with
+  // `name`, and its statement lines.
   listing::Section Body(std::string const& name = "% main") const;
-  // The lines of that body's statements, without prologue, exit label and
-  // epilogue.
-  std::vector<std::string> Statements(
-      std::string const& name = "% main") const;
+  std::vector<std::string> Statements(std::string const& name = "% main") const;
 };
 
 // `text` gets a line feed appended. `options` are the initial pragmas.
 CompiledProgram CompileProgramText(std::string const& text,
                                    LanguageOptions options = LanguageOptions());
 
-#endif
-
 class GlobalSymbolTable;
 class MethodSymbol;
 class SemBase;
 class SrcContext;
+struct StatementRecorder;
 
 // The declarations of `text`, scanned and resolved, with a compilation
-// context open on them (the global module entered), for calling the
-// actions directly. Compile errors are kept.
+// context open on the global module, for calling the actions directly.
 class DeclaredProgram {
  public:
   explicit DeclaredProgram(std::string const& text);
   ~DeclaredProgram();
-  // The methods of the global module of this name, newest first.
-  std::vector<MethodSymbol*> Methods(char const* name) const;
-  // A value of `type` held in a fresh variable, or a literal constant.
-  SemBase* Variable(char const* typeName);
-  // A variable of the declared type (class, interface...) of this name.
-  SemBase* VariableOfDeclared(char const* typeName);
-  // The methods of the declared class or interface of this name.
+  std::vector<MethodSymbol*> Methods(char const* name) const;  // newest first
+  SemBase* Variable(char const* typeName);  // a fresh variable of the type
+  SemBase* VariableOfDeclared(char const* typeName);  // of a declared type
   std::vector<MethodSymbol*> MemberMethods(char const* typeName,
                                            char const* name) const;
-  // Enters the declared class of this name, as its body does.
   void EnterClass(char const* typeName);
   SemBase* Constant(long value);
   SemBase* Constant(double value);
-  // The listing of code.
   static std::string Listing(SemBase* code);
   std::vector<int> ErrorCodes() const;
 
  private:
   GlobalSymbolTable* mGlobal;
   SrcContext* mContext;
-  struct Recorder;
-  Recorder* mRecorder;
+  StatementRecorder* mRecorder;
 };
+
+#endif
