@@ -90,18 +90,6 @@ TEST(TypeDerivations, NestingBeyondThreeLevelsIsRefused) {
   EXPECT_ASSERTION(IRDataType(kSInt32Type).AsElement(), "");
 }
 
-TEST(TypeDerivations, DeclarationMustFitTheMainType) {
-  StructureSymbol point("Point");
-  ClassSymbol widget("Widget");
-  EXPECT_ASSERTION(IRDataType(kObjectType, &point), "");
-  EXPECT_ASSERTION(IRDataType(kStructureType, &widget), "");
-  EXPECT_ASSERTION(IRDataType(kSInt32Type, &widget), "");
-  EXPECT_ASSERTION(IRDataType(kObjectType, nullptr), "");
-  DelegateSymbol handler("Handler");
-  EXPECT_TRUE(IRDataType(kObjectType, &handler).IsDelegate());
-  EXPECT_FALSE(IRDataType(kObjectType, &widget).IsDelegate());
-}
-
 TEST(TypeStorage, AlignmentFollowsTheSizeItself) {
   EXPECT_EQ(8u, IRDataType(kSInt64Type).StorageAlign(5));
   EXPECT_EQ(6u, IRDataType(kSInt16Type).StorageAlign(5));
@@ -114,32 +102,6 @@ TEST(TypeStorage, AlignmentFollowsTheSizeItself) {
   EXPECT_EQ(12u, Structure(twelve, 12).StorageSize());
   // Zero size resets the running offset.
   EXPECT_EQ(0u, Structure(empty, 0).StorageAlign(7));
-}
-
-TEST(TypeStorage, SizesOfHandlesAndNumbers) {
-  EXPECT_EQ(16u, IRDataType(kWideNumericType).StorageSize());
-  EXPECT_EQ(8u, IRDataType(kCurrencyType).StorageSize());
-  EXPECT_EQ(4u, IRDataType(kStringType).AsArray(2).StorageSize());
-  EXPECT_EQ(4u, IRDataType(kReal64Type).AsReference().StorageSize());
-  EXPECT_ASSERTION(IRDataType().StorageSize(),
-                   "StorageSize of unknown type \\(Unknown Type\\)");
-}
-
-TEST(TypeQueries, CategoriesByMainType) {
-  EXPECT_FALSE(IRDataType(kBooleanType).IsInteger());
-  EXPECT_FALSE(IRDataType(kBooleanType).IsNumeric());
-  EXPECT_FALSE(IRDataType(kCurrencyType).IsInteger());
-  EXPECT_TRUE(IRDataType(kCurrencyType).IsNumeric());
-  EXPECT_TRUE(IRDataType(kCurrencyType).Signed());
-  EXPECT_FALSE(IRDataType(kUInt64Type).Signed());
-  EXPECT_TRUE(IRDataType(kReal32Type).IsFloat());
-  EXPECT_TRUE(IRDataType(kOSTypeType).IsExternalString());
-  EXPECT_FALSE(IRDataType(kWindowPtrType).IsExternalString());
-  EXPECT_FALSE(IRDataType(kExternalCStringType).RefCounted());
-  EXPECT_TRUE(IRDataType(kExternalWStringType).RefCounted());
-  EXPECT_TRUE(IRDataType(kSInt8Type).AsArray(1).RefCounted());
-  EXPECT_FALSE(IRDataType(kStringType).AsReference().RefCounted());
-  EXPECT_FALSE(IRDataType(kNilType).RefCounted());
 }
 
 TEST(TypeEquality, DeclarationsCompareByIdentity) {

@@ -23,44 +23,6 @@ void AddNoop(TacBlock& block, unsigned long line) {
 
 }  // namespace
 
-TEST(TacOpcodes, NamesFollowTheOperationValues) {
-  EXPECT_EQ(51, kQtyTacOpcodes);
-  EXPECT_STREQ("Noop", TacOpcodeName(kTacNoop));
-  EXPECT_STREQ("Store", TacOpcodeName(kTacStore));
-  EXPECT_EQ(26, kTacLabel);
-  EXPECT_STREQ("Label", TacOpcodeName(kTacLabel));
-  EXPECT_EQ(44, kTacCallVirtual);
-  EXPECT_STREQ("CallVirtual", TacOpcodeName(kTacCallVirtual));
-  EXPECT_EQ(50, kTacPragma);
-  EXPECT_STREQ("Pragma", TacOpcodeName(kTacPragma));
-  EXPECT_ASSERTION(TacOpcodeName(TacOpcode(51)), "");
-}
-
-TEST(TacBlock, IteratorOnEmptyBlockFindsNothing) {
-  TacBlock block;
-  TacBlockIterator it(&block);
-  EXPECT_FALSE(it.Next());
-  EXPECT_FALSE(it.Next());
-}
-
-TEST(TacBlock, LinesKeepTheirOrderAndSourceLines) {
-  TacBlock block;
-  for (unsigned long line = 0; line < 3; line++) AddNoop(block, line * 10);
-  TacBlockIterator it(&block);
-  for (unsigned long line = 0; line < 3; line++) {
-    ASSERT_TRUE(it.Next());
-    EXPECT_EQ(line * 10, it.Value().mLine);
-  }
-  EXPECT_FALSE(it.Next());
-}
-
-TEST(TacBlock, NullOperandsAreRefused) {
-  TacBlock block;
-  EXPECT_ASSERTION(block.AddLine(kTacNoop, nullptr, nilTacAddr, nilTacAddr, 0), "");
-  EXPECT_ASSERTION(block.AddLine(kTacNoop, nilTacAddr, nullptr, nilTacAddr, 0), "");
-  EXPECT_ASSERTION(block.AddLine(kTacNoop, nilTacAddr, nilTacAddr, nullptr, 0), "");
-}
-
 TEST(TacBlock, AppendMovesTheLinesThemselves) {
   TacBlock a, b;
   AddNoop(a, 1);
@@ -107,35 +69,6 @@ TEST(TacBlock, AppendTakesConstantTime) {
   EXPECT_EQ(299999u, program.mLast->mLine);
 }
 
-TEST(TacAddr, ConstantsAndPlacesAnswerOnlyTheirOwnQuestions) {
-  ConstAddr seven(7L);
-  EXPECT_TRUE(seven.IsConstant());
-  EXPECT_EQ(kSInt32Type, seven.mType.GetMainType());
-  EXPECT_EQ(7, seven.GetValue()->uSInt32);
-  EXPECT_ASSERTION(seven.GetStorageClass(), "");
-  EXPECT_ASSERTION(seven.LinkID(), "");
-  ConstAddr text(string("hi"));
-  EXPECT_EQ(kStringType, text.mType.GetMainType());
-  SymbolAddr var(kStackDataStorage, IRDataType(kReal64Type), "F.x", 16);
-  EXPECT_FALSE(var.IsConstant());
-  EXPECT_EQ(16u, var.StorageOffset());
-  EXPECT_EQ("F.x", Std(var.LinkID()));
-  EXPECT_ASSERTION(var.GetValue(), "");
-}
-
-TEST(TacAddr, SharedOperands) {
-  EXPECT_FALSE(nilTacAddr->IsConstant());
-  EXPECT_EQ(kNoType, nilTacAddr->mType.GetMainType());
-  EXPECT_EQ(0, gTacZero->GetValue()->uSInt32);
-  EXPECT_EQ(1, gTacOne->GetValue()->uSInt32);
-  EXPECT_EQ(kBooleanType, gTacTrue->mType.GetMainType());
-  EXPECT_EQ(1, gTacTrue->GetValue()->uSInt32);
-  EXPECT_EQ(0, gTacFalse->GetValue()->uSInt32);
-  EXPECT_EQ(kReal64Type, gTacFloatZero->mType.GetMainType());
-  MakeSharedOperands();  // a second call changes nothing
-  EXPECT_EQ(1, gTacOne->GetValue()->uSInt32);
-}
-
 TEST(ConstantText, StringsQuoteOrEscape) {
   // Only quotes: doubled, backslashes as they are.
   EXPECT_EQ("\"say \"\"hi\"\" \\n\"",
@@ -143,16 +76,6 @@ TEST(ConstantText, StringsQuoteOrEscape) {
   // A control byte switches to the escaped form.
   EXPECT_EQ("\\\"\\\"a\\x0A\\\\\"", Std(FormatStringLiteral("\"a\n\\")));
   EXPECT_EQ("\"\"", Std(FormatStringLiteral("")));
-}
-
-TEST(ConstantText, EscapedFormWritesHighBytesInHex) {
-  string text("\tcaf\xC3\xA9");
-  text.SetEncoding(kEncodingUTF8);
-  EXPECT_EQ("\\\"\\x09caf\\xC3\\xA9\"", Std(FormatStringLiteral(text)));
-  // Without a control byte they pass through.
-  string plain("caf\xC3\xA9");
-  plain.SetEncoding(kEncodingUTF8);
-  EXPECT_EQ("\"caf\xC3\xA9\"", Std(FormatStringLiteral(plain)));
 }
 
 TEST(ConstantText, FloatsAlwaysHaveAPoint) {

@@ -33,14 +33,6 @@ unsigned long CountLines(TacBlock const* block) {
 
 }  // namespace
 
-TEST_F(SemBaseTest, TagsNameTheKind) {
-  EXPECT_EQ(kSemBaseTag, SemBase::New()->Tag());
-  EXPECT_EQ(kSemIdentifierTag, SemIdentifier::New("x")->Tag());
-  EXPECT_EQ(kSemValueTag, SemValue::New(gTacOne, nullptr)->Tag());
-  EXPECT_EQ(kSemCodeTag, SemCode::New(IRDataType(), nullptr)->Tag());
-  EXPECT_EQ(SemTag('D', 'E', 'A', 'D'), kSemDeadTag);
-}
-
 TEST_F(SemBaseTest, UnsupportedOperationsAreCompilerFaults) {
   SemBase* bare = SemBase::New();
   EXPECT_EQ("<null>", Std(bare->toString()));
@@ -55,32 +47,6 @@ TEST_F(SemBaseTest, UnsupportedOperationsAreCompilerFaults) {
   SemBase* code = SemCode::New(IRDataType(), nullptr);
   EXPECT_ASSERTION(code->SetType(IRDataType(kSInt8Type)),
                    "SetType called on invalid");
-}
-
-TEST_F(SemBaseTest, IdentifierCloneKeepsNameAndPlaceButNotType) {
-  SemIdentifier* ident = SemIdentifier::New("Count", SourceLocation(7));
-  ident->SetType(IRDataType(kSInt16Type));
-  SemBase* copy = ident->Clone();
-  EXPECT_EQ("Count", Std(copy->toString()));
-  EXPECT_EQ(7u, copy->Location().mStartLine);
-  EXPECT_EQ(kNoType, copy->GetType().GetMainType());
-}
-
-TEST_F(SemBaseTest, NamespaceOfATypeHasItsInstanceType) {
-  StructureSymbol point("Point");
-  ModuleSymbol module("Geometry");
-  EXPECT_EQ(kStructureType,
-            SemNamespace::New(&point, SourceLocation())->GetType().GetMainType());
-  EXPECT_EQ(kNoType,
-            SemNamespace::New(&module, SourceLocation())->GetType().GetMainType());
-  EXPECT_ASSERTION(SemNamespace::New(nullptr, SourceLocation()), "");
-}
-
-TEST_F(SemBaseTest, CodeLinesCarryTheStartLine) {
-  SemCode* code = CodeWithNoops(2, 12);
-  EXPECT_EQ(12u, code->Code()->mFirst->mLine);
-  EXPECT_EQ(12u, code->Code()->mLast->mLine);
-  EXPECT_EQ(nilTacAddr, code->GetAddr());
 }
 
 TEST_F(SemBaseTest, TypedCodeGetsAHiddenTemporaryResult) {
@@ -116,14 +82,6 @@ TEST_F(SemBaseTest, CloneCopiesTheLines) {
   EXPECT_EQ(3u, CountLines(copy->Code()));
   EXPECT_NE(code->Code()->mFirst, copy->Code()->mFirst);
   EXPECT_EQ(3u, CountLines(code->Code()));
-}
-
-TEST_F(SemBaseTest, ConcatOfNothing) {
-  EXPECT_EQ(nullptr, ConcatCode(nullptr, nullptr));
-  EXPECT_EQ(nullptr, ConcatList(nullptr, nullptr));
-  SemBase* x = SemIdentifier::New("x");
-  EXPECT_EQ(x, ConcatList(x, nullptr));
-  EXPECT_EQ(x, ConcatList(nullptr, x));
 }
 
 TEST_F(SemBaseTest, ConcatListFlattensAndSpansBothLocations) {

@@ -67,11 +67,6 @@ TEST(TacListing, HandBuiltFunctionReadsLikeAnAssemblerListing) {
       Std(ListTacBlock(twice.code)));
 }
 
-TEST(TacListing, EmptyBlockListsNothing) {
-  TacBlock empty;
-  EXPECT_EQ("", Std(ListTacBlock(empty)));
-}
-
 TEST(TacListing, OperandKinds) {
   SymbolAddr global(kGlobalDataStorage, IRDataType(kStringType), "App.title", 0);
   SymbolAddr field(kBaseRelativeDataStorage, IRDataType(kReal64Type), "Point.x", 8);

@@ -29,7 +29,6 @@ struct ScannedProgram {
   }
   MethodSymbol* Method(MethodDeclarationListOwner const* owner,
                        char const* name) const {
-    // The owner's own methods: no inherited ones.
     MethodList found =
         owner->MethodDeclarationListOwner::LookupMethods(name, kAllMethods);
     return found && found->size() == 1 ? (*found)[0] : nullptr;

@@ -2,8 +2,6 @@
 // of method and property declarations, through the declaration reader.
 #include <gtest/gtest.h>
 
-#include <memory>
-
 #include "Compiler/Frontend/NameMangler.h"
 #include "MinerTestSupport.h"
 #include "Plugin/RuntimeLibraryTable.h"
@@ -50,10 +48,6 @@ TEST(RuntimeDeclarations, EmptyAndLiteralDefaults) {
   // No literal: optional, and the value is left to the grammar pass.
   EXPECT_EQ(kNoType, delimiter->GetDefaultValue().type.GetMainType());
   EXPECT_EQ(kStringType, join->GetReturnType().GetMainType());
-  std::unique_ptr<MethodSymbol> split(ExtractMethodDeclaration(
-      "Function Split(source As String, delimiter As String=) As String()",
-      nullptr));
-  EXPECT_EQ(1u, split->GetReturnType().GetDimensions());
   std::unique_ptr<MethodSymbol> instr(ExtractMethodDeclaration(
       "Function InStr(start As Integer=0, haystack As String, needle As "
       "String) As Integer",
@@ -67,35 +61,6 @@ TEST(RuntimeDeclarations, EmptyAndLiteralDefaults) {
       nullptr));
   EXPECT_TRUE(max->IsParamArrayMethod());
   EXPECT_EQ("*Max%f8%f8f8A1f8", Std(MangledMethodName(max.get(), "")));
-}
-
-TEST(RuntimeDeclarations, HostFormsWithReceiverScopeAndShared) {
-  std::unique_ptr<MethodSymbol> greet(ExtractMethodDeclaration(
-      "Sub Greet(Self As Object, name As String)", nullptr));
-  ASSERT_NE(nullptr, greet);
-  ASSERT_EQ(2u, greet->CountParameters());
-  EXPECT_EQ(kObjectType, greet->GetParameter(0)->GetType().GetMainType());
-  EXPECT_EQ(kStringType, greet->GetParameter(1)->GetType().GetMainType());
-  std::unique_ptr<MethodSymbol> hidden(ExtractMethodDeclaration(
-      "Private Shared Function Secret() As Integer", nullptr));
-  ASSERT_NE(nullptr, hidden);
-  EXPECT_EQ(MemberSymbol::kPrivate, hidden->GetScope());
-  ClassSymbol owner("Host");
-  std::unique_ptr<MethodSymbol> shared(
-      ExtractMethodDeclaration("Shared Sub Tick()", &owner));
-  EXPECT_EQ(0u, shared->CountParameters());
-  std::unique_ptr<MethodSymbol> instance(
-      ExtractMethodDeclaration("Protected Sub Tick()", &owner));
-  EXPECT_TRUE(instance->IsInstanceMethod());
-  EXPECT_EQ(nullptr, ExtractMethodDeclaration("Run()", nullptr));
-  EXPECT_EQ(nullptr, ExtractMethodDeclaration("", nullptr));
-
-  std::unique_ptr<PropertySymbol> width(
-      ExtractPropertyDeclaration("Public Shared Dim Width(2) As Double"));
-  ASSERT_NE(nullptr, width);
-  EXPECT_TRUE(width->IsShared());
-  EXPECT_EQ(1u, width->GetType().GetDimensions());
-  EXPECT_EQ(nullptr, ExtractPropertyDeclaration("Sub X()"));
 }
 
 }  // namespace

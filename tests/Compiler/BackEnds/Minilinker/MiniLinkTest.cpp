@@ -1,6 +1,3 @@
-// What MiniLink makes of a module: code memory that is sealed and given
-// back, branches and literal references patched, the global data image laid
-// out, and failures reported rather than run.
 #include <stdio.h>
 #include <string.h>
 
@@ -27,7 +24,7 @@ std::string MappingPermissions(void const* address) {
 }
 
 // Exposes the image layout after a link.
-class InspectedLinker : public QuorlScriptLinkIA32 {
+class ExposedLinker : public QuorlScriptLinkIA32 {
  public:
   using QuorlScriptLinker::mGlobalMap;
   using QuorlScriptLinker::mStaticDataOffset;
@@ -39,13 +36,27 @@ unsigned long Offset(StringMapCase<unsigned long>& map, char const* name) {
   return value;
 }
 
+// Import sites in `f` (string literals only if asked), shifted by `base`.
+std::vector<unsigned long> Sites(FunctionBlock* f, bool literal,
+                                 char const* name = nullptr, unsigned long base = 0) {
+  std::vector<unsigned long> sites;
+  for (unsigned long i = 0; i < f->mImports.size(); i++) {
+    Import const& im = f->mImports[i];
+    if ((!literal || im.IsStringLiteral()) && (!name || im.mName == name))
+      sites.push_back(base + im.mOffset);
+  }
+  return sites;
+}
+
 uint32_t Field(RunReadyCode& code, unsigned long offset) {
   return code.Code()->Get32(offset);
 }
 
 }  // namespace
 
-TEST(MiniLinkTest, CodeIsSealedReadOnlyExecutableAndUnmappedWithItsOwner) {
+// Sealed read-only executable, unmapped with its owner; a missing function
+// fails the link, reported or not, without leaking a mapping.
+TEST(MiniLinkTest, CodeIsSealedAndUnmappedAndAMissingFunctionFailsTheLink) {
   long before = ExecutableDataBlock::LiveMappings();
   ScriptProgram s;
   s.Finish();
@@ -54,28 +65,20 @@ TEST(MiniLinkTest, CodeIsSealedReadOnlyExecutableAndUnmappedWithItsOwner) {
   EXPECT_EQ(before + 1, ExecutableDataBlock::LiveMappings());
   EXPECT_TRUE(code->Code()->IsExecutable());
   EXPECT_EQ("r-xp", MappingPermissions(code->Code()->Buffer()));
-  EXPECT_EQ(reinterpret_cast<void*>(code->Entrypoint()),
-            code->Code()->Buffer());
+  EXPECT_EQ(reinterpret_cast<void*>(code->Entrypoint()), code->Code()->Buffer());
   code.reset();
   EXPECT_EQ(before, ExecutableDataBlock::LiveMappings());
-}
-
-TEST(MiniLinkTest, AMissingFunctionFailsTheLinkWithoutLeaking) {
-  long before = ExecutableDataBlock::LiveMappings();
   FailureRecorder failures;
-  ScriptProgram s;
-  s.Call("NoSuchFunction", {});
-  s.Finish();
-  EXPECT_FALSE(s.Link(&failures));
-  EXPECT_EQ(std::vector<std::string>{"Linker failed with error #1 The "
-                                     "function NoSuchFunction could not be "
-                                     "found."},
+  for (FailureRecorder* f : {&failures, (FailureRecorder*)nullptr}) {
+    ScriptProgram bad;
+    bad.Call("NoSuchFunction", {});
+    bad.Finish();
+    EXPECT_FALSE(bad.Link(f));
+  }
+  EXPECT_EQ(std::vector<std::string>{"Linker failed with error #1 The function "
+                                     "NoSuchFunction could not be found."},
             failures.mFailures);
   EXPECT_EQ(before, ExecutableDataBlock::LiveMappings());
-  ScriptProgram quiet;
-  quiet.Call("NoSuchFunction", {});
-  quiet.Finish();
-  EXPECT_FALSE(quiet.Link());
 }
 
 TEST(MiniLinkTest, CallSitesGetTheirOwnDisplacementsToOneTarget) {
@@ -88,20 +91,16 @@ TEST(MiniLinkTest, CallSitesGetTheirOwnDisplacementsToOneTarget) {
   Ref<CodeModule> module = s.Generate();
   FunctionBlock* main = module->mFunctions[0];
   unsigned long mainLength = main->Length();
-  std::vector<unsigned long> sites;
-  for (unsigned long i = 0; i < main->mImports.size(); i++)
-    if (main->mImports[i].mName == "f") sites.push_back(main->mImports[i].mOffset);
+  std::vector<unsigned long> sites = Sites(main, false, "f");
   ASSERT_EQ(2u, sites.size());
-  std::unique_ptr<StringMap<void*>> table = TestFunctionTable();
-  std::unique_ptr<RunReadyCode> code(MiniLink(module, table.get()));
+  std::unique_ptr<RunReadyCode> code = LinkModule(module);
   ASSERT_TRUE(code);
   EXPECT_NE(Field(*code, sites[0]), Field(*code, sites[1]));
   for (unsigned long site : sites)
     EXPECT_EQ(mainLength, site + 4 + Field(*code, site));
 }
 
-// Three sites of one literal: one reference for the kept string and one
-// for each site, so that no site's release can free it.
+// One reference for the kept string plus one per site.
 TEST(MiniLinkTest, EachLiteralSiteHoldsItsOwnReference) {
   TestCorrespondent corr;
   ScriptProgram s;
@@ -109,14 +108,9 @@ TEST(MiniLinkTest, EachLiteralSiteHoldsItsOwnReference) {
   s.CallGlue("Print", &corr, s.p.Text("once"));
   s.Finish();
   Ref<CodeModule> module = s.Generate();
-  std::vector<unsigned long> sites;
-  for (unsigned long i = 0; i < module->mFunctions[0]->mImports.size(); i++) {
-    Import const& import = module->mFunctions[0]->mImports[i];
-    if (import.IsStringLiteral()) sites.push_back(import.mOffset);
-  }
+  std::vector<unsigned long> sites = Sites(module->mFunctions[0], true);
   ASSERT_EQ(4u, sites.size());
-  std::unique_ptr<StringMap<void*>> table = TestFunctionTable();
-  std::unique_ptr<RunReadyCode> code(MiniLink(module, table.get()));
+  std::unique_ptr<RunReadyCode> code = LinkModule(module);
   ASSERT_TRUE(code);
   stringStorage* again = reinterpret_cast<stringStorage*>(Field(*code, sites[0]));
   EXPECT_EQ(again, reinterpret_cast<stringStorage*>(Field(*code, sites[2])));
@@ -131,10 +125,8 @@ TEST(MiniLinkTest, EachLiteralSiteHoldsItsOwnReference) {
   EXPECT_EQ(4, again->mRefCount);
 }
 
-// The link's references end with the ready code: those of sites that ran
-// and of sites that never did. The test's own handles outlive the code and
-// must be all that is left. "tail" is printed last because the encoding
-// conversion cache keeps a handle on the last text it saw.
+// The ready code gives back every site's reference, run or not. "tail" comes
+// last because the encoding conversion cache holds the last text it saw.
 TEST(MiniLinkTest, DeletingTheReadyCodeGivesBackEverySitesReference) {
   TestCorrespondent corr;
   ScriptProgram s;
@@ -146,18 +138,12 @@ TEST(MiniLinkTest, DeletingTheReadyCodeGivesBackEverySitesReference) {
   s.p.Line(kTacLeave);
   Ref<CodeModule> module = s.Generate();
   unsigned long neverStart = module->mFunctions[0]->Length();
-  unsigned long liveSite = ~0UL, deadSite = ~0UL;
-  for (unsigned long i = 0; i < module->mFunctions[0]->mImports.size(); i++)
-    if (module->mFunctions[0]->mImports[i].IsStringLiteral() &&
-        module->mFunctions[0]->mImports[i].mName == "live")
-      liveSite = module->mFunctions[0]->mImports[i].mOffset;
-  for (unsigned long i = 0; i < module->mFunctions[1]->mImports.size(); i++)
-    if (module->mFunctions[1]->mImports[i].IsStringLiteral())
-      deadSite = neverStart + module->mFunctions[1]->mImports[i].mOffset;
-  ASSERT_NE(~0UL, liveSite);
-  ASSERT_NE(~0UL, deadSite);
-  std::unique_ptr<StringMap<void*>> table = TestFunctionTable();
-  std::unique_ptr<RunReadyCode> code(MiniLink(module, table.get()));
+  std::vector<unsigned long> live1 = Sites(module->mFunctions[0], true, "live");
+  std::vector<unsigned long> dead2 = Sites(module->mFunctions[1], true, nullptr, neverStart);
+  ASSERT_EQ(1u, live1.size());
+  ASSERT_EQ(2u, dead2.size());
+  unsigned long liveSite = live1[0], deadSite = dead2.back();
+  std::unique_ptr<RunReadyCode> code = LinkModule(module);
   ASSERT_TRUE(code);
   ::string live(reinterpret_cast<stringStorage*>(Field(*code, liveSite)));
   ::string dead(reinterpret_cast<stringStorage*>(Field(*code, deadSite)));
@@ -180,8 +166,7 @@ TEST(MiniLinkTest, ListCallersAreWrittenAsStackAlignedCalls) {
   Ref<CodeModule> module = s.Generate();
   module->mInitializers.AddEntry("X", "RuntimeInit");
   module->mInitializers.AddEntry("Y", "RuntimeExit");
-  std::unique_ptr<StringMap<void*>> table = TestFunctionTable();
-  std::unique_ptr<RunReadyCode> code(MiniLink(module, table.get()));
+  std::unique_ptr<RunReadyCode> code = LinkModule(module);
   ASSERT_TRUE(code);
   ASSERT_EQ(3u, module->mFunctions.size());
   FunctionBlock* init = module->mFunctions[1];
@@ -221,7 +206,7 @@ TEST(MiniLinkTest, TheGlobalDataImageIsLaidOutBeforeItIsAddressed) {
   table.AddEntry("RuntimeInit", reinterpret_cast<void*>(&RuntimeInit));
   table.AddEntry("RuntimeExit", reinterpret_cast<void*>(&ExitQuorlScriptRuntime));
   QuorlScriptFunctionFinder finder(&table);
-  InspectedLinker linker;
+  ExposedLinker linker;
   linker.SetQuorlScriptDelegate(&finder);
   linker.Link(module, &finder);
   ASSERT_FALSE(linker.LinkCancelled());

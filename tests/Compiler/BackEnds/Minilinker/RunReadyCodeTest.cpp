@@ -1,7 +1,3 @@
-// Linked scripts that run: output through the correspondent, globals that
-// start fresh on every run, calls between functions, the order of
-// initialisers and finalisers, and what happens to an exception nobody
-// catches.
 #include "Common/ObjectModel/RuntimeExceptionFoundation.h"
 #include "tests/Compiler/BackEnds/Minilinker/MinilinkerTestSupport.h"
 
@@ -58,15 +54,18 @@ TEST(RunReadyCodeTest, EveryRunStartsFromTheLinkedGlobals) {
     EXPECT_EQ(0u, code->Globals()->Get8(i)) << "byte " << i;
 }
 
-// twice(a) = a * 2, called from two sites in main.
-TEST(RunReadyCodeTest, FunctionsCallEachOther) {
+// Initialisers run in registration order before the body, finalisers
+// after it; twice(a) = a * 2 is called from two sites in main.
+TEST(RunReadyCodeTest, FunctionsCallEachOtherInitializersFirstFinalizersLast) {
   TestCorrespondent corr;
   ScriptProgram s;
   TacAddr const* r = s.p.Global("Module.r", IRDataType(kSInt32Type));
+  s.Call("% initialize", {});
   s.Call("twice", {s.p.Int(21)}, r);
   s.Record(r);
   s.Call("twice", {r}, r);
   s.Record(r);
+  s.Call("% finalize", {});
   s.Finish();
   long f = s.p.Frame("twice");
   TacAddr const* a = s.p.Local(f, "a", IRDataType(kSInt32Type));
@@ -74,22 +73,6 @@ TEST(RunReadyCodeTest, FunctionsCallEachOther) {
   s.p.Params({a});
   s.p.Line(kTacMul, a, s.p.Int(2), a);
   s.p.Line(kTacLeave, a);
-  std::unique_ptr<RunReadyCode> code = s.Link();
-  ASSERT_TRUE(code);
-  RecordedValues().clear();
-  code->Run(&corr);
-  EXPECT_EQ((std::vector<long>{42, 84}), RecordedValues());
-}
-
-// Initialisers run in registration order before the body, finalisers
-// after it.
-TEST(RunReadyCodeTest, InitializersRunBeforeTheBodyAndFinalizersAfter) {
-  TestCorrespondent corr;
-  ScriptProgram s;
-  s.Call("% initialize", {});
-  s.Record(s.p.Int(10));
-  s.Call("% finalize", {});
-  s.Finish();
   char const* functions[] = {"B.init", "A.init", "A.exit"};
   for (int i = 0; i < 3; i++) {
     s.p.Enter(functions[i], -1);
@@ -100,12 +83,11 @@ TEST(RunReadyCodeTest, InitializersRunBeforeTheBodyAndFinalizersAfter) {
   module->mInitializers.AddEntry("B", "B.init");
   module->mInitializers.AddEntry("A", "A.init");
   module->mFinalizers.AddEntry("A", "A.exit");
-  std::unique_ptr<StringMap<void*>> table = TestFunctionTable();
-  std::unique_ptr<RunReadyCode> code(MiniLink(module, table.get()));
+  std::unique_ptr<RunReadyCode> code = LinkModule(module);
   ASSERT_TRUE(code);
   RecordedValues().clear();
   code->Run(&corr);
-  EXPECT_EQ((std::vector<long>{1, 2, 10, 3}), RecordedValues());
+  EXPECT_EQ((std::vector<long>{1, 2, 42, 84, 3}), RecordedValues());
 }
 
 TEST(RunReadyCodeTest, AnUncaughtRaiseIsReportedAsRuntimeErrorTwo) {

@@ -24,8 +24,6 @@ struct RecordingDelegate : public CompilerDelegate {
   std::vector<ReportedError> mErrors;
 };
 
-// Temporaries (8 hex digits, numbered process-wide) become t1, t2...; runs
-// of blanks become one.
 std::string Normalized(std::string const& line, std::vector<std::string>* temps) {
   static const std::regex hex("(^|[ ,])([0-9A-F]{8})(?=$|[ ,])");
   std::string out;

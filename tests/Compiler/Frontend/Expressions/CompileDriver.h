@@ -19,9 +19,6 @@ struct ReportedError {
 struct CompiledProgram {
   int status = -1;  // yyparse's result
   std::vector<ReportedError> errors;
-  // The TAC lines with their source line in front ("3: Add ..."), and the
-  // top-level statements alone without it; temporaries are t1, t2... in
-  // order of appearance and the opcode column is one blank wide.
   std::vector<std::string> numbered, body;
 
   std::vector<int> ErrorCodes() const {
@@ -29,7 +26,6 @@ struct CompiledProgram {
     for (auto const& e : errors) codes.push_back(e.code);
     return codes;
   }
-  // The lines of `body` with this opcode (e.g. "Add", "Cvt").
   std::vector<std::string> Lines(std::string const& opcode) const {
     std::vector<std::string> found;
     for (auto const& line : body)

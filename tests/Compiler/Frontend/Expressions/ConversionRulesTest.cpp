@@ -10,29 +10,7 @@ namespace {
 IRDataType T(SimpleDataType type) { return IRDataType(type); }
 std::string Text(IRDataType const& type) { return type.ToString().CString(); }
 
-TEST(ConversionRules, CommonTypeTable) {
-  struct Case { SimpleDataType a, b; char const* common; } cases[] = {
-      {kSInt8Type, kUInt8Type, "Int32"},      {kUInt8Type, kUInt16Type, "UInt32"},
-      {kSInt32Type, kUInt64Type, "Int64"},    {kUInt32Type, kUInt64Type, "UInt64"},
-      {kCurrencyType, kSInt32Type, "Double"}, {kReal32Type, kReal64Type, "Double"},
-      {kCurrencyType, kCurrencyType, "Currency"}, {kUInt16Type, kPtrType, "Ptr"},
-      {kStringType, kExternalCStringType, "String"},
-      // Chameleons take the other side's type; Variant meeting Nil is Nil.
-      {kVariantType, kSInt32Type, "Int32"},   {kStringType, kVariantType, "String"},
-      {kVariantType, kNilType, "Nil"},        {kNilType, kObjectType, "Object"},
-      {kStringType, kSInt32Type, "Unknown Type"}, {kBooleanType, kSInt32Type, "Unknown Type"},
-  };
-  for (auto const& c : cases) EXPECT_EQ(c.common, Text(ComputeCommonType(T(c.a), T(c.b))));
-  EXPECT_EQ(kNoType, ComputeCommonType(T(kSInt32Type).AsArray(1), T(kSInt32Type)).GetMainType());
-  // References are looked through.
-  EXPECT_EQ(kSInt64Type,
-            ComputeCommonType(T(kSInt8Type).AsReference(), T(kSInt64Type)).GetMainType());
-}
-
 TEST(ConversionRules, LegalityAndSteps) {
-  // steps -1: not checked. Any numeric pair is one step, narrowing included;
-  // a ByRef parameter takes exactly its element type and leaves the steps;
-  // a reference argument is read through.
   struct Case { IRDataType to, from; bool legal; int steps; } cases[] = {
       {T(kSInt32Type), T(kSInt32Type), true, 0},
       {T(kSInt8Type), T(kReal64Type), true, 1},

@@ -10,24 +10,18 @@ using Codes = std::vector<int>;
 using Args = std::vector<std::string>;
 
 TEST(ExpressionErrors, NumbersLinesAndArguments) {
-  // `lines` and `args` (of the first error) are checked when given.
   struct Case { char const* text; Codes codes; std::vector<unsigned> lines; Args args; } cases[] = {
-      // Type mismatch names both types; for an assignment the target first.
       {"Dim s As String\nDim i As Int32\n\ni = s * 2\n", {2}, {3}, {"String", "Int32"}},
       {"Dim b As Boolean\nb = \"yes\"\n", {2}, {1}, {"Boolean", "String"}},
       {"Dim i As Int32\ni = 1\ni = nothere + 1\nzz = 2\n", {11, 11}, {2, 3}, {}},
-      // Operators the type does not have.
       {"Dim s As String\ns = \"a\" - \"b\"\n", {12}, {}, {}},
       {"Dim b As Boolean\nb = b + b\nb = b < b\n", {12, 12}, {}, {}},
       {"Dim c As Color\nDim r As Color\nr = -c\n", {12}, {}, {}},
-      // Typecasts reinterpret same-size bits, never convert numbers.
       {"Dim i As Int32\nDim d As Double\ni = Int32(d)\n", {2}, {}, {"Int32", "Double"}},
       {"Dim i As Int32\nDim k As Int8\nk = Int8(i)\n", {2}, {}, {}},
       {"Dim i As Int32\ni = Int32(1, 2)\n", {6}, {}, {}},
-      // Operators on objects go through operator methods, not built yet.
       {"Dim o As Object\nDim b As Boolean\nb = o + o = o\n", {26}, {2}, {}},
       {"Dim i As Int32\ni = Self.x\ni = Me\ni = Super.y\n", {32, 33, 41}, {}, {}},
-      // Lookups that do not fit.
       {"Module Shapes\n  Dim count As Int32\nEnd Module\nShapes.nothing = 1\n", {11}, {3}, {}},
       {"Const k = 3\nk = 4\n", {70}, {}, {}},
       {"Const k = 3\nDim i As Int32\ni = k(1)\n", {6}, {}, {}},
@@ -52,7 +46,6 @@ TEST(ExpressionErrors, NumbersLinesAndArguments) {
 }
 
 TEST(ExpressionErrors, OneMistakeGivesOneReport) {
-  // The failed part becomes a value that nothing around it reports again.
   for (char const* line : {"s = \"a\" + 1 + 2", "s = unknown * 2 + 1",
                            "s = -(\"a\" - 1)", "s = Not (1 + \"a\") And True",
                            "s = unknown.member", "s = Integer + 1",
@@ -66,17 +59,13 @@ TEST(Lookup, FormsThatCompile) {
        "Store i As Int32 (global) -> t1 As Color (global)"},
       {"Dim i As Int32\nDim u As UInt32\nu = UInt32(i)\n",
        "Store i As Int32 (global) -> t1 As UInt32 (global)"},
-      // IsA Object only tests for nil.
       {"Dim o As Object\nDim b As Boolean\nb = o IsA Object\n",
        "NE o As Object (global), 0 As Int32 -> t1 As Boolean (global)"},
       {"Dim o As Object\nDim b As Boolean\nb = o Is Nil\n",
        "EQ o As Object (global), Nil As Object -> t1 As Boolean (global)"},
-      // Module properties are static storage.
       {"Module Shapes\n  Dim count As Int32\n  Const kSides = 4\nEnd Module\n"
        "Shapes.count = Shapes.kSides + 1\n", "Store 5 As Int32 -> Shapes.count As Int32 (global)"},
-      // A declared variable named like a built-in type is the variable.
       {"Dim Single As Int32\nSingle = 2\n", "Store 2 As Int32 -> Single As Int32 (global)"},
-      // Conditional compilation sees the target constants.
       {"Dim i As Int32\n#if TargetLinux\ni = 1\n#else\ni = )\n#endif\n",
        "Store 1 As Int32 -> i As Int32 (global)"},
   };

@@ -17,27 +17,22 @@ TEST(Folding, ConstantsFoldToTheirValueAndType) {
       {"Double", "1 / 2", "0.5 As Double"},
       {"Double", "2 ^ 3", "8.0 As Double"},
       {"Double", "1.5 + 1", "2.5 As Double"},
-      // Float \ and Mod truncate both operands to Int32 first.
       {"Int32", "7.9 \\ 2.2", "3 As Int32"},
       {"Int32", "7.9 Mod 2.2", "1 As Int32"},
-      // Integer division by zero is defined.
       {"Int32", "5 \\ 0", "2147483647 As Int32"},
       {"Int32", "-5 \\ 0", "-2147483648 As Int32"},
       {"Boolean", "2 > 1", "True As Boolean"},
-      {"Boolean", "2 <= 1", "False As Boolean"},
       {"Boolean", "\"abc\" < \"abd\"", "True As Boolean"},
       {"Boolean", "True And False", "False As Boolean"},
       {"Boolean", "True Xor False", "True As Boolean"},
       {"Boolean", "Not True", "False As Boolean"},
       {"Boolean", "&cFF0000 <> &c00FF00", "True As Boolean"},
-      // NaN is unordered: equality is false, inequality true.
       {"Boolean", "0.0 / 0.0 = 0.0 / 0.0", "False As Boolean"},
       {"Boolean", "0.0 / 0.0 <> 1.0", "True As Boolean"},
       {"String", "\"a\" + \"b\"", "\"ab\" As String"},
       {"Int32", "Not 5", "-6 As Int32"},
       {"Double", "-2.5", "-2.5 As Double"},
       {"Int64", "-9000000000", "-9000000000 As Int64"},
-      // Constant conversions: to a float, and a float to a narrow integer.
       {"Double", "3", "3.0 As Double"},
       {"Int32", "2.5", "2 As Int32"},
       {"Int16", "-2.9", "-2 As Int32"},
@@ -53,14 +48,12 @@ TEST(Folding, ConstantsFoldToTheirValueAndType) {
 }
 
 TEST(Folding, WhatIsLeftToTheRuntime) {
-  // Mod by zero; a Double 2.5 going to Int64.
   CompiledProgram p = CompileSource("Dim r As Int32\nr = 5 Mod 0");
   EXPECT_TRUE(p.errors.empty());
   EXPECT_HAS(p, "Mod 5 As Int32, 0 As Int32");
   p = CompileSource("Dim r As Int64\nr = 2.5");
   EXPECT_EQ(std::vector<std::string>({"Cvt 2.5 As Double -> t1 As Int64 (global)"}),
             p.Lines("Cvt"));
-  // Variables do not fold; constants with a module name do.
   p = CompileSource("Dim a As Int32\nDim r As Int32\nr = a + 1 + 2");
   EXPECT_EQ(2u, p.Lines("Add").size()) << p.Listing();
   p = CompileSource("Const k = 6\nDim r As Int32\nr = k * 7");

@@ -10,9 +10,6 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-// Declares a, b and r with the three types and compiles `r = expr`. The
-// expected lines are: with an opcode, all lines of that opcode; with "",
-// the opening lines; with "*", lines that must each be present.
 struct Case { char const* a; char const* b; char const* r; char const* expr; char const* opcode; Lines lines; };
 
 void Check(Case const& c) {
@@ -30,7 +27,6 @@ void Check(Case const& c) {
 
 TEST(Promotion, MixedOperandsAndResultTypes) {
   Case cases[] = {
-      // Small integers meet in Int32 or UInt32.
       {"Int8", "UInt8", "Int32", "a + b", "Cvt",
        {"Cvt a As Int8 (global) -> t1 As Int32 (global)",
         "Cvt b As UInt8 (global) -> t2 As Int32 (global)"}},
@@ -38,7 +34,6 @@ TEST(Promotion, MixedOperandsAndResultTypes) {
        {"Add t1 As Int32 (global), t2 As Int32 (global) -> t3 As Int32 (global)"}},
       {"UInt8", "UInt16", "UInt32", "a * b", "Mul",
        {"Mul t1 As UInt32 (global), t2 As UInt32 (global) -> t3 As UInt32 (global)"}},
-      // 64 bits win and signedness spreads; equal types need no conversion.
       {"Int32", "UInt64", "Int64", "a + b", "Cvt",
        {"Cvt a As Int32 (global) -> t1 As Int64 (global)",
         "Cvt b As UInt64 (global) -> t2 As Int64 (global)"}},
@@ -46,14 +41,12 @@ TEST(Promotion, MixedOperandsAndResultTypes) {
        {"Add t1 As Int64 (global), t2 As Int64 (global) -> t3 As Int64"}},
       {"UInt64", "UInt64", "UInt64", "a - b", "Cvt", {}},
       {"UInt64", "UInt64", "UInt64", "a - b", "*", {"Sub a As UInt64 (global), b As UInt64 (global)"}},
-      // Currency mixed with anything is Double; two Currency stay Currency.
       {"Currency", "Int32", "Double", "a + b", "Cvt",
        {"Cvt a As Currency (global) -> t1 As Double (global)",
         "Cvt b As Int32 (global) -> t2 As Double (global)"}},
       {"Currency", "Currency", "Currency", "a / b", "Cvt", {}},
       {"Currency", "Currency", "Currency", "a / b", "*",
        {"Div a As Currency (global), b As Currency (global) -> t1 As Currency"}},
-      // / is Double for integers, \ Int32 for floats, ^ Double.
       {"Int32", "Int32", "Double", "a / b", "*",
        {"Cvt b As Int32 (global) -> t2 As Double (global)",
         "Div t1 As Double (global), t2 As Double (global) -> t3 As Double"}},
@@ -61,14 +54,11 @@ TEST(Promotion, MixedOperandsAndResultTypes) {
        {"Cvt a As Double (global) -> t1 As Int32 (global)",
         "Div t1 As Int32 (global), t2 As Int32 (global) -> t3 As Int32"}},
       {"Int16", "Int16", "Double", "a ^ b", "*", {"Pow t1 As Double (global), t2 As Double (global)"}},
-      // Ptr minus Ptr is Int32; an integer meets a Ptr as the same bits,
-      // smaller ones widen first.
       {"Ptr", "Ptr", "Int32", "a - b", "*", {"Sub a As Ptr (global), b As Ptr (global) -> t1 As Int32"}},
       {"Ptr", "Int32", "Ptr", "a + b", "*", {"Add a As Ptr (global), b As Int32 (global) -> t1 As Ptr"}},
       {"Int16", "Ptr", "Ptr", "a + b", "*",
        {"Cvt a As Int16 (global) -> t1 As Int32 (global)",
         "Add t1 As Int32 (global), b As Ptr (global) -> t2 As Ptr"}},
-      // -a ^ b is -(a ^ b); Not a = b is (Not a) = b; ^ groups to the right.
       {"Double", "Double", "Double", "-a ^ b", "",
        {"Pow a As Double (global), b As Double (global) -> t1 As Double (global)",
         "Neg t1 As Double (global) -> t2 As Double (global)",
@@ -79,13 +69,11 @@ TEST(Promotion, MixedOperandsAndResultTypes) {
       {"Double", "Double", "Double", "a ^ b ^ r", "Pow",
        {"Pow b As Double (global), r As Double (global) -> t1 As Double (global)",
         "Pow a As Double (global), t1 As Double (global) -> t2 As Double (global)"}},
-      // > and >= run the right operand first.
       {"Int32", "Double", "Boolean", "a > b", "",
        {"Cvt a As Int32 (global) -> t1 As Double (global)",
         "LT b As Double (global), t1 As Double (global) -> t2 As Boolean (global)"}},
       {"Int32", "Int32", "Boolean", "a >= b", "*", {"LE b As Int32 (global), a As Int32 (global)"}},
       {"Int32", "Int32", "Boolean", "a <> b", "*", {"NE a As Int32 (global), b As Int32 (global)"}},
-      // Strings concatenate and compare through the runtime, left first.
       {"String", "String", "String", "a + b", "",
        {"Unlock t1 As String (global)", "PutParam a As String (global)",
         "PutParam b As String (global)", "Intrinsic intrinsic 38 -> t1 As String (global)"}},
@@ -96,12 +84,9 @@ TEST(Promotion, MixedOperandsAndResultTypes) {
         "LE 0 As Int32, t1 As Int32 (global) -> t2 As Boolean (global)"}},
       {"String", "String", "Boolean", "a < b", "*",
        {"LT t1 As Int32 (global), 0 As Int32 -> t2 As Boolean (global)"}},
-      // Negation of unsigned is signed.
       {"UInt8", "UInt8", "Int8", "-a", "*",
        {"Cvt a As UInt8 (global) -> t1 As Int8 (global)",
         "Neg t1 As Int8 (global) -> t2 As Int8 (global)"}},
-      // Assignment converts to the variable's type; a counted value swaps
-      // the references first; a variable assigned to itself costs nothing.
       {"Double", "Int32", "Int32", "a", "",
        {"Cvt a As Double (global) -> t1 As Int32 (global)",
         "Store t1 As Int32 (global) -> r As Int32 (global)"}},
@@ -115,7 +100,6 @@ TEST(Promotion, MixedOperandsAndResultTypes) {
 
 TEST(Logic, ShortCircuitsAndBitwiseForms) {
   Case cases[] = {
-      // And skips the right operand when the left decides.
       {"Boolean", "Int32", "Boolean", "a And b = 2", "",
        {"IfEQI a As Boolean (global), False As Boolean -> L2",
         "EQ b As Int32 (global), 2 As Int32 -> t1 As Boolean (global)",
@@ -126,19 +110,16 @@ TEST(Logic, ShortCircuitsAndBitwiseForms) {
        {"Store False As Boolean -> t1 As Boolean (global)",
         "Store True As Boolean -> t1 As Boolean (global)",
         "Store t1 As Boolean (global) -> r As Boolean (global)"}},
-      // Xor evaluates both sides.
       {"Boolean", "Boolean", "Boolean", "a Xor b", "EQ",
        {"EQ a As Boolean (global), b As Boolean (global) -> t1 As Boolean (global)",
         "EQ t1 As Boolean (global), False As Boolean -> t1 As Boolean (global)"}},
       {"Boolean", "Boolean", "Boolean", "a Xor b", "IfEQI", {}},
-      // Integers are bitwise.
       {"Int16", "UInt8", "Int32", "a And b", "*",
        {"Cvt b As UInt8 (global) -> t2 As Int32 (global)",
         "BitAnd t1 As Int32 (global), t2 As Int32 (global) -> t3 As Int32"}},
       {"Int32", "Int32", "Int32", "a Or 6", "*", {"BitOr a As Int32 (global), 6 As Int32"}},
       {"Int32", "Int32", "Int32", "a Xor 6", "*", {"BitXor a As Int32 (global), 6 As Int32"}},
       {"UInt64", "UInt64", "UInt64", "Not a", "*", {"BitNot a As UInt64 (global) -> t1 As UInt64 (global)"}},
-      // A Variant meeting a Boolean converts to Boolean.
       {"Variant", "Boolean", "Boolean", "a And True", "*", {}},
   };
   for (Case const& c : cases) Check(c);

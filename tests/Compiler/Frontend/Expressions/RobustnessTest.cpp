@@ -10,7 +10,6 @@
 
 namespace {
 
-// Replaces, drops or repeats one short stretch of the text.
 std::string Mutate(std::string text, std::mt19937& random) {
   static char const* const kPieces[] = {" + ", " = ", "(", ")", " Not ", "\"x\"", " 1.5 ", " Nil ",
                                         ".", ",", " And ", " Self ", " As ", " -", " \\ 0 "};

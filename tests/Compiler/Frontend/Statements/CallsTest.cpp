@@ -34,7 +34,6 @@ TEST(Calls, OverloadChoiceAndReasonsWhyNoVariantFits) {
     return SelectAppropriateVariant(List(program.Methods(name)), nullptr, args,
                                     kProhibitFunctionResult, reason);
   };
-  // An exact fit beats a conversion; two conversions are ambiguous.
   ASSERT_TRUE(select("F", program.Constant(1L), &why));
   EXPECT_EQ(kSInt32Type, select("F", program.Constant(1L), &why)
                              ->GetParameter(0)->GetType().GetMainType());
@@ -56,14 +55,12 @@ TEST(Calls, OverloadChoiceAndReasonsWhyNoVariantFits) {
       {program.Methods("H")[0], three, kProhibitFunctionResult, 6},
       {r, nullptr, kProhibitFunctionResult, 7},
       {r, program.Variable("String"), kProhibitFunctionResult, 9},
-      // ParamArray takes any number of arguments of its type.
       {p, nullptr, kProhibitFunctionResult, 0},
       {p, ConcatList(program.Constant(1L), program.Constant(2L)), kProhibitFunctionResult, 0},
       {p, program.Variable("String"), kProhibitFunctionResult, 9},
   };
   for (auto const& c : cases)
     EXPECT_EQ(c.reason, IsLegalMethodVariant(c.method, nullptr, c.args, c.mode));
-  // A mismatch is kept over a wanted result.
   why = kErrorNone;
   EXPECT_FALSE(SelectAppropriateVariant(List({fn, r}), nullptr, nullptr,
                                         kProhibitFunctionResult, &why));
@@ -72,18 +69,15 @@ TEST(Calls, OverloadChoiceAndReasonsWhyNoVariantFits) {
 
 TEST(Calls, EmittedCalls) {
   DeclaredProgram program(kDeclarations);
-  // Missing arguments come from the last defaults.
   std::string listing = DeclaredProgram::Listing(
       CompileCall(program.Methods("H")[0], nullptr, program.Constant(7L)));
   EXPECT_NE(npos, listing.find("PutParam        2 As Int32\n")) << listing;
   EXPECT_LT(listing.find("PutParam        7 As Int32\n"), listing.find("PutParam        2"));
   EXPECT_NE(npos, listing.find("Call            \"H"));
   EXPECT_TRUE(program.ErrorCodes().empty());
-  // A function result goes to a fresh temporary.
   SemBase* code = CompileCall(program.Methods("Fn")[0], nullptr, nullptr);
   EXPECT_EQ(kSInt32Type, code->GetType().GetMainType());
   EXPECT_NE(npos, DeclaredProgram::Listing(code).find("Call            \"Fn%i4%\" As String -> "));
-  // ByRef wants a variable of its type.
   MethodSymbol* r = program.Methods("R")[0];
   CompileCall(r, nullptr, program.Constant(3L));
   EXPECT_EQ(std::vector<int>({21}), program.ErrorCodes());
@@ -92,7 +86,6 @@ TEST(Calls, EmittedCalls) {
   EXPECT_LT(listing.find("Varptr"), listing.find("PutParam"));
   CompileCall(r, nullptr, program.Variable("Int16"));
   EXPECT_EQ(std::vector<int>({21, 2}), program.ErrorCodes());
-  // A bare value is no statement.
   EXPECT_TRUE(FilterCallTargets(program.Constant(4L))->Code());
   EXPECT_EQ(std::vector<int>({21, 2, 15}), program.ErrorCodes());
 }
@@ -107,7 +100,6 @@ TEST(Calls, MethodsOfClasses) {
       "  End Function\nEnd Class\n"
       "Function Shout(Extends s As String, times As Integer) As String\n"
       "End Function\n");
-  // Virtual methods go through the vtable; without an object: reason 11.
   std::vector<MethodSymbol*> legs = program.MemberMethods("Animal", "Legs");
   ASSERT_EQ(1u, legs.size());
   std::string listing = DeclaredProgram::Listing(
@@ -115,14 +107,12 @@ TEST(Calls, MethodsOfClasses) {
   EXPECT_NE(npos, listing.find("PutParam        o")) << listing;
   EXPECT_NE(npos, listing.find("CallVirtual     "));
   EXPECT_EQ(11, IsLegalMethodVariant(legs[0], nullptr, nullptr, kExplicitCall));
-  // A subclass method shadows its parent's.
   MethodSymbol* child = program.MemberMethods("Dog", "Legs")[0];
   EXPECT_TRUE(MethodShadowsInherited(child, legs[0]));
   EXPECT_FALSE(MethodShadowsInherited(legs[0], child));
   EXPECT_EQ(child, SelectAppropriateVariant(List({legs[0], child}),
                                             program.VariableOfDeclared("Dog"),
                                             nullptr, kExplicitCall, nullptr));
-  // An event without a handler is skipped.
   MethodSymbol* event = program.MemberMethods("Animal", "Moved").back();
   ASSERT_EQ(MethodSymbol::Event, event->GetDispatchMethod());
   listing = DeclaredProgram::Listing(
@@ -133,7 +123,6 @@ TEST(Calls, MethodsOfClasses) {
   EXPECT_LT(table, skip);
   EXPECT_LT(skip, listing.find("CallPtr"));
   EXPECT_NE(npos, listing.find("PutParam        3 As Int32", skip));
-  // An extension method takes its base first.
   MethodSymbol* shout = program.Methods("Shout")[0];
   ASSERT_TRUE(shout->IsExtensionMethod());
   SemBase* text = program.Variable("String");

@@ -10,15 +10,11 @@
 
 namespace {
 
-typedef std::vector<std::pair<int, unsigned>> Errors;
 
 std::string InSub(std::string const& body) {
   return "Sub S(a As Integer, b As Integer)\n" + body + "End Sub\n";
 }
 
-// The statements of S with labels renumbered in order of appearance,
-// temporaries named "tmp", frame offsets and global marks and the zeroing of
-// block variables left out, so that a shape can be written down.
 std::vector<std::string> Shape(CompiledProgram const& p) {
   std::vector<std::string> lines = p.Lines(), out;
   listing::Section sub = p.Body("S");
@@ -52,12 +48,10 @@ TEST(FlowControl, Shapes) {
         "IfEQI tmp As Boolean, False As Boolean -> L3",
         "Store 2 As Int32 -> S.b As Int32", "Jump -> L2",
         "L3:", "Store 3 As Int32 -> S.b As Int32", "L2:"}},
-      // Without Else it leaves through its exit.
       {"If a > b Then b = a\n",
        {"LT S.b As Int32, S.a As Int32 -> tmp As Boolean",
         "IfEQI tmp As Boolean, False As Boolean -> L1",
         "Store S.a As Int32 -> S.b As Int32", "L1:"}},
-      // Loops yield at their continue point.
       {"While a < 10\n  a = a + 1\nWend\n",
        {"L1:", "LT S.a As Int32, 10 As Int32 -> tmp As Boolean",
         "IfEQI tmp As Boolean, False As Boolean -> L2",
@@ -72,7 +66,6 @@ TEST(FlowControl, Shapes) {
         "IfEQI tmp As Boolean, False As Boolean -> L1", "L2:"}},
       {"Do\n  Exit Do\nLoop\n",
        {"L1:", "Jump -> L2", "L3:", "Intrinsic intrinsic 119", "Jump -> L1", "L2:"}},
-      // A constant step tests once before each iteration.
       {"For a = 1 To b\n  Continue For\nNext a\n",
        {"Store 1 As Int32 -> S.a As Int32",
         "L1:", "LT S.b As Int32, S.a As Int32 -> tmp As Boolean",
@@ -80,7 +73,6 @@ TEST(FlowControl, Shapes) {
         "L3:", "Intrinsic intrinsic 119",
         "Add S.a As Int32, 1 As Int32 -> tmp As Int32",
         "Store tmp As Int32 -> S.a As Int32", "Jump -> L1", "L2:"}},
-      // A variable step tests its sign at every iteration.
       {"For a = 1 To 9 Step b\nNext\n",
        {"Store 1 As Int32 -> S.a As Int32",
         "L1:", "LT S.b As Int32, 0 As Int32 -> tmp As Boolean",
@@ -100,7 +92,6 @@ TEST(FlowControl, Shapes) {
     EXPECT_TRUE(p.errors.empty()) << c.body;
     EXPECT_EQ(c.shape, Shape(p)) << c.body;
   }
-  // A one-line If has the block shape.
   CompiledProgram line = CompileProgramText(InSub("If a = 1 Then b = 1 Else b = 3\n"));
   EXPECT_EQ(Shape(CompileProgramText(InSub("If a = 1 Then\n  b = 1\nElse\n  b = 3\nEnd If\n"))),
             Shape(line));
@@ -116,7 +107,6 @@ TEST(FlowControl, SelectCaseEvaluatesItsSelectorOnce) {
             "Case 7 To 9\n  b = 3\nCase Else\n  b = 4\nEnd Select\n"));
   ASSERT_TRUE(p.errors.empty()) << p.listing;
   EXPECT_EQ(1, p.Count("Mul"));
-  // Each case leaves for the common exit; Case Else falls to it.
   Lines shape = Shape(p);
   EXPECT_EQ("Mul S.a As Int32, 2 As Int32 -> tmp As Int32", shape[0]);
   EXPECT_EQ("Store 4 As Int32 -> S.b As Int32", shape[shape.size() - 3]);
@@ -127,11 +117,9 @@ TEST(FlowControl, SelectCaseEvaluatesItsSelectorOnce) {
 
 TEST(FlowControl, CountedLines) {
   struct Case { char const* body; char const* line; } cases[] = {
-      // Negative constant steps test the other way.
       {"For a = 9 DownTo 1\nNext\n", "LT              S.a As Int32 (stack 4), 1 As Int32"},
       {"For a = 9 DownTo 1\nNext\n", "Add             S.a As Int32 (stack 4), -1 As Int32"},
       {"For a = 1 To 10 Step -1\nNext\n", "LT              S.a As Int32 (stack 4), 10 As Int32"},
-      // A declared counter belongs to its loop.
       {"For i As Integer = 1 To 3\n  b = i\nNext\nFor i As Integer = 4 To 5\nNext\n",
        "Store           1 As Int32 -> S.i "},
   };
@@ -143,7 +131,7 @@ TEST(FlowControl, CountedLines) {
 }
 
 TEST(FlowControl, FaultsAreReportedOnceAtTheirLines) {
-  struct Case { std::string text; Errors errors; } cases[] = {
+  struct Case { std::string text; ErrorList errors; } cases[] = {
       {InSub("Select Case a\nCase Else\n  b = 1\nCase 2\n  b = 2\nElse\nEnd Select\n"),
        {{90, 4}, {90, 6}}},
       {InSub("Exit Do\nContinue While\nExit Function\nExit Sub\nExit\n"),
@@ -151,21 +139,15 @@ TEST(FlowControl, FaultsAreReportedOnceAtTheirLines) {
       {"Exit Sub\nContinue\n", {{104, 0}, {104, 1}}},
   };
   for (auto const& c : cases) EXPECT_EQ(c.errors, CompileProgramText(c.text).errors) << c.text;
-  // Loop names must match; the rest still compiles.
   CompiledProgram p = CompileProgramText(
       InSub("For a = 1 To 3\n  For b = 1 To 3\n    Exit For c\n    Exit For a\n"
             "  Next a\nNext\n"));
-  EXPECT_EQ(Errors({{104, 3}, {47, 5}}), p.errors);
+  EXPECT_EQ(ErrorList({{104, 3}, {47, 5}}), p.errors);
   EXPECT_EQ(3, p.Count("Jump            -> "));
-}
-
-TEST(FlowControl, IfWithoutThenIsReportedAndCompiled) {
-  CompiledProgram p = CompileProgramText(InSub("If a = 1\n  b = 2\nEnd If\n"));
-  EXPECT_EQ(Errors({{86, 1}}), p.errors);
-  std::vector<std::string> body = p.Statements("S");
-  EXPECT_EQ(1, std::count_if(body.begin(), body.end(), [](std::string const& line) {
-              return line.rfind("IfEQI", 0) == 0;
-            })) << p.listing;
+  p = CompileProgramText(InSub("If a = 1\n  b = 2\nEnd If\n"));
+  EXPECT_EQ(ErrorList({{86, 1}}), p.errors);
+  Lines shape = Shape(p);
+  EXPECT_EQ(1, std::count_if(shape.begin(), shape.end(), [](std::string const& l) { return l.rfind("IfEQI", 0) == 0; }));
 }
 
 TEST(FlowControl, ForEachWalksAOneDimensionalArray) {

@@ -8,7 +8,6 @@
 
 namespace {
 
-typedef std::vector<std::pair<int, unsigned>> Errors;
 
 TEST(Functions, PrologTakesParametersLastFirstAndZeroesTheLocals) {
   CompiledProgram p = CompileProgramText(
@@ -21,14 +20,11 @@ TEST(Functions, PrologTakesParametersLastFirstAndZeroesTheLocals) {
   EXPECT_NE(std::string::npos, l[f.enter].find("table 1"));
   for (int i = 1; i <= 3; i++)  // parameters last first
     EXPECT_EQ(0u, l[f.enter + i].find(std::string("GetParam        -> F.") + "dsa"[i - 1] + " "));
-  // The result and the locals start at zero; parameters are left alone.
   EXPECT_EQ(1, p.Count("Zero            -> F.Return "));
   EXPECT_EQ(1, p.Count("Zero            -> F.x "));
   EXPECT_EQ(0, p.Count("Zero            -> F.a "));
-  // A counted parameter is locked for the body's time.
   EXPECT_EQ(1, p.Count("Lock            F.s "));
   EXPECT_LT(p.Find("Lock"), p.Find("intrinsic 122"));
-  // Return stores the result and jumps to the exit before Leave.
   int store = p.Find("Store           F.a As Int32 (stack 4) -> F.Return");
   ASSERT_GT(store, 0) << p.listing;
   std::string jump = l[store + 1];
@@ -38,22 +34,8 @@ TEST(Functions, PrologTakesParametersLastFirstAndZeroesTheLocals) {
   EXPECT_EQ(0u, l[f.end].rfind("Leave           F.Return As Int32"));
 }
 
-TEST(Functions, SubReturnJumpsToItsExit) {
-  CompiledProgram p = CompileProgramText("Sub S()\n  Return\nEnd Sub\n");
-  EXPECT_TRUE(p.errors.empty());
-  std::vector<std::string> l = p.Lines();
-  listing::Section s = p.Body("S");
-  int jump = p.Find("Jump", s.enter);
-  ASSERT_GT(jump, 0) << p.listing;
-  // The jump lands on the exit label, the epilogue's first line, which
-  // the method leaves through.
-  EXPECT_EQ(jump + 1, s.exit);
-  EXPECT_EQ(l[jump].substr(l[jump].find("-> ") + 3) + ":", l[jump + 1]);
-  EXPECT_EQ("Leave", l[s.end]);
-}
-
 TEST(Functions, FaultsAtTheirLines) {
-  struct Case { char const* text; Errors errors; } cases[] = {
+  struct Case { char const* text; ErrorList errors; } cases[] = {
       {"Sub S()\n  Return 1\nEnd Sub\nFunction F() As Integer\n  Return\nEnd Function\n",
        {{34, 1}, {73, 4}}},
       {"Sub A(ByRef x As Integer = 1)\nEnd Sub\n"
@@ -77,11 +59,9 @@ TEST(Functions, FaultsAtTheirLines) {
 
 TEST(Functions, ParametersAndOverloads) {
   struct Case { char const* text; char const* line; int count; } cases[] = {
-      // ParamArray is an array inside the body, ByRef a reference.
       {"Sub S(ParamArray xs As Integer)\n  Dim copy() As Integer = xs\nEnd Sub\n",
        "GetParam        -> S.xs As Int32()", 1},
       {"Sub S(ByRef n As Integer)\n  n = 2\nEnd Sub\n", "Poke            2 As Int32 -> S.n", 1},
-      // Overloads get their own link names.
       {"Sub P(a As Integer)\nEnd Sub\nSub P(a As Double)\nEnd Sub\n", "Enter           \"P%", 2},
   };
   for (auto const& c : cases) {
@@ -89,12 +69,10 @@ TEST(Functions, ParametersAndOverloads) {
     EXPECT_TRUE(p.errors.empty()) << p.listing;
     EXPECT_EQ(c.count, p.Count(c.line)) << p.listing;
   }
-  // One bad method leaves the rest compiled.
   CompiledProgram p = CompileProgramText(
       "Sub A()\n  Exit For\nEnd Sub\nSub B()\n  Dim q As Integer = 3\nEnd Sub\n");
-  EXPECT_EQ(Errors({{104, 1}}), p.errors);
+  EXPECT_EQ(ErrorList({{104, 1}}), p.errors);
   EXPECT_EQ(1, p.Count("Store           3 As Int32 -> B.q"));
-  // Borrowed parameters without locking or stack probe.
   LanguageOptions options;
   options.mLockRefCountedParameters = 0;
   options.mStackOverflowChecking = 0;

@@ -14,7 +14,6 @@
 
 namespace listing {
 
-// [first, exit) are the statements; all -1 when the body was not found.
 struct Section {
   int enter = -1, first = -1, exit = -1, end = -1;  // end: Stop or Leave
 };
@@ -30,7 +29,6 @@ inline bool Opens(std::string const& line, std::string const& prefix) {
   return Squeezed(line).compare(0, prefix.size(), prefix) == 0;
 }
 
-// A prologue phase matches a whole line or whole words: "1" is not "122".
 inline bool IsPhaseLine(std::string const& line, std::string const& prefix) {
   std::string s = Squeezed(line);
   return s.compare(0, prefix.size(), prefix) == 0 &&
@@ -61,8 +59,6 @@ inline Section FindBody(std::vector<std::string> const& lines,
       s.first++;
       if (!phase.many) break;
     }
-  // The function-wide handler is the outermost one, and so the last; the
-  // exit label is the last label before it.
   int handler = -1;
   for (int i = s.first; i < s.end; i++)
     if (Opens(lines[i], "HandleException")) handler = i;

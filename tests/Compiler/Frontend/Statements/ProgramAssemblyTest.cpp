@@ -6,7 +6,6 @@
 
 namespace {
 
-typedef std::vector<std::pair<int, unsigned>> Errors;
 
 TEST(ProgramAssembly, EmptyProgramStillRunsTheFrame) {
   CompiledProgram p = CompileProgramText("");
@@ -17,37 +16,19 @@ TEST(ProgramAssembly, EmptyProgramStillRunsTheFrame) {
   EXPECT_EQ(0u, lines[0].rfind("Enter           \"% main\" As String", 0));
   EXPECT_EQ("Intrinsic       intrinsic 1", lines[1]);
   EXPECT_EQ("Call            \"% initialize\" As String", lines[2]);
-  // No statements: the exit label follows the prologue.
   EXPECT_EQ(3, main.first);
   EXPECT_EQ(3, main.exit);
-  // The item finalisers run inside the main body's exception handler, so
-  // that an exception on its way to the host still releases them.
   EXPECT_LT(main.exit, p.Find("HandleException"));
   EXPECT_TRUE(p.InOrder({"HandleException", "Call            \"% finalize\" As String",
                          "intrinsic " + std::to_string(kIntrinsicRuntimeReraiseException)}));
-  // Runtime exit and Stop close the main body, and nothing else follows.
   ASSERT_EQ(int(lines.size()) - 1, main.end) << p.listing;
   EXPECT_NE(std::string::npos, lines[main.end - 1].find("intrinsic 2 ->"));
   EXPECT_EQ(0u, lines[main.end].rfind("Stop", 0));
 }
 
-TEST(ProgramAssembly, FunctionsFollowTheMainBodyInSourceOrder) {
-  CompiledProgram p = CompileProgramText(
-      "Dim a As Integer\n"
-      "Sub First()\nEnd Sub\n"
-      "a = 1\n"
-      "Function Second() As Integer\nEnd Function\n"
-      "a = 2\n");
-  EXPECT_TRUE(p.errors.empty());
-  EXPECT_TRUE(p.InOrder({"Store           1 As Int32", "Store           2 As Int32", "Stop",
-                         "Enter           \"First\"", "Enter           \"Second"}))
-      << p.listing;
-}
-
 TEST(ProgramAssembly, TopLevelReturnJumpsToTheMainExit) {
   CompiledProgram p = CompileProgramText("Return\nDim a As Integer\n");
   std::vector<std::string> lines = p.Lines();
-  // The exit label stands before "% finalize".
   listing::Section main = p.Body();
   ASSERT_GT(main.exit, 0) << p.listing;
   EXPECT_LT(main.exit, p.Find("\"% finalize\""));
@@ -57,9 +38,6 @@ TEST(ProgramAssembly, TopLevelReturnJumpsToTheMainExit) {
       << p.listing;
 }
 
-// A top-level Dim is a property of the root module and a variable of the
-// static table at once, one storage: it is released once, on the way out
-// of the main body, whether the main body or a method used it.
 TEST(ProgramAssembly, TopLevelStringsAreReleasedOnceAtTheEnd) {
   CompiledProgram p = CompileProgramText(
       "Function Suffix() As String\n  Return s + \"!\"\nEnd Function\n"
@@ -74,6 +52,7 @@ TEST(ProgramAssembly, TopLevelStringsAreReleasedOnceAtTheEnd) {
     EXPECT_LT(p.Find(release), main.end) << name;
   }
   EXPECT_EQ(0, p.Count("Unlock          n "));
+  EXPECT_LT(main.end, p.Find("Enter           \"Suffix"));
 }
 
 TEST(ProgramAssembly, BlockLocalsAreZeroedAndReleasedAroundTheBlock) {
@@ -101,9 +80,7 @@ TEST(ProgramAssembly, StaticInitialiserRunsBehindAOnceOnlyGuard) {
   EXPECT_NE(std::string::npos,
             lines[guard + 2].find("5 As Int32 -> S.n As Int32 (global)"));
   EXPECT_EQ(0u, lines[guard + 3].rfind("L"));
-  // After the Static line the table stores on the stack again.
   EXPECT_EQ(1, p.Count("6 As Int32 -> S.m As Int32 (stack"));
-  // A static is neither zeroed nor released by the method.
   EXPECT_EQ(0, p.Count("Zero            -> S.n"));
 }
 
@@ -124,10 +101,8 @@ TEST(ProgramAssembly, PragmaInAMethodEndsWithIt) {
 
 TEST(ProgramAssembly, DeclarationsCompileToTheirLines) {
   struct Case { char const* text; char const* line; int count; } cases[] = {
-      // Sibling blocks may declare one name.
       {"Sub S()\n  If True Then\n    Dim x As Integer\n  End If\n"
        "  If False Then\n    Dim x As Integer\n  End If\nEnd Sub\n", "", -1},
-      // A computed initial value is evaluated once, a constant stored directly.
       {"Sub S(a As Integer)\n  Dim b, c As Integer = a * 3\nEnd Sub\n", "Mul", 1},
       {"Sub S(a As Integer)\n  Dim b, c As Integer = a * 3\nEnd Sub\n", "Store           S.", 2},
       {"Sub S()\n  Dim b, c As Integer = 7\nEnd Sub\n", "Store           7 As Int32", 2},
@@ -141,31 +116,27 @@ TEST(ProgramAssembly, DeclarationsCompileToTheirLines) {
       EXPECT_EQ(c.count, p.Count(c.line)) << p.listing;
     }
   }
-  // The debug pragma puts a hook before statements.
   CompiledProgram p = CompileProgramText("#pragma Debug True\nDim a As Integer\na = 1\n");
   int store = p.Find("Store           1 As Int32");
   ASSERT_GT(store, 0);
   EXPECT_EQ("Intrinsic       intrinsic 120", p.Lines()[store - 1]);
-  // Type names resolve through the declarations; a bad one stands for
-  // Int32 and draws no further report.
   p = CompileProgramText(
       "Class Shape\nEnd Class\nModule Geo\n  Class Point\n  End Class\nEnd Module\n"
       "Sub S()\n  Dim a As Shape\n  Dim b As Geo.Point\n  Dim c As Nowhere\n"
       "  Dim d As Geo.Nothing\n  Dim e As Nope.Point\n  c = 1\nEnd Sub\n");
-  EXPECT_EQ(Errors({{63, 9}, {63, 10}, {11, 11}}), p.errors);
+  EXPECT_EQ(ErrorList({{63, 9}, {63, 10}, {11, 11}}), p.errors);
   EXPECT_EQ(1, p.Count("Zero            -> S.a As Shape"));
   EXPECT_EQ(1, p.Count("Zero            -> S.b As Geo.Point"));
   EXPECT_EQ(1, p.Count("Store           1 As Int32 -> S.c As Int32"));
 }
 
 TEST(ProgramAssembly, DeclarationFaults) {
-  struct Case { char const* text; Errors errors; } cases[] = {
+  struct Case { char const* text; ErrorList errors; } cases[] = {
       {"Sub S()\n  Dim x As Integer\n  If True Then\n    Dim x As Integer\n"
        "  End If\nEnd Sub\n", {{22, 3}}},
       {"Sub S()\n  Dim x As Integer\n  Const x = 4\nEnd Sub\n", {{22, 2}}},
   };
   for (auto const& c : cases) EXPECT_EQ(c.errors, CompileProgramText(c.text).errors) << c.text;
-  // New with several names.
   CompiledProgram p = CompileProgramText(
       "Class C\nEnd Class\nSub S()\n  Dim a, b As New C\nEnd Sub\n");
   ASSERT_FALSE(p.errors.empty());

@@ -30,7 +30,6 @@ std::vector<int> Codes(ErrorList const& errors) {
   return codes;
 }
 
-// Scans, merges and resolves the declarations, then opens a context on them.
 SrcContext* Declare(std::string const& source, GlobalSymbolTable* global,
                     StatementRecorder* recorder) {
   if (UnitSymbolTable* unit = ParseDeclarations("", source.c_str(), recorder)) {

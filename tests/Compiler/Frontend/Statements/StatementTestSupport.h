@@ -17,12 +17,9 @@ struct CompiledProgram {
   int status = -1;  // the parser's result
   std::string listing;
   ErrorList errors;
-  // The listing lines without their source line column, trimmed.
   std::vector<std::string> Lines() const;
   int Count(std::string const& text) const;  // lines containing `text`
-  // The first line containing `text` at or after `from`, or -1.
   int Find(std::string const& text, int from = 0) const;
-  // Whether each fragment stands on a line after the previous one's.
   bool InOrder(std::vector<std::string> const& fragments, int from = 0) const {
     int at = from - 1;
     for (std::string const& f : fragments)
@@ -30,13 +27,10 @@ struct CompiledProgram {
     return true;
   }
   std::vector<int> ErrorCodes() const;
-  // The main body ("% main") or the method whose link name begins with
-  // `name`, and its statement lines.
   listing::Section Body(std::string const& name = "% main") const;
   std::vector<std::string> Statements(std::string const& name = "% main") const;
 };
 
-// `text` gets a line feed appended. `options` are the initial pragmas.
 CompiledProgram CompileProgramText(std::string const& text,
                                    LanguageOptions options = LanguageOptions());
 
@@ -46,8 +40,6 @@ class SemBase;
 class SrcContext;
 struct StatementRecorder;
 
-// The declarations of `text`, scanned and resolved, with a compilation
-// context open on the global module, for calling the actions directly.
 class DeclaredProgram {
  public:
   explicit DeclaredProgram(std::string const& text);
