@@ -77,6 +77,10 @@ static char const* RuntimeErrorClassName(RuntimeErrorCode code) {
       return "stackOverflowException";
     case kRuntimeErrorOutOfBounds:
       return "OutOfBoundsException";
+    case kRuntimeErrorNilObject:
+      return "NilObjectException";
+    case kRuntimeErrorIllegalCast:
+      return "IllegalCastException";
     default:
       return "RuntimeException";
   }

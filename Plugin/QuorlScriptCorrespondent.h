@@ -12,6 +12,9 @@ enum RuntimeErrorCode {
   kRuntimeErrorStackOverflow2 = 7,
   kRuntimeErrorOutOfBounds = 9,
   kRuntimeErrorNoExceptionClass = 10,
+  // Ours: the runtime's other own exceptions keep their class for the host.
+  kRuntimeErrorNilObject = 11,
+  kRuntimeErrorIllegalCast = 12,
 };
 
 class QuorlScriptCorrespondent {

@@ -1,5 +1,9 @@
 #include "Plugin/ScriptRuntime.h"
 
+#include <string.h>
+
+#include "Common/Arrays/ArrayLibrary.h"
+
 #include "Plugin/HostCalls.h"
 #include "Plugin/QuorlInterpreter.h"
 #include "Plugin/QuorlScriptClass.h"
@@ -8,18 +12,42 @@
 
 void* Resolver(char const* name) { return CallResolver(name); }
 
-// Registers each library function the host serves. A function the host does
-// not serve is left out rather than registered without an entry point: a
-// script that calls it gets a compile error for an unknown name instead of
-// the host going down.
-static void RegisterRuntimeLibrary(QuorlScriptInterface* script) {
+namespace {
+
+struct OwnLibraryFunction {
+  char const* mName;
+  void* mAddress;
+};
+
+// The library functions that make or read arrays are served by the plug-in:
+// arrays belong to its copy of the runtime, whatever the host serves.
+OwnLibraryFunction const kOwnLibraryFunctions[] = {
+    {"StringSplit", reinterpret_cast<void*>(&StringSplit)},
+    {"StringJoin", reinterpret_cast<void*>(&StringJoin)},
+    {"RuntimeMax", reinterpret_cast<void*>(&RuntimeMax)},
+    {"RuntimeMin", reinterpret_cast<void*>(&RuntimeMin)},
+};
+
+void* LibraryFunctionAddress(char const* name) {
+  for (OwnLibraryFunction const& own : kOwnLibraryFunctions)
+    if (!strcmp(own.mName, name)) return own.mAddress;
+  return Resolver(name);
+}
+
+// Registers each library function that is served. A function nobody serves
+// is left out rather than registered without an entry point: a script that
+// calls it gets a compile error for an unknown name instead of the host
+// going down.
+void RegisterRuntimeLibrary(QuorlScriptInterface* script) {
   unsigned long count = 0;
   RuntimeLibraryEntry const* entries = RuntimeLibraryEntries(&count);
   for (unsigned long i = 0; i < count; i++) {
-    void* address = Resolver(entries[i].mRuntimeName);
+    void* address = LibraryFunctionAddress(entries[i].mRuntimeName);
     if (address) script->RegisterHostMethod(address, false, entries[i].mDeclaration);
   }
 }
+
+}  // namespace
 
 void QuorlScriptInstallRuntime(QuorlScriptData* me) {
   QASSERT(kStateRunning != me->mState);

@@ -61,6 +61,15 @@ void SetOutOfBoundsExceptionClass(RuntimeClass* exc) {
   sOutOfBoundsExceptionClass = exc;
 }
 RuntimeClass* GetNilObjectExceptionClass() { return sNilObjectExceptionClass; }
+RuntimeClass* GetIllegalCastExceptionClass() {
+  return sIllegalCastExceptionClass;
+}
+RuntimeClass* GetOutOfBoundsExceptionClass() {
+  return sOutOfBoundsExceptionClass;
+}
+RuntimeExceptionHook GetUnhandledExceptionHook() {
+  return sUnhandledExceptionHook;
+}
 
 void RuntimeRaiseException(RuntimeObject* exception) {
   if (!exception) return;

@@ -21,6 +21,16 @@ void RuntimeReraiseException(RuntimeObject* exception);
 // What happens when no frame handles it: the hook, or a failed assertion
 // without one.
 void RuntimeUnhandledException(RuntimeObject* exception);
+// A new object of the class, raised, and its own reference dropped.
+void RaiseExceptionClass(RuntimeClass* cls);
+// The same with the class stored for each kind. With no class stored for
+// an illegal cast or out-of-bounds raise, the nil class stands in for it (a
+// nil class makes no object); with no nil-object class either, or when the
+// nil-object exception cannot be made, nothing is raised and the unhandled
+// hook, if any, hears of a nil exception.
+void RaiseNilObjectException();
+void RaiseIllegalCastException();
+void RaiseOutOfBoundsException();
 
 void SetExceptionMonitor(RuntimeExceptionHook monitor);
 void SetUnhandledExceptionHook(RuntimeExceptionHook hook);
@@ -30,6 +40,9 @@ void SetExceptionClass(RuntimeClass* exc);
 void SetIllegalCastExceptionClass(RuntimeClass* exc);
 void SetOutOfBoundsExceptionClass(RuntimeClass* exc);
 RuntimeClass* GetNilObjectExceptionClass();
+RuntimeClass* GetIllegalCastExceptionClass();
+RuntimeClass* GetOutOfBoundsExceptionClass();
+RuntimeExceptionHook GetUnhandledExceptionHook();
 
 // Walks the frame chain from the caller's frame and activates the first
 // landing pad found; without one, RuntimeUnhandledException.

@@ -1,5 +1,6 @@
 #include "Compiler/Frontend/Declarations.h"
 
+#include "Compiler/Frontend/Arrays.h"
 #include "Compiler/Frontend/Assignments.h"
 #include "Compiler/Frontend/Namespaces.h"
 #include "Compiler/Frontend/ObjectExpressions.h"
@@ -38,11 +39,19 @@ SemBase* DeclareOneVar(SemBase* ident, SimpleVector<SemBase*> const& bounds,
   AddDeclaredName(ident);
   SemBase* var = CompileLookup(ident->Clone(), nullptr, nullptr, kExplicitCall,
                                kErrorUnknownName, false);
-  if (!initial || !var) return var;
+  if (!var) return var;
+  if (!initial && bounds.size()) {
+    SimpleVector<SemBase*> sizes = bounds;
+    initial = AllocateNewArray(sizes, type);
+  } else if (initial) {
+    initial = initial->Clone();
+  } else {
+    return var;
+  }
   SemBase* code = SemCode::NewValueWrapper(var, &ident->Location());
   TacAddr const* place = var->GetAddr();
   if (place && place != nilTacAddr)
-    AssignToSymbol(place, initial->Clone(), code);
+    AssignToSymbol(place, initial, code);
   return code;
 }
 

@@ -5,6 +5,7 @@
 #include "Compiler/Frontend/FlowControlSupport.h"
 #include "Compiler/Frontend/Namespaces.h"
 #include "Compiler/Frontend/ParserError.h"
+#include "Compiler/Frontend/Arrays.h"
 #include "Compiler/Frontend/PendingForms.h"
 #include "Compiler/Frontend/ProgramAssembly.h"
 #include "Compiler/Frontend/SrcContext.h"

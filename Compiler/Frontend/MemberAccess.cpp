@@ -5,6 +5,7 @@
 #include "Compiler/Frontend/Lexer.h"
 #include "Compiler/Frontend/Namespaces.h"
 #include "Compiler/Frontend/ObjectExpressions.h"
+#include "Compiler/Frontend/Arrays.h"
 #include "Compiler/Frontend/PendingForms.h"
 #include "Compiler/Frontend/SrcContext.h"
 #include "Compiler/SemBase.h"

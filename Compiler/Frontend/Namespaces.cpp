@@ -6,6 +6,7 @@
 #include "Compiler/Frontend/ObjectExpressions.h"
 #include "Compiler/Frontend/FunctionCalls.h"
 #include "Compiler/Frontend/OverloadResolution.h"
+#include "Compiler/Frontend/Arrays.h"
 #include "Compiler/Frontend/PendingForms.h"
 #include "Compiler/Frontend/SrcContext.h"
 #include "Compiler/Frontend/SymbolUtilities.h"

@@ -105,15 +105,6 @@ void CreateNewDelegateInstance(TypeSymbol* decl, SemBase* args, SemBase* code) {
   ReportUnavailable(code->Location(), decl->Name());
 }
 
-SemBase* GetArrayElement(SemBase* array, SemBase* indexes) {
-  return Unavailable(array, TypeTextOf(array));
-}
-void SetArrayElementValue(SemBase* array, SemBase* indexes, SemBase* value,
-                          SemBase* code) {
-  ReportUnavailable(array->Location(), TypeTextOf(array));
-}
-SemBase* HandleUbound(SemBase* args) { return Unavailable(args, "UBound"); }
-
 SemBase* CallPropertyGetter(SemBase* base, PropertySymbol* property) {
   return Unavailable(base, property->Name());
 }

@@ -1,5 +1,5 @@
 // The forms of expressions that belong to other themes of the front end
-// (operator methods, variants, delegates, class records, arrays, computed
+// (operator methods, variants, delegates, class records, computed
 // properties, calls) and that expressions and lookups hand over to.
 //
 // STAND-INS FOR NOW: until its theme exists, each of these reports compile
@@ -49,12 +49,6 @@ void CreateNewClassInstance(TypeSymbol* decl, SemBase* args, SemBase* code,
                             bool callConstructor);
 void CreateNewDelegateInstance(TypeSymbol* decl, SemBase* args, SemBase* code);
 
-// Array elements and UBound.
-SemBase* GetArrayElement(SemBase* array, SemBase* indexes);
-void SetArrayElementValue(SemBase* array, SemBase* indexes, SemBase* value,
-                          SemBase* code);
-SemBase* HandleUbound(SemBase* args);
-
 // Computed properties and the storage of instance properties.
 SemBase* CallPropertyGetter(SemBase* base, PropertySymbol* property);
 SemBase* CallPropertySetter(SemBase* base, PropertySymbol* property,
@@ -78,8 +72,7 @@ SemBase* ClassScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
 SemBase* StaticDelegateScopeLookup(SemBase* expr, SemBase* ident,
                                    SemBase* args, SemBase* assignValue,
                                    FunctionResultMode mode);
-// The built-in methods of Color, arrays and Ptr (`c.Red`, `a.Append`,
-// `p.Int32(0)`).
+// The built-in methods of Color and Ptr (`c.Red`, `p.Int32(0)`).
 SemBase* BuiltInMemberLookup(SemBase* expr, SemBase* ident, SemBase* args,
                              SemBase* assignValue, FunctionResultMode mode);
 

@@ -68,11 +68,30 @@ bool ReleasedWithTheStaticTable(PropertySymbol* property,
   return false;
 }
 
+// A method's Static locals live in static data but are never released by
+// the method itself: they are released here, once per run.
+void ReleaseMethodStatics(SemBase* code) {
+  LocalSymbolTableList const* tables = &*gContext->mTables;
+  for (unsigned long i = 1; i < tables->Count(); i++) {
+    LocalSymbolTable* table = tables->GetTable(i);
+    if (!table || !table->IsMethodTable()) continue;
+    LocalVariableIterator it(table);
+    while (it.Next()) {
+      VariableSymbol* var = it.Value();
+      if (var->GetStorageClass() == kGlobalDataStorage &&
+          var->GetType().RefCounted())
+        code->AddLine(kTacUnlock, var->GetAddr(), nilTacAddr, nilTacAddr);
+    }
+  }
+}
+
 // Each global storage gets one Unlock: the variables of the static table,
-// then the root module's properties that no variable stood for.
+// the Static locals of methods, then the root module's properties that no
+// variable stood for.
 void ReleaseGlobals(SemBase* code) {
   LocalSymbolTable* table = gContext->mTables->GetGlobalTable();
   FinalizeSymbols(table, code);
+  ReleaseMethodStatics(code);
   GlobalSymbolTable* root = gContext->blocks.Root();
   if (!root) return;
   PropertySymbolIterator it = root->IterateProperties();

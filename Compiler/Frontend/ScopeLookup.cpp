@@ -3,6 +3,7 @@
 #include "Compiler/Frontend/Expressions.h"
 #include "Compiler/Frontend/Lexer.h"
 #include "Compiler/Frontend/MemberAccess.h"
+#include "Compiler/Frontend/Arrays.h"
 #include "Compiler/Frontend/Namespaces.h"
 #include "Compiler/Frontend/NilChecks.h"
 #include "Compiler/Frontend/FunctionCalls.h"
@@ -168,8 +169,15 @@ SemBase* CompileScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
 
 SemBase* IntrinsicScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
                               SemBase* assignValue, FunctionResultMode mode) {
-  if (StripReference(expr->GetType()).GetMainType() == kVariantType)
+  SimpleDataType type = StripReference(expr->GetType()).GetMainType();
+  if (type == kVariantType)
     return VariantScopeLookup(expr, ident, args, assignValue, mode);
+  if (type == kArrayType) {
+    if (!assignValue && IsPotentialArrayMethodName(ident->toString()))
+      return HandleArrayMethodCall(expr, ident, args, mode);
+    return ExtensionLookup(expr, ident, args, assignValue, mode,
+                           kErrorUnknownName);
+  }
   return BuiltInMemberLookup(expr, ident, args, assignValue, mode);
 }
 

@@ -240,6 +240,14 @@ bool DeclarationScanner::ParseParameterDefaultValue(ParameterSymbol* param) {
       value.value = Int32Value(yylval->GetValue().uSInt32);
       value.type = IRDataType(kColorType);
       break;
+    case ',':
+    case ')':
+      // "As String=" with nothing after it: the type's empty value. The
+      // separator stays in hand.
+      param->SetMode(ParameterSymbol::kOptional);
+      value.type = param->GetType();
+      param->SetDefaultValue(value);
+      return false;
     default:
       param->SetMode(ParameterSymbol::kOptional);
       return false;

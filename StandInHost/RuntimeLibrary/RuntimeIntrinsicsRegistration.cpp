@@ -1,11 +1,11 @@
 // The engine runtime's entry points that generated code reaches by intrinsic
 // number, served under their link names. Every name here is the C name of
 // the function behind it, so the two cannot drift apart. Intrinsics whose
-// runtime does not exist yet (object model, arrays, variants, delegates,
-// debugger) are absent, and the linker reports them if a script needs them.
-// The raisers of exceptions are absent on purpose: they work on state that
-// the plug-in's own copy of the runtime holds, so the plug-in serves them.
-#include "Common/ObjectModel/RuntimeObjectFoundation.h"
+// runtime does not exist yet (variants, delegates, debugger) are absent, and
+// the linker reports them if a script needs them. The object model, the
+// arrays and the raisers of exceptions are absent on purpose: they work on
+// state that the plug-in's own copy of the runtime holds (the lists of
+// objects and classes, the exception hooks), so the plug-in serves them.
 #include "Common/RuntimeColorFoundation.h"
 #include "Common/RuntimeNumerics.h"
 #include "Common/RuntimeStringFoundation.h"
@@ -86,9 +86,6 @@ LibraryEntries RuntimeIntrinsicEntries() {
       QUORL_SERVE(UnlockCFString),
       QUORL_SERVE(SwapWStringLocks),
       QUORL_SERVE(SwapCFStringLocks),
-      // reference counts of objects
-      QUORL_SERVE(RuntimeLockObject),
-      QUORL_SERVE(RuntimeUnlockObject),
   };
 }
 

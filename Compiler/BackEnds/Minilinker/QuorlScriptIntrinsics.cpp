@@ -1,15 +1,13 @@
 // The running script's state and its lifecycle around a run and a yield.
 #include "Compiler/BackEnds/Minilinker/QuorlScriptIntrinsics.h"
 
+#include "Common/RuntimeStringFoundation.h"
+
 namespace {
 
 // The script running now. Set by RunReadyCode::Run before the main body,
 // cleared by InitQuorlScriptRuntime; saved and restored around a yield.
 QuorlScriptCorrespondent* sCorrespondent;
-
-// The classes the running program registered. Emptied by
-// ExitQuorlScriptRuntime; saved and restored around a yield.
-RuntimeClass* sClassListHead;
 
 // Set by the script object before a run; saved and restored around a yield.
 unsigned long sStackLimit;
@@ -22,33 +20,35 @@ void SetRuntimeCorrespondent(QuorlScriptCorrespondent* correspondent) {
 
 QuorlScriptCorrespondent* GetRuntimeCorrespondent() { return sCorrespondent; }
 
-RuntimeClass* GetClassListHead() { return sClassListHead; }
-
-void SetClassListHead(RuntimeClass* head) { sClassListHead = head; }
-
 void SetRuntimeStackLimit(unsigned long limit) { sStackLimit = limit; }
 
 unsigned long GetRuntimeStackLimit() { return sStackLimit; }
 
 void InitQuorlScriptRuntime() {
   sCorrespondent = nullptr;
-  sClassListHead = nullptr;
+  SetClassListHead(nullptr);
 }
 
-// Class records are not part of the object model yet, so the list holds
-// nothing to release: it is only emptied.
-void ExitQuorlScriptRuntime() { sClassListHead = nullptr; }
+// The records on the list are those the runtime made while the program ran
+// (the exception classes it looked up): each goes with its name.
+void ExitQuorlScriptRuntime() {
+  while (RuntimeClass* record = GetClassListHead()) {
+    SetClassListHead(record->next);
+    RuntimeUnlockString(record->name);
+    delete[] reinterpret_cast<unsigned char*>(record);
+  }
+}
 
 // While the host has its turn it may run another script on another of its
 // threads, which overwrites the state; this is what lets instances
 // interleave.
 void RuntimeYield() {
   QuorlScriptCorrespondent* correspondent = sCorrespondent;
-  RuntimeClass* classes = sClassListHead;
+  RuntimeClass* classes = GetClassListHead();
   unsigned long limit = sStackLimit;
   if (correspondent) correspondent->ScriptYield();
   sCorrespondent = correspondent;
-  sClassListHead = classes;
+  SetClassListHead(classes);
   sStackLimit = limit;
 }
 

@@ -19,8 +19,6 @@ typedef void* (*RuntimeNameResolver)(char const* name);
 // ---- the running script's state
 void SetRuntimeCorrespondent(QuorlScriptCorrespondent* correspondent);
 QuorlScriptCorrespondent* GetRuntimeCorrespondent();
-RuntimeClass* GetClassListHead();
-void SetClassListHead(RuntimeClass* head);
 // The lowest stack address running code may reach; 0 checks nothing. Set
 // by the script object before a run, from the host's limit.
 void SetRuntimeStackLimit(unsigned long limit);

@@ -2,6 +2,7 @@
 // classes, what happens to one nobody catches, and the stack check.
 #include "Common/ObjectModel/RuntimeExceptionFoundation.h"
 #include "Compiler/BackEnds/Minilinker/QuorlScriptIntrinsics.h"
+#include "Universal/ustring.h"
 
 namespace {
 
@@ -11,10 +12,42 @@ namespace {
 RuntimeObject sStackOverflowException = {nullptr, nullptr, nullptr, 1,
                                          nullptr, nullptr};
 
-// The class of that name in the running program's list, made when missing.
-// The object model has no class records and no allocation yet, so no class
-// can be found or made: the answer is null until it has.
-RuntimeClass* FindNamedClass(char const* name) { return nullptr; }
+void InitializeException(RuntimeObject*) {}
+void UninitializeException(RuntimeObject*) {}
+
+RuntimeClass* ListedClassNamed(char const* name) {
+  string wanted(name);
+  for (RuntimeClass* cls = GetClassListHead(); cls; cls = cls->next)
+    if (cls->name && string(cls->name) == wanted) return cls;
+  return nullptr;
+}
+
+// The class of that name in the running program's list, made when missing:
+// a plain object class with no fields of its own. The record joins the list
+// and goes with it at the end of the run.
+RuntimeClass* FindNamedClass(char const* name) {
+  if (RuntimeClass* cls = ListedClassNamed(name)) return cls;
+  RuntimeClass* cls = RuntimeNewClass(nullptr, 0, 0, 0, 0, 0);
+  if (!cls) return nullptr;
+  cls->name = string(name).ExtractStringStorage();
+  cls->instanceSize = sizeof(RuntimeObject);
+  cls->initializer = InitializeException;
+  cls->finalizer = UninitializeException;
+  return cls;
+}
+
+// The report for an exception of the runtime's own that nobody caught,
+// which keeps its class for the host.
+RuntimeErrorCode UnhandledErrorCode(RuntimeObject* exception) {
+  if (exception == &sStackOverflowException) return kRuntimeErrorStackOverflow;
+  RuntimeClass* cls = exception ? exception->mClass : nullptr;
+  if (!cls || !cls->name) return kRuntimeErrorUnhandledException;
+  string name(cls->name);
+  if (name == string("OutOfBoundsException")) return kRuntimeErrorOutOfBounds;
+  if (name == string("NilObjectException")) return kRuntimeErrorNilObject;
+  if (name == string("IllegalCastException")) return kRuntimeErrorIllegalCast;
+  return kRuntimeErrorUnhandledException;
+}
 
 RuntimeClass* LookupExceptionClass(char const* name) {
   RuntimeClass* cls = FindNamedClass(name);
@@ -57,11 +90,8 @@ void RuntimeInit() {
 // the reported kind.
 void UnhandledException(RuntimeObject* exception) {
   QuorlScriptCorrespondent* correspondent = GetRuntimeCorrespondent();
-  if (!correspondent) return;
-  if (exception == &sStackOverflowException)
-    correspondent->ScriptError(kRuntimeErrorStackOverflow, 0);
-  else
-    correspondent->ScriptError(kRuntimeErrorUnhandledException, 0);
+  if (correspondent)
+    correspondent->ScriptError(UnhandledErrorCode(exception), 0);
 }
 
 RuntimeObject* StackOverflowExceptionObject() {

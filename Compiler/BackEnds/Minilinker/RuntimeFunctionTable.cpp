@@ -1,5 +1,6 @@
 // The table from link names to addresses that the in-memory linker resolves
 // generated code against.
+#include "Common/Arrays/RuntimeArrays.h"
 #include "Common/ObjectModel/RuntimeExceptionFoundation.h"
 #include "Compiler/BackEnds/Minilinker/QuorlScriptIntrinsics.h"
 #include "Compiler/Intrinsics.h"
@@ -14,9 +15,7 @@ struct OwnEntry {
 #define QUORL_OWN(name, function) {name, reinterpret_cast<void*>(&function)}
 #define QUORL_NOT_YET(name) {name, nullptr}
 
-// The plug-in serves these itself, in this order. Those the object model
-// does not provide yet are left out of the table, so that a host that
-// serves them is asked like for any intrinsic.
+// The plug-in serves these itself, in this order.
 OwnEntry const kOwnEntries[] = {
     QUORL_OWN("Input", Input),
     QUORL_OWN("Print", Print),
@@ -26,18 +25,31 @@ OwnEntry const kOwnEntries[] = {
     QUORL_OWN("RuntimeDebugEntry", RuntimeDebugEntry),
     QUORL_OWN("RemoteDebuggerStartup", RemoteDebuggerStartup),
     QUORL_OWN("RuntimeCheckStack", RuntimeCheckStack),
-    QUORL_NOT_YET("RuntimeNewClass"),
-    QUORL_NOT_YET("RuntimeNewObject"),
-    QUORL_NOT_YET("RuntimeRegisterClass"),
-    QUORL_NOT_YET("RuntimeNewVtable"),
+    QUORL_OWN("RuntimeNewClass", RuntimeNewClass),
+    QUORL_OWN("RuntimeNewObject", RuntimeNewObject),
+    QUORL_OWN("RuntimeRegisterClass", RuntimeRegisterClass),
+    QUORL_OWN("RuntimeNewVtable", RuntimeNewVtable),
     QUORL_OWN("RuntimeRaiseException", RuntimeRaiseException),
     QUORL_OWN("RuntimeReraiseException", RuntimeReraiseException),
-    QUORL_NOT_YET("RaiseExceptionClass"),
+    QUORL_OWN("RaiseExceptionClass", RaiseExceptionClass),
     QUORL_OWN("RuntimeUnhandledException", RuntimeUnhandledException),
-    QUORL_NOT_YET("RaiseNilObjectException"),
-    QUORL_NOT_YET("RaiseIllegalCastException"),
-    QUORL_NOT_YET("RaiseOutOfBoundsException"),
+    QUORL_OWN("RaiseNilObjectException", RaiseNilObjectException),
+    QUORL_OWN("RaiseIllegalCastException", RaiseIllegalCastException),
+    QUORL_OWN("RaiseOutOfBoundsException", RaiseOutOfBoundsException),
     QUORL_NOT_YET("RuntimeRaiseFunctionNotFoundException"),
+    // The object model and the arrays too: objects live on this copy's
+    // lists and raise through this copy's exception state, so a host's
+    // own copy of them must not serve a script.
+    QUORL_OWN("RuntimeNilObject", RaiseNilObjectException),
+    QUORL_OWN("RuntimeLockObject", RuntimeLockObject),
+    QUORL_OWN("RuntimeUnlockObject", RuntimeUnlockObject),
+    QUORL_OWN("RuntimeLockUnlockObjects", RuntimeLockUnlockObjects),
+    QUORL_OWN("RuntimeObjectIsa", RuntimeObjectIsa),
+    QUORL_OWN("RuntimeCheckCast", RuntimeCheckCast),
+    QUORL_OWN("RuntimeLookupInterfaceVtable", RuntimeLookupInterfaceVtable),
+    QUORL_OWN("CreateArray", CreateArray),
+    QUORL_OWN("RuntimeCreateStructureArray", RuntimeCreateStructureArray),
+    QUORL_OWN("RuntimeCreateArrayCastWrapper", RuntimeCreateArrayCastWrapper),
 };
 
 #undef QUORL_OWN

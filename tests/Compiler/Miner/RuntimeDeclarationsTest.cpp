@@ -45,8 +45,9 @@ TEST(RuntimeDeclarations, EmptyAndLiteralDefaults) {
   ParameterSymbol* delimiter = join->GetParameter(1);
   EXPECT_EQ(ParameterSymbol::kOptional, delimiter->GetMode());
   EXPECT_EQ(kStringType, delimiter->GetType().GetMainType());
-  // No literal: optional, and the value is left to the grammar pass.
-  EXPECT_EQ(kNoType, delimiter->GetDefaultValue().type.GetMainType());
+  // Nothing after "=": optional, with the type's empty value.
+  EXPECT_EQ(kStringType, delimiter->GetDefaultValue().type.GetMainType());
+  EXPECT_TRUE(delimiter->GetDefaultValue().value.mString.IsEmpty());
   EXPECT_EQ(kStringType, join->GetReturnType().GetMainType());
   std::unique_ptr<MethodSymbol> instr(ExtractMethodDeclaration(
       "Function InStr(start As Integer=0, haystack As String, needle As "

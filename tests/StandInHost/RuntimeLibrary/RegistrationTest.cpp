@@ -39,7 +39,8 @@ TEST(HostServesIntrinsics, OnlyTheRuntimeStillToComeIsMissing) {
       "RuntimeInit", "RuntimeExit", "RuntimeRaiseException", "RuntimeReraiseException",
       "RemoteDebuggerStartup", "RuntimeCheckStack", "RuntimeNewObject", "RuntimeNewClass",
       "RuntimeRegisterClass", "RuntimeNewVtable", "RuntimeObjectIsa", "RuntimeCheckCast",
-      "RuntimeLookupInterfaceVtable", "RuntimeLockUnlockObjects", "RuntimeNilObject",
+      "RuntimeLookupInterfaceVtable", "RuntimeLockObject", "RuntimeUnlockObject",
+      "RuntimeLockUnlockObjects", "RuntimeNilObject",
       "RuntimeRaiseFunctionNotFoundException", "LoadFunctionPointerFromLibrary", "VarType",
       "RuntimeIsNumeric", "IsNull", "VariantHash", "VariantEqual", "VariantToInt32", "VariantToUInt32",
       "VariantToInt64", "VariantToUInt64", "VariantToColor", "VariantToSingle", "VariantToDouble",
@@ -65,7 +66,7 @@ TEST(HostServesIntrinsics, NamesLeadToTheEngineRuntimesFunctions) {
   std::pair<char const*, void*> rows[] = {
       {"RuntimeCvtCurrencyToReal64", (void*)&RuntimeCvtCurrencyToReal64},
       {"RuntimeLockUnlockStrings", (void*)&RuntimeLockUnlockStrings},
-      {"readColorMagenta", (void*)&readColorMagenta}, {"RuntimeUnlockObject", (void*)&RuntimeUnlockObject},
+      {"readColorMagenta", (void*)&readColorMagenta},
       {"RuntimeSign", (void*)&RuntimeSign}, {"rnd", (void*)&rnd}};
   for (auto const& row : rows) EXPECT_EQ(quorl::ResolveHostName(row.first), row.second) << row.first;
 }

@@ -42,18 +42,25 @@ TEST(RuntimeFunctionTableTest, OwnEntriesComeFirstThenTheResolvedIntrinsics) {
   EXPECT_EQ((std::vector<std::string>{
                 "Input", "Print", "RuntimeInit", "RuntimeExit", "VELDYieldToQuorl",
                 "RuntimeDebugEntry", "RemoteDebuggerStartup", "RuntimeCheckStack",
-                "RuntimeRaiseException", "RuntimeReraiseException",
-                "RuntimeUnhandledException"}),
-            Keys(*table, 11));
+                "RuntimeNewClass", "RuntimeNewObject", "RuntimeRegisterClass",
+                "RuntimeNewVtable", "RuntimeRaiseException",
+                "RuntimeReraiseException", "RaiseExceptionClass",
+                "RuntimeUnhandledException", "RaiseNilObjectException",
+                "RaiseIllegalCastException", "RaiseOutOfBoundsException"}),
+            Keys(*table, 19));
   EXPECT_EQ(reinterpret_cast<void*>(&RuntimeYield),
             Lookup(*table, "VELDYieldToQuorl"));
   EXPECT_EQ(reinterpret_cast<void*>(&ExitQuorlScriptRuntime),
             Lookup(*table, "RuntimeExit"));
   EXPECT_EQ(&sMarker, Lookup(*table, "RuntimePow"));
   EXPECT_EQ(nullptr, Lookup(*table, "RuntimeMulSInt64"));
-  EXPECT_EQ(nullptr, Lookup(*table, "RuntimeNewObject"));
-  // Every intrinsic has its row, seven of them among the own entries.
-  EXPECT_EQ(11u + 136u - 7u, table->Count());
+  // The object model and arrays are the plug-in's too: objects live on its
+  // lists.
+  EXPECT_EQ(reinterpret_cast<void*>(&RuntimeUnlockObject),
+            Lookup(*table, "RuntimeUnlockObject"));
+  EXPECT_NE(nullptr, Lookup(*table, "CreateArray"));
+  // Every intrinsic has its row; 23 of the 30 own entries are intrinsics.
+  EXPECT_EQ(30u + 136u - 23u, table->Count());
 }
 
 TEST(RuntimeGlueTest, PrintAndInputPassUTF8AndTakeNoAnswerAsNil) {
@@ -84,12 +91,18 @@ TEST(RuntimeGlueTest, UnhandledExceptionsReportToTheCorrespondentOnly) {
   SetRuntimeCorrespondent(&corr);
   UnhandledException(&exception);
   UnhandledException(StackOverflowExceptionObject());
-  // An exception class that cannot be had is runtime error 10.
-  EXPECT_EQ(nullptr, NilObjectExceptionLookup());
-  EXPECT_EQ((std::vector<std::pair<int, unsigned long>>{{2, 0}, {6, 0}, {10, 0}}),
+  // A missing exception class is made once, and an uncaught exception of
+  // one of the runtime's own classes keeps its kind for the host.
+  RuntimeClass* outOfBounds = OutOfBoundsExceptionLookup();
+  ASSERT_NE(nullptr, outOfBounds);
+  EXPECT_EQ(outOfBounds, OutOfBoundsExceptionLookup());
+  RuntimeObject raised = {};
+  raised.mClass = outOfBounds;
+  UnhandledException(&raised);
+  EXPECT_EQ((std::vector<std::pair<int, unsigned long>>{{2, 0}, {6, 0}, {9, 0}}),
             corr.mErrors);
-  RuntimeInit();
-  EXPECT_EQ(3u, corr.mErrors.size());
+  ExitQuorlScriptRuntime();
+  EXPECT_EQ(nullptr, GetClassListHead());
   InitQuorlScriptRuntime();
 }
 

@@ -1,0 +1,118 @@
+// Class records made or registered at run time, and the list of them.
+// A record made here is one block: the 68-byte header, then the interface
+// entries, then the method, event, shared-method and property tables.
+#include <string.h>
+
+#include <new>
+
+#include "Common/ObjectModel/RuntimeExceptionFoundation.h"
+#include "Common/ObjectModel/RuntimeObjectFoundation.h"
+#include "Universal/Assertion.h"
+
+namespace {
+
+enum {
+  kMethodEntrySize = 8,
+  kInterfaceEntrySize = sizeof(RuntimeInterfaceEntry),
+  kEventEntrySize = 8,
+  kSharedMethodEntrySize = 8,
+  kPropertyEntrySize = 16,
+};
+
+// The classes of the running program, newest first, linked through `next`.
+// Set by RuntimeNewClass and RuntimeRegisterClass; the host side saves and
+// restores it around a run, and the records live as long as their code.
+RuntimeClass* sActiveClassList;
+
+void PushClass(RuntimeClass* record) {
+  record->next = sActiveClassList;
+  sActiveClassList = record;
+}
+
+// Points `table` at `cursor` and moves the cursor past `count` entries.
+void PlaceTable(RuntimeClassTable& table, int32_t count, int32_t entrySize,
+                unsigned char*& cursor) {
+  table.count = count;
+  table.table = cursor;
+  cursor += count * entrySize;
+}
+
+void CopyEntries(void* to, void const* from, int32_t count,
+                 int32_t entrySize) {
+  if (count > 0) memcpy(to, from, count * entrySize);
+}
+
+// A derived class starts from its parent's tables: inherited slots keep
+// their dispatch numbers, and the parent's interfaces are the child's too.
+void InheritTables(RuntimeClass* out, RuntimeClass* base) {
+  QASSERT_TEXT(out->methods.count >= base->methods.count,
+               "out->methods.count >= base->methods.count");
+  CopyEntries(out->methods.table, base->methods.table, base->methods.count,
+              kMethodEntrySize);
+  QASSERT_TEXT(out->interfaceCount >= base->interfaceCount,
+               "out->interfaceCount >= base->interfaceCount");
+  CopyEntries(out->InterfaceEntries(), base->InterfaceEntries(),
+              base->interfaceCount, kInterfaceEntrySize);
+  QASSERT_TEXT(out->events.count >= base->events.count,
+               "out->events.count >= base->events.count");
+  CopyEntries(out->events.table, base->events.table, base->events.count,
+              kEventEntrySize);
+  int32_t shared = out->sharedMethods.count < base->sharedMethods.count
+                       ? out->sharedMethods.count
+                       : base->sharedMethods.count;
+  CopyEntries(out->sharedMethods.table, base->sharedMethods.table, shared,
+              kSharedMethodEntrySize);
+  QASSERT_TEXT(out->properties.count >= base->properties.count,
+               "out->properties.count >= base->properties.count");
+  CopyEntries(out->properties.table, base->properties.table,
+              base->properties.count, kPropertyEntrySize);
+}
+
+}  // namespace
+
+// A zeroed record with room for the given tables, the parent's tables
+// copied in, at the head of the class list. The caller fills in the rest.
+RuntimeClass* RuntimeNewClass(RuntimeClass* base, int32_t methods,
+                              int32_t interfaces, int32_t events,
+                              int32_t shared, int32_t properties) {
+  QASSERT((methods | interfaces | events | shared | properties) >= 0);
+  size_t size = sizeof(RuntimeClass) + methods * kMethodEntrySize +
+                interfaces * kInterfaceEntrySize + events * kEventEntrySize +
+                shared * kSharedMethodEntrySize +
+                properties * kPropertyEntrySize;
+  unsigned char* block = new (std::nothrow) unsigned char[size];
+  if (!block) {
+    RaiseNilObjectException();
+    return nullptr;
+  }
+  memset(block, 0, size);
+  RuntimeClass* out = reinterpret_cast<RuntimeClass*>(block);
+  out->interfaceCount = interfaces;
+  unsigned char* cursor = block + sizeof(RuntimeClass) +
+                          interfaces * kInterfaceEntrySize;
+  PlaceTable(out->methods, methods, kMethodEntrySize, cursor);
+  PlaceTable(out->events, events, kEventEntrySize, cursor);
+  PlaceTable(out->sharedMethods, shared, kSharedMethodEntrySize, cursor);
+  PlaceTable(out->properties, properties, kPropertyEntrySize, cursor);
+  if (base) InheritTables(out, base);
+  out->base = base;
+  PushClass(out);
+  return out;
+}
+
+// A record laid out in the program's static data joins the list.
+void RuntimeRegisterClass(RuntimeClass* record) {
+  QASSERT_TEXT(record, "it");
+  PushClass(record);
+}
+
+// Room for `count` method entries, uninitialised; none for no entries.
+void* RuntimeNewVtable(int32_t count) {
+  int32_t size = count * kMethodEntrySize;
+  if (size < 1) return nullptr;
+  return new (std::nothrow) unsigned char[size];
+}
+
+RuntimeClass* GetClassListHead() { return sActiveClassList; }
+
+void SetClassListHead(RuntimeClass* head) { sActiveClassList = head; }

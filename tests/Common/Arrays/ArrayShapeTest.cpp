@@ -1,0 +1,132 @@
+// Creation, the choice of tables, bounds and Redim.
+#include <stddef.h>
+
+#include "ArrayTestSupport.h"
+
+using namespace arraytest;
+
+namespace {
+
+class ArrayShapeTest : public ArrayTest {};
+
+TEST_F(ArrayShapeTest, AFreshEmptyArrayHasNoBuffer) {
+  int before = CountAllocatedObjects();
+  RuntimeArrayObject* a = CreateArray(1, kSInt32, -1L);
+  EXPECT_EQ(before + 1, CountAllocatedObjects());
+  EXPECT_EQ(nullptr, a->data);
+  EXPECT_EQ(0, a->shape.bufferLength);
+  EXPECT_EQ(16, a->shape.growth);
+  EXPECT_EQ(1, a->header.refCount);
+  EXPECT_EQ(nullptr, a->header.vtable);
+  EXPECT_EQ(GetActiveObjectListHead(), &a->header);
+  EXPECT_EQ("Array", Std(a->header.mClass->name));
+  EXPECT_EQ(-1, RuntimeUBound(&a->header));
+  RuntimeUnlockArray(&a->header);
+  EXPECT_EQ(before, CountAllocatedObjects());
+}
+
+TEST_F(ArrayShapeTest, TheLayoutGeneratedCodeReads) {
+  EXPECT_EQ(24u, offsetof(RuntimeArrayObject, methods));
+  EXPECT_EQ(28u, offsetof(RuntimeArrayObject, data));
+  EXPECT_EQ(32u, offsetof(RuntimeArrayObject, shape));
+  EXPECT_EQ(32u, offsetof(RuntimeStructureArray, elementSize));
+  EXPECT_EQ(36u, offsetof(RuntimeStructureArray, shape));
+  EXPECT_EQ(32u, offsetof(RuntimeArrayCastWrapper, array));
+  EXPECT_EQ(44u, offsetof(RuntimeArrayMethods, ubound));
+  EXPECT_EQ(56u, offsetof(RuntimeArrayMethods, destructor));
+  RuntimeArrayObject* a = CreateArray(3, kDouble, 2L, 3L, 1L);
+  EXPECT_EQ(3 * 4 * 2 * 8, a->shape.bufferLength);
+  int32_t const* words = reinterpret_cast<int32_t const*>(a);
+  EXPECT_EQ(3, words[8]);
+  EXPECT_EQ((std::vector<int32_t>{2, 3, 1}),
+            std::vector<int32_t>(words + 11, words + 14));
+  for (int k = 0; k < 24; k++) EXPECT_EQ(0.0, Elements<double>(a)[k]);
+  RuntimeUnlockArray(&a->header);
+}
+
+TEST_F(ArrayShapeTest, EachShapeHasItsTable) {
+  struct { long dims; bool hasInsert; } rows[] = {{1, true}, {2, false}, {3, false}};
+  for (long code = kSInt32; code <= kSInt64; code++) {
+    for (auto row : rows) {
+      RuntimeArrayMethods const* table = ChooseAccessorTable(row.dims, code);
+      EXPECT_EQ(row.hasInsert, table->insert != nullptr) << code;
+      EXPECT_EQ(row.hasInsert, table->indexOf != nullptr) << code;
+      bool sorts = row.hasInsert && code != kObject;
+      EXPECT_EQ(sorts, table->sort != nullptr) << code << " " << row.dims;
+      EXPECT_NE(nullptr, table->shuffle);
+      EXPECT_EQ(code == kString || code == kObject, table->unlockElement != nullptr);
+    }
+  }
+  long sizes[] = {4, 4, 8, 4, 4, 1, 1, 2, 2, 4, 8, 8};
+  for (long code = 0; code < 12; code++) EXPECT_EQ(sizes[code], ElementSize(code));
+  EXPECT_EXIT(ElementSize(12), testing::ExitedWithCode(1), "");
+}
+
+TEST_F(ArrayShapeTest, UboundAnswersTheCountAndRaisesOutside) {
+  RuntimeArrayObject* a = CreateArray(2, kUInt8, 4L, 6L);
+  EXPECT_EQ(2, Ubound(a, -1));
+  EXPECT_EQ(6, RuntimeUBound2Param(&a->header, 2));
+  EXPECT_EQ(Kinds{}, Raised());
+  EXPECT_EQ(-1, Ubound(a, 3));
+  EXPECT_EQ(-1, Ubound(a, 0));
+  EXPECT_EQ(Kinds({"bounds", "bounds"}), Raised());
+  EXPECT_EQ(0, RuntimeUBound(nullptr));
+  EXPECT_EQ(-1, RuntimeUBound2Param(nullptr, 1));
+  EXPECT_EQ(Kinds({"nil", "nil"}), Raised());
+  RuntimeUnlockArray(&a->header);
+}
+
+TEST_F(ArrayShapeTest, OneDimensionalRedim) {
+  RuntimeArrayObject* a = CreateArray(1, kSInt16, 5L);
+  Elements<short>(a)[5] = -7;
+  unsigned char* buffer = a->data;
+  Call<void>(a->methods->redim, a, 5L);
+  EXPECT_EQ(buffer, a->data) << "the same bound changes nothing";
+  Call<void>(a->methods->redim, a, -2L);
+  EXPECT_EQ(Kinds{"bounds"}, Raised());
+  EXPECT_EQ(5, Ubound(a));
+  Call<void>(a->methods->redim, a, 9L);
+  EXPECT_EQ(20, a->shape.bufferLength);
+  EXPECT_EQ(-7, Elements<short>(a)[5]);
+  EXPECT_EQ(0, Elements<short>(a)[9]);
+  Call<void>(a->methods->redim, a, -1L);
+  EXPECT_EQ(nullptr, a->data);
+  EXPECT_EQ(-1, Ubound(a));
+  EXPECT_EQ(0, a->shape.bufferLength);
+  RuntimeUnlockArray(&a->header);
+}
+
+TEST_F(ArrayShapeTest, RedimKeepsIndexesNotPositions) {
+  RuntimeArrayObject* a = CreateArray(2, kSInt32, 1L, 1L);
+  for (int k = 0; k < 4; k++) Elements<int>(a)[k] = 10 + k;  // (i, j) = 10 + i + 2j
+  Call<void>(a->methods->redim, a, 2L, 2L);
+  EXPECT_EQ((std::vector<int>{10, 11, 0, 12, 13, 0, 0, 0, 0}),
+            std::vector<int>(Elements<int>(a), Elements<int>(a) + 9));
+  Call<void>(a->methods->redim, a, 0L, 2L);
+  EXPECT_EQ((std::vector<int>{10, 12, 0}),
+            std::vector<int>(Elements<int>(a), Elements<int>(a) + 3));
+  Call<void>(a->methods->redim, a, -2L, 2L);
+  EXPECT_EQ(Kinds{"bounds"}, Raised());
+  EXPECT_EQ(0, Ubound(a, 1));
+  RuntimeUnlockArray(&a->header);
+}
+
+TEST_F(ArrayShapeTest, RedimReleasesTheElementsItDrops) {
+  stringStorage* s = Text("kept");
+  RuntimeArrayObject* line = CreateArray(1, kString, 3L);
+  RuntimeArrayObject* cube = CreateArray(3, kString, 1L, 1L, 1L);
+  Call<void>(line->methods->set, line, s, 3L);
+  Call<void>(cube->methods->set, cube, s, 1L, 0L, 1L);
+  Call<void>(cube->methods->set, cube, s, 0L, 1L, 0L);
+  EXPECT_EQ(4, s->mRefCount);
+  Call<void>(line->methods->redim, line, 2L);
+  Call<void>(cube->methods->redim, cube, 0L, 1L, 1L);
+  EXPECT_EQ(2, s->mRefCount) << "(1, 0, 1) and line(3) went";
+  EXPECT_EQ(s, Elements<stringStorage*>(cube)[1 + 2 * 0]);
+  RuntimeUnlockArray(&cube->header);
+  RuntimeUnlockArray(&line->header);
+  EXPECT_EQ(1, s->mRefCount);
+  RuntimeUnlockString(s);
+}
+
+}  // namespace

@@ -1,0 +1,80 @@
+// The runtime's own raises, as seen by the unhandled hook when no script
+// frame handles them.
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "Common/ObjectModel/RuntimeExceptionFoundation.h"
+#include "ObjectModelTestSupport.h"
+
+namespace {
+
+// Each raise that reached the hook: its class (nil for a nil exception)
+// and its count at the time.
+struct Seen {
+  RuntimeClass* cls;
+  int32_t refCount;
+  bool operator==(Seen const& o) const {
+    return cls == o.cls && refCount == o.refCount;
+  }
+};
+std::vector<Seen> sSeen;
+void RecordUnhandled(RuntimeObject* exception) {
+  sSeen.push_back({RuntimeClassOf(exception),
+                   exception ? exception->refCount : 0});
+}
+
+RuntimeObject* sNewObject;
+void NewNilObject() { sNewObject = RuntimeNewObject(nullptr); }
+void RaiseRecursively() { RaiseNilObjectException(); }
+
+}  // namespace
+
+TEST(RuntimeRaiserTest, EachKindRaisesAFreshObjectOfItsStoredClass) {
+  RuntimeClass* nilObject = TestClass();
+  RuntimeClass* illegalCast = TestClass();
+  RuntimeClass* outOfBounds = TestClass();
+  SetNilObjectExceptionClass(nilObject);
+  SetIllegalCastExceptionClass(illegalCast);
+  SetOutOfBoundsExceptionClass(outOfBounds);
+  SetUnhandledExceptionHook(RecordUnhandled);
+  int32_t before = CountAllocatedObjects();
+  CallWithNullFrame(RaiseNilObjectException);
+  CallWithNullFrame(RaiseIllegalCastException);
+  CallWithNullFrame(RaiseOutOfBoundsException);
+  sNewObject = reinterpret_cast<RuntimeObject*>(&sSeen);
+  CallWithNullFrame(NewNilObject);
+  EXPECT_EQ(nullptr, sNewObject);
+  EXPECT_EQ((std::vector<Seen>{{nilObject, 1}, {illegalCast, 1},
+                               {outOfBounds, 1}, {nilObject, 1}}),
+            sSeen);
+  EXPECT_EQ(before, CountAllocatedObjects());
+}
+
+TEST(RuntimeRaiserTest, WithoutItsClassTheNilObjectExceptionStandsIn) {
+  RuntimeClass* nilObject = TestClass();
+  SetNilObjectExceptionClass(nilObject);
+  SetUnhandledExceptionHook(RecordUnhandled);
+  CallWithNullFrame(RaiseIllegalCastException);
+  CallWithNullFrame(RaiseOutOfBoundsException);
+  EXPECT_EQ((std::vector<Seen>{{nilObject, 1}, {nilObject, 1}}), sSeen);
+}
+
+TEST(RuntimeRaiserTest, WithNoClassAtAllNothingIsRaised) {
+  SetUnhandledExceptionHook(RecordUnhandled);
+  CallWithNullFrame(RaiseNilObjectException);
+  CallWithNullFrame(RaiseIllegalCastException);
+  EXPECT_EQ((std::vector<Seen>{{nullptr, 0}, {nullptr, 0}}), sSeen);
+  SetUnhandledExceptionHook(nullptr);
+  CallWithNullFrame(RaiseNilObjectException);  // and no failure without a hook
+  EXPECT_EQ(2u, sSeen.size());
+}
+
+TEST(RuntimeRaiserTest, ANilRaiseWhileMakingTheNilExceptionDoesNotRecurse) {
+  RuntimeClass* nilObject = TestClass();
+  nilObject->initializer = [](RuntimeObject*) { RaiseRecursively(); };
+  SetNilObjectExceptionClass(nilObject);
+  SetUnhandledExceptionHook(RecordUnhandled);
+  CallWithNullFrame(RaiseNilObjectException);
+  EXPECT_EQ((std::vector<Seen>{{nullptr, 0}, {nilObject, 1}}), sSeen);
+}

@@ -1,0 +1,201 @@
+// Allocation, reference counts and destruction of script objects.
+#include <gtest/gtest.h>
+#include <string.h>
+
+#include <string>
+#include <vector>
+
+#include "Common/ObjectModel/RuntimeObjectFoundation.h"
+#include "ObjectModelTestSupport.h"
+#include "Universal/ustring.h"
+
+namespace {
+
+// What the hooks below saw, in order.
+std::vector<std::string> sEvents;
+RuntimeObject* sKept;
+
+void Note(RuntimeObject* object, char const* what) {
+  sEvents.push_back(std::string(what) + ":" +
+                    std::to_string(object->refCount));
+}
+void InitParent(RuntimeObject* o) { Note(o, "init parent"); }
+void InitChild(RuntimeObject* o) { Note(o, "init child"); }
+void DestroyParent(RuntimeObject* o) { Note(o, "destroy parent"); }
+void DestroyChild(RuntimeObject* o) { Note(o, "destroy child"); }
+void FinalParent(RuntimeObject* o) { Note(o, "final parent"); }
+void FinalChild(RuntimeObject* o) { Note(o, "final child"); }
+void Monitor(RuntimeObject* o) { Note(o, "monitor"); }
+// Stores `self` elsewhere the first time only.
+void KeepSelfOnce(RuntimeObject* o) {
+  Note(o, "keep");
+  if (sKept) return;
+  RuntimeLockObject(o);
+  sKept = o;
+}
+void ReleaseField(RuntimeObject* o) { RuntimeUnlockObject(Field(o, 0)); }
+
+struct Family {
+  Family() {
+    parent = TestClass(nullptr, 1);
+    parent->initializer = InitParent;
+    parent->destructor = DestroyParent;
+    parent->finalizer = FinalParent;
+    child = TestClass(parent, 2);
+    child->initializer = InitChild;
+    child->destructor = DestroyChild;
+    child->finalizer = FinalChild;
+  }
+  RuntimeClass* parent;
+  RuntimeClass* child;
+};
+
+std::vector<RuntimeObject*> ActiveObjects() {
+  std::vector<RuntimeObject*> objects;
+  for (RuntimeObject* o = GetActiveObjectListHead(); o; o = o->next)
+    objects.push_back(o);
+  return objects;
+}
+
+}  // namespace
+
+TEST(RuntimeObjectCountTest, NilAndDyingObjectsAreLeftAlone) {
+  RuntimeLockObject(nullptr);
+  RuntimeUnlockObject(nullptr);
+  RuntimeLockUnlockObjects(nullptr, nullptr);
+  RuntimeObject dying = {};
+  RuntimeLockObject(&dying);
+  EXPECT_EQ(0, dying.refCount);
+  RuntimeUnlockObject(&dying);  // a destruction would free a stack object
+  EXPECT_EQ(0, dying.refCount);
+}
+
+TEST(RuntimeObjectCountTest, AnAssignmentLocksTheNewBeforeUnlockingTheOld) {
+  RuntimeClass* cls = TestClass();
+  RuntimeObject* a = RuntimeNewObject(cls);
+  RuntimeObject* b = RuntimeNewObject(cls);
+  RuntimeLockUnlockObjects(a, a);
+  EXPECT_EQ(1, a->refCount);
+  RuntimeLockObject(b);
+  RuntimeLockUnlockObjects(a, b);
+  EXPECT_EQ(2, a->refCount);
+  EXPECT_EQ(1, b->refCount);
+  int32_t before = CountAllocatedObjects();
+  RuntimeLockUnlockObjects(nullptr, b);
+  EXPECT_EQ(before - 1, CountAllocatedObjects());
+}
+
+TEST(RuntimeNewObjectTest, TheHeaderAndTheInitializersParentsFirst) {
+  Family family;
+  family.parent->events.table = &family;  // any word will do
+  RuntimeClass* grandchild = TestClass(family.child, 3);
+  int32_t before = CountAllocatedObjects();
+  RuntimeObject* older = RuntimeNewObject(family.parent);
+  sEvents.clear();
+  RuntimeObject* object = RuntimeNewObject(grandchild);
+  EXPECT_EQ((std::vector<std::string>{"init parent:1", "init child:1"}),
+            sEvents);
+  EXPECT_EQ(grandchild, object->mClass);
+  EXPECT_EQ(grandchild->methods.table, object->vtable);
+  EXPECT_EQ(grandchild->events.table, object->events);
+  EXPECT_EQ(1, object->refCount);
+  EXPECT_EQ(nullptr, Field(object, 2));
+  EXPECT_EQ(before + 2, CountAllocatedObjects());
+  EXPECT_EQ((std::vector<RuntimeObject*>{object, older}), ActiveObjects());
+  EXPECT_EQ(object, older->previous);
+  EXPECT_EQ(nullptr, object->previous);
+}
+
+TEST(RuntimeDestroyTest, DestructorsThenFinalizersFromTheOwnClassUp) {
+  Family family;
+  SetObjectDestructionMonitor(Monitor);
+  int32_t before = CountAllocatedObjects();
+  RuntimeObject* object = RuntimeNewObject(family.child);
+  sEvents.clear();
+  RuntimeUnlockObject(object);
+  EXPECT_EQ((std::vector<std::string>{"destroy child:1", "destroy parent:1",
+                                      "final child:0", "final parent:0",
+                                      "monitor:0"}),
+            sEvents);
+  EXPECT_EQ(before, CountAllocatedObjects());
+  EXPECT_TRUE(ActiveObjects().empty());
+}
+
+TEST(RuntimeDestroyTest, ADestructorThatKeepsSelfResurrectsTheObject) {
+  Family family;
+  family.child->destructor = KeepSelfOnce;
+  RuntimeObject* object = RuntimeNewObject(family.child);
+  sEvents.clear();
+  RuntimeUnlockObject(object);
+  EXPECT_EQ(std::vector<std::string>{"keep:1"}, sEvents);
+  EXPECT_EQ(object, sKept);
+  EXPECT_EQ(1, object->refCount);
+  EXPECT_EQ(std::vector<RuntimeObject*>{object}, ActiveObjects());
+  // Released again, it dies for good.
+  sEvents.clear();
+  RuntimeUnlockObject(object);
+  EXPECT_EQ((std::vector<std::string>{"keep:1", "destroy parent:1",
+                                      "final child:0", "final parent:0"}),
+            sEvents);
+  EXPECT_TRUE(ActiveObjects().empty());
+}
+
+TEST(RuntimeDestroyTest, AMillionChainedObjectsGoWithoutRecursion) {
+  RuntimeClass* link = TestClass(nullptr, 1);
+  link->finalizer = ReleaseField;
+  int32_t before = CountAllocatedObjects();
+  RuntimeObject* head = nullptr;
+  for (int i = 0; i < 1000000; i++) {
+    RuntimeObject* object = RuntimeNewObject(link);
+    Field(object, 0) = head;
+    head = object;
+  }
+  RuntimeUnlockObject(head);
+  EXPECT_EQ(before, CountAllocatedObjects());
+  EXPECT_EQ(nullptr, GetActiveObjectListHead());
+}
+
+TEST(RuntimeDestroyTest, TheListCloses) {
+  RuntimeClass* cls = TestClass();
+  RuntimeObject* a = RuntimeNewObject(cls);
+  RuntimeObject* b = RuntimeNewObject(cls);
+  RuntimeObject* c = RuntimeNewObject(cls);
+  RuntimeUnlockObject(b);
+  EXPECT_EQ((std::vector<RuntimeObject*>{c, a}), ActiveObjects());
+  EXPECT_EQ(c, a->previous);
+  RuntimeUnlockObject(c);
+  EXPECT_EQ(std::vector<RuntimeObject*>{a}, ActiveObjects());
+  EXPECT_EQ(nullptr, a->previous);
+}
+
+TEST(RuntimeDestroyTest, APrivateEventTableReleasesItsNames) {
+  RuntimeClass* cls = RuntimeNewClass(nullptr, 0, 0, 2, 0, 0);
+  cls->instanceSize = sizeof(RuntimeObject);
+  RuntimeObject* object = RuntimeNewObject(cls);
+  stringStorage* name = NewStringStorage("Action", 6, kEncodingASCII);
+  void** table = reinterpret_cast<void**>(new unsigned char[16]());
+  table[1] = name;
+  table[3] = name;
+  name->mRefCount += 2;
+  object->events = table;
+  RuntimeUnlockObject(object);
+  EXPECT_EQ(1, name->mRefCount);
+  UnlockStringStorage(name);
+}
+
+TEST(RuntimeDestroyTest, AnArrayIsCountedListedAndFreedLikeAnyObject) {
+  RuntimeClass* arrays = TestClass();
+  arrays->finalizer = Monitor;
+  int32_t before = CountAllocatedObjects();
+  RuntimeObject* array =
+      reinterpret_cast<RuntimeObject*>(new unsigned char[48]());
+  array->mClass = arrays;
+  array->refCount = 1;
+  RegisterNewArrayInstance(array);
+  EXPECT_EQ(before + 1, CountAllocatedObjects());
+  EXPECT_EQ(array, GetActiveObjectListHead());
+  sEvents.clear();
+  RuntimeUnlockObject(array);
+  EXPECT_EQ(std::vector<std::string>{"monitor:0"}, sEvents);
+  EXPECT_EQ(before, CountAllocatedObjects());
+}
