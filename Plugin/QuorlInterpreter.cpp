@@ -81,6 +81,8 @@ static char const* RuntimeErrorClassName(RuntimeErrorCode code) {
       return "NilObjectException";
     case kRuntimeErrorIllegalCast:
       return "IllegalCastException";
+    case kRuntimeErrorOutOfMemory:
+      return "OutOfMemoryException";
     default:
       return "RuntimeException";
   }

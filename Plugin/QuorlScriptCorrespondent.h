@@ -15,6 +15,7 @@ enum RuntimeErrorCode {
   // Ours: the runtime's other own exceptions keep their class for the host.
   kRuntimeErrorNilObject = 11,
   kRuntimeErrorIllegalCast = 12,
+  kRuntimeErrorOutOfMemory = 13,
 };
 
 class QuorlScriptCorrespondent {

@@ -18,32 +18,51 @@ ArrayBody BodyOf(RuntimeStructureArray* array) {
 }
 
 long ElementCount(ArrayShape const* shape) {
-  long count = 1;
-  for (long d = 0; d < shape->dimensions; d++) {
-    if (shape->Ubounds()[d] < 0) return 0;
-    count *= shape->Ubounds()[d] + 1;
+  return static_cast<long>(RequestedElementCount(shape->Ubounds(),
+                                                 shape->dimensions));
+}
+
+// Saturates instead of overflowing: a count past the 32-bit buffer length
+// fails allocation like any other too-large request.
+long long RequestedElementCount(int32_t const* ubounds, long dimensions) {
+  long long count = 1;
+  for (long d = 0; d < dimensions; d++) {
+    if (ubounds[d] < 0) return 0;
+    count *= static_cast<long long>(ubounds[d]) + 1;
+    if (count > INT32_MAX) count = static_cast<long long>(INT32_MAX) + 1;
   }
   return count;
 }
 
 // Calloc, so that new elements start as 0 and references as nil. The
 // buffer length is a 32-bit field of the layout; a larger request is as
-// much a failure as an exhausted heap.
+// much a failure as an exhausted heap: the script gets an
+// OutOfMemoryException and the array stays as it was.
 unsigned char* AllocateBuffer(long long bytes) {
   if (bytes < 1) return nullptr;
-  QASSERT_TEXT(bytes <= INT32_MAX, "bufferLength");
-  void* buffer = calloc(1, static_cast<size_t>(bytes));
-  QASSERT_TEXT(buffer, "buffer");
+  void* buffer =
+      bytes <= INT32_MAX ? calloc(1, static_cast<size_t>(bytes)) : nullptr;
+  if (!buffer) RaiseOutOfMemoryException();
   return static_cast<unsigned char*>(buffer);
+}
+
+bool AllocationFailed(long long bytes, unsigned char const* buffer) {
+  return bytes >= 1 && !buffer;
 }
 
 void FreeBuffer(unsigned char* buffer) { free(buffer); }
 
+// A new array whose buffer cannot be had is left empty in every
+// dimension, so that its release finds nothing to walk.
 void CreateArrayBuffer(ArrayBody body) {
   long long bytes =
-      static_cast<long long>(ElementCount(body.shape)) * body.elementSize;
+      RequestedElementCount(body.shape->Ubounds(), body.shape->dimensions) *
+      body.elementSize;
   *body.data = AllocateBuffer(bytes);
   body.shape->bufferLength = *body.data ? static_cast<int32_t>(bytes) : 0;
+  if (AllocationFailed(bytes, *body.data))
+    for (long d = 0; d < body.shape->dimensions; d++)
+      body.shape->Ubounds()[d] = -1;
 }
 
 // Reads every index even after one has failed, which costs nothing and

@@ -108,23 +108,18 @@ long ElementSizeOf(RuntimeArrayObject* wrapper) {
   return WrappedMethods(wrapper).elementSize(Wrapped(wrapper));
 }
 
-template <class F>
-void* Entry(F function) {
-  return reinterpret_cast<void*>(function);
-}
-
 RuntimeArrayMethods WrapperTable() {
   RuntimeArrayMethods table = {};
-  table.get = Entry(&Get);
-  table.set = Entry(&Set);
-  table.getFast = Entry(&GetFast);
-  table.setFast = Entry(&SetFast);
-  table.redim = Entry(&Redim);
-  table.insert = Entry(&Insert);
+  table.get = arrays::TableEntry(&Get);
+  table.set = arrays::TableEntry(&Set);
+  table.getFast = arrays::TableEntry(&GetFast);
+  table.setFast = arrays::TableEntry(&SetFast);
+  table.redim = arrays::TableEntry(&Redim);
+  table.insert = arrays::TableEntry(&Insert);
   table.remove = &Remove;
   table.sort = &Sort;
   table.sortWith = &SortWith;
-  table.indexOf = Entry(&IndexOf);
+  table.indexOf = arrays::TableEntry(&IndexOf);
   table.shuffle = &Shuffle;
   table.ubound = &Ubound;
   table.destructor = &Destructor;

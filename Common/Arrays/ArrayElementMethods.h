@@ -46,7 +46,7 @@ void Insert(RuntimeArrayObject* array, long index, typename E::Type value) {
     RaiseOutOfBoundsException();
     return;
   }
-  OpenGap(FamilyBody<E>(array), index);
+  if (!OpenGap(FamilyBody<E>(array), index)) return;
   Elements<E>(array)[index] = value;
   E::Lock(value);
 }

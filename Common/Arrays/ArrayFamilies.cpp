@@ -3,15 +3,11 @@
 #include "Common/Arrays/ArrayElementFamilies.h"
 #include "Common/Arrays/ArrayElementMethods.h"
 #include "Common/Arrays/ArrayElements.h"
+#include "Common/Arrays/ArrayStorage.h"
 #include "Universal/Assertion.h"
 
 namespace arrays {
 namespace {
-
-template <class F>
-void* Entry(F function) {
-  return reinterpret_cast<void*>(function);
-}
 
 // What every shape of a family shares.
 template <class E>
@@ -38,14 +34,14 @@ ArraySortWithEntry SortWithEntry() {
 template <class E>
 RuntimeArrayMethods LinearTable() {
   RuntimeArrayMethods table = CommonTable<E>();
-  table.get = Entry(&GetLinear<E>);
-  table.set = Entry(&SetLinear<E>);
-  table.getFast = Entry(&GetFastLinear<E>);
-  table.setFast = Entry(&SetFastLinear<E>);
-  table.redim = Entry(&RedimLinear<E>);
-  table.insert = Entry(&Insert<E>);
+  table.get = arrays::TableEntry(&GetLinear<E>);
+  table.set = arrays::TableEntry(&SetLinear<E>);
+  table.getFast = arrays::TableEntry(&GetFastLinear<E>);
+  table.setFast = arrays::TableEntry(&SetFastLinear<E>);
+  table.redim = arrays::TableEntry(&RedimLinear<E>);
+  table.insert = arrays::TableEntry(&Insert<E>);
   table.remove = &Remove<E>;
-  table.indexOf = Entry(&IndexOf<E>);
+  table.indexOf = arrays::TableEntry(&IndexOf<E>);
   if constexpr (E::kSortable) {
     table.sort = &Sort<E>;
     table.sortWith = SortWithEntry<E>();
@@ -56,22 +52,22 @@ RuntimeArrayMethods LinearTable() {
 template <class E>
 RuntimeArrayMethods PlanarTable() {
   RuntimeArrayMethods table = CommonTable<E>();
-  table.get = Entry(&GetPlanar<E>);
-  table.set = Entry(&SetPlanar<E>);
-  table.getFast = Entry(&GetFastPlanar<E>);
-  table.setFast = Entry(&SetFastPlanar<E>);
-  table.redim = Entry(&RedimPlanar<E>);
+  table.get = arrays::TableEntry(&GetPlanar<E>);
+  table.set = arrays::TableEntry(&SetPlanar<E>);
+  table.getFast = arrays::TableEntry(&GetFastPlanar<E>);
+  table.setFast = arrays::TableEntry(&SetFastPlanar<E>);
+  table.redim = arrays::TableEntry(&RedimPlanar<E>);
   return table;
 }
 
 template <class E>
 RuntimeArrayMethods VariableTable() {
   RuntimeArrayMethods table = CommonTable<E>();
-  table.get = Entry(&GetVariable<E>);
-  table.set = Entry(&SetVariable<E>);
-  table.getFast = Entry(&GetFastVariable<E>);
-  table.setFast = Entry(&SetFastVariable<E>);
-  table.redim = Entry(&RedimVariable<E>);
+  table.get = arrays::TableEntry(&GetVariable<E>);
+  table.set = arrays::TableEntry(&SetVariable<E>);
+  table.getFast = arrays::TableEntry(&GetFastVariable<E>);
+  table.setFast = arrays::TableEntry(&SetFastVariable<E>);
+  table.redim = arrays::TableEntry(&RedimVariable<E>);
   return table;
 }
 

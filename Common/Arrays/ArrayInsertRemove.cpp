@@ -13,12 +13,15 @@ long const kLargestGrowth = 0x20000;
 
 // A larger buffer with the elements below `index` in place and the rest one
 // slot up.
-void GrowAround(ArrayBody body, long index, long used, long minimum) {
+bool GrowAround(ArrayBody body, long index, long used, long minimum) {
   ArrayShape* shape = body.shape;
-  shape->bufferLength += shape->growth * body.elementSize;
-  QASSERT_TEXT(shape->bufferLength >= minimum,
-               "array->bufferLength >= minimumBufferSize");
-  unsigned char* fresh = AllocateBuffer(shape->bufferLength);
+  long long length =
+      static_cast<long long>(shape->bufferLength) +
+      static_cast<long long>(shape->growth) * body.elementSize;
+  QASSERT_TEXT(length >= minimum, "array->bufferLength >= minimumBufferSize");
+  unsigned char* fresh = AllocateBuffer(length);
+  if (AllocationFailed(length, fresh)) return false;
+  shape->bufferLength = static_cast<int32_t>(length);
   if (shape->growth < kLargestGrowth) shape->growth *= 2;
   long below = index * body.elementSize;
   if (*body.data) {
@@ -27,21 +30,23 @@ void GrowAround(ArrayBody body, long index, long used, long minimum) {
   }
   FreeBuffer(*body.data);
   *body.data = fresh;
+  return true;
 }
 
 }  // namespace
 
-void OpenGap(ArrayBody body, long index) {
+bool OpenGap(ArrayBody body, long index) {
   long size = body.elementSize;
   long count = body.shape->Ubounds()[0] + 1;
   long minimum = (count + 1) * size;
   if (body.shape->bufferLength < minimum) {
-    GrowAround(body, index, count * size, minimum);
+    if (!GrowAround(body, index, count * size, minimum)) return false;
   } else {
     unsigned char* slot = *body.data + index * size;
     memmove(slot + size, slot, (count - index) * size);
   }
   body.shape->Ubounds()[0] = count;
+  return true;
 }
 
 // The element is released only once the array is whole again, in case its
@@ -55,13 +60,18 @@ void CloseGap(ArrayBody body, long index) {
   long length = ubound * size;
   unsigned char* fresh = AllocateBuffer(length);
   long below = index * size;
-  if (fresh) {
-    memcpy(fresh, *body.data, below);
-    memcpy(fresh + below, *body.data + below + size, length - below);
+  if (AllocationFailed(length, fresh)) {
+    // No smaller buffer: the tail moves down within the old one.
+    memmove(*body.data + below, *body.data + below + size, length - below);
+  } else {
+    if (fresh) {
+      memcpy(fresh, *body.data, below);
+      memcpy(fresh + below, *body.data + below + size, length - below);
+    }
+    FreeBuffer(*body.data);
+    *body.data = fresh;
+    body.shape->bufferLength = length;
   }
-  FreeBuffer(*body.data);
-  *body.data = fresh;
-  body.shape->bufferLength = length;
   body.shape->growth = 16;
   body.shape->Ubounds()[0] = ubound - 1;
   if (body.unlock) body.unlock(removed);

@@ -67,11 +67,12 @@ void RedimOneDimension(ArrayBody body, long newUbound) {
     RaiseOutOfBoundsException();
     return;
   }
-  if (newUbound < oldUbound) ReleaseRange(body, newUbound + 1, oldUbound);
   long long length = static_cast<long long>(newUbound + 1) * body.elementSize;
   long oldLength = body.shape->bufferLength;
   unsigned char* fresh = AllocateBuffer(length);
+  if (AllocationFailed(length, fresh)) return;
   if (!fresh) newUbound = -1;
+  if (newUbound < oldUbound) ReleaseRange(body, newUbound + 1, oldUbound);
   long keep = oldLength < length ? oldLength : static_cast<long>(length);
   if (fresh && *body.data && keep > 0) memcpy(fresh, *body.data, keep);
   FreeBuffer(*body.data);
@@ -85,16 +86,16 @@ void RedimOneDimension(ArrayBody body, long newUbound) {
 // element count would otherwise come out of a product of negative factors.
 void RedimDimensions(ArrayBody body, int32_t const* newUbounds) {
   long dims = body.shape->dimensions;
-  long long count = 1;
   for (long d = 0; d < dims; d++) {
     if (newUbounds[d] < -1) {
       RaiseOutOfBoundsException();
       return;
     }
-    count *= newUbounds[d] + 1;
   }
-  long long length = count * body.elementSize;
+  long long length =
+      RequestedElementCount(newUbounds, dims) * body.elementSize;
   unsigned char* fresh = AllocateBuffer(length);
+  if (AllocationFailed(length, fresh)) return;
   if (*body.data) CarryOver(body, fresh, newUbounds);
   FreeBuffer(*body.data);
   *body.data = fresh;

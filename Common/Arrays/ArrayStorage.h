@@ -15,6 +15,13 @@ typedef void (*ArrayElementHook)(void* word);
 
 namespace arrays {
 
+// A method-table word for an entry whose own parameters differ from the
+// table's generic ones: generated code calls it with the right arguments.
+template <class F>
+void* TableEntry(F function) {
+  return reinterpret_cast<void*>(function);
+}
+
 // The buffer and bookkeeping of one array, of either layout.
 struct ArrayBody {
   unsigned char** data;
@@ -32,9 +39,12 @@ ArrayBody BodyOf(RuntimeStructureArray* array);
 // Elements in all dimensions: the product of (ubound + 1), 0 when any
 // dimension is empty.
 long ElementCount(ArrayShape const* shape);
+long long RequestedElementCount(int32_t const* ubounds, long dimensions);
 // A zeroed buffer, or null for a length below 1; failure to allocate is a
 // failed assertion.
 unsigned char* AllocateBuffer(long long bytes);
+// Whether a request of `bytes` came back without its buffer (and raised).
+bool AllocationFailed(long long bytes, unsigned char const* buffer);
 void FreeBuffer(unsigned char* buffer);
 // Sizes and allocates the buffer of a new array from its bounds.
 void CreateArrayBuffer(ArrayBody body);
@@ -61,7 +71,7 @@ void RedimFromArguments(ArrayBody body, va_list ubounds);
 // Makes room at `index` (0 to ubound + 1) of a one-dimensional array and
 // raises its bound; the slot keeps whatever bytes it had, for the caller to
 // overwrite without releasing.
-void OpenGap(ArrayBody body, long index);
+bool OpenGap(ArrayBody body, long index);
 // Takes element `index` out, shrinking the buffer to fit, then releases it.
 void CloseGap(ArrayBody body, long index);
 

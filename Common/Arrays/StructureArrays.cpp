@@ -84,7 +84,7 @@ void Insert(RuntimeStructureArray* array, long index, void* value) {
   }
   SimpleVector<unsigned char> copy(array->elementSize);
   if (array->elementSize) memcpy(&copy[0], value, array->elementSize);
-  arrays::OpenGap(BodyOf(array), index);
+  if (!arrays::OpenGap(BodyOf(array), index)) return;
   if (array->elementSize)
     memcpy(ElementAt(array, index), &copy[0], array->elementSize);
 }
@@ -115,19 +115,14 @@ long ElementSizeOf(RuntimeArrayObject* array) {
   return AsStructures(array)->elementSize;
 }
 
-template <class F>
-void* Entry(F function) {
-  return reinterpret_cast<void*>(function);
-}
-
 RuntimeArrayMethods StructureTable() {
   RuntimeArrayMethods table = {};
-  table.get = Entry(&Get);
-  table.set = Entry(&Set);
-  table.getFast = Entry(&GetFast);
-  table.setFast = Entry(&SetFast);
-  table.redim = Entry(&Redim);
-  table.insert = Entry(&Insert);
+  table.get = arrays::TableEntry(&Get);
+  table.set = arrays::TableEntry(&Set);
+  table.getFast = arrays::TableEntry(&GetFast);
+  table.setFast = arrays::TableEntry(&SetFast);
+  table.redim = arrays::TableEntry(&Redim);
+  table.insert = arrays::TableEntry(&Insert);
   table.remove = &Remove;
   table.shuffle = &Shuffle;
   table.ubound = &Ubound;

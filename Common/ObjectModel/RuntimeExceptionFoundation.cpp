@@ -19,6 +19,7 @@ RuntimeClass* sFunctionNotFoundClass;
 RuntimeClass* sExceptionClass;
 RuntimeClass* sIllegalCastExceptionClass;
 RuntimeClass* sOutOfBoundsExceptionClass;
+RuntimeClass* sOutOfMemoryExceptionClass;
 
 int32_t Read32(unsigned char const* p) {
   int32_t value;
@@ -66,6 +67,14 @@ RuntimeClass* GetIllegalCastExceptionClass() {
 }
 RuntimeClass* GetOutOfBoundsExceptionClass() {
   return sOutOfBoundsExceptionClass;
+}
+
+void SetOutOfMemoryExceptionClass(RuntimeClass* exc) {
+  sOutOfMemoryExceptionClass = exc;
+}
+
+RuntimeClass* GetOutOfMemoryExceptionClass() {
+  return sOutOfMemoryExceptionClass;
 }
 RuntimeExceptionHook GetUnhandledExceptionHook() {
   return sUnhandledExceptionHook;

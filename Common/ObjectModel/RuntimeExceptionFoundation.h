@@ -31,6 +31,8 @@ void RaiseExceptionClass(RuntimeClass* cls);
 void RaiseNilObjectException();
 void RaiseIllegalCastException();
 void RaiseOutOfBoundsException();
+// A buffer the heap cannot give: the script may catch it and go on.
+void RaiseOutOfMemoryException();
 
 void SetExceptionMonitor(RuntimeExceptionHook monitor);
 void SetUnhandledExceptionHook(RuntimeExceptionHook hook);
@@ -39,9 +41,11 @@ void SetFunctionNotFoundClass(RuntimeClass* exc);
 void SetExceptionClass(RuntimeClass* exc);
 void SetIllegalCastExceptionClass(RuntimeClass* exc);
 void SetOutOfBoundsExceptionClass(RuntimeClass* exc);
+void SetOutOfMemoryExceptionClass(RuntimeClass* exc);
 RuntimeClass* GetNilObjectExceptionClass();
 RuntimeClass* GetIllegalCastExceptionClass();
 RuntimeClass* GetOutOfBoundsExceptionClass();
+RuntimeClass* GetOutOfMemoryExceptionClass();
 RuntimeExceptionHook GetUnhandledExceptionHook();
 
 // Walks the frame chain from the caller's frame and activates the first

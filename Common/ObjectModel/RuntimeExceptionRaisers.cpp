@@ -46,3 +46,7 @@ void RaiseIllegalCastException() {
 void RaiseOutOfBoundsException() {
   RaiseExceptionClass(GetOutOfBoundsExceptionClass());
 }
+
+void RaiseOutOfMemoryException() {
+  RaiseExceptionClass(GetOutOfMemoryExceptionClass());
+}

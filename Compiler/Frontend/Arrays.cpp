@@ -182,7 +182,8 @@ SemBase* CompileArrayFactory(SemBase* list, IRDataType const& elementType) {
   return result;
 }
 
-// No nil check: Redim of a nil array fails at run time in the call.
+// Redim of a nil array raises NilObjectException like any other use of
+// it, rather than calling through a nil table.
 SemBase* CompileRedim(SemBase* array, SemBase* sizes) {
   QASSERT(array);
   SemBase* code = SemCode::New(IRDataType(), &array->Location());
@@ -191,7 +192,7 @@ SemBase* CompileRedim(SemBase* array, SemBase* sizes) {
     Error(kErrorNotAnArrayTarget, array->Location());
     return code;
   }
-  TacAddr const* a = CompileRefAs(array, type, code)->GetAddr();
+  TacAddr const* a = CompileRefAs(CheckForNil(array), type, code)->GetAddr();
   TacAddr const* entry =
       code->NewTemp(IRDataType(kPtrType), &array->Location())->GetAddr();
   FetchArrayEntry(a, kArrayRedim, entry, code);

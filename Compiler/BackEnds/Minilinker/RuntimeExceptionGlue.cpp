@@ -46,6 +46,7 @@ RuntimeErrorCode UnhandledErrorCode(RuntimeObject* exception) {
   if (name == string("OutOfBoundsException")) return kRuntimeErrorOutOfBounds;
   if (name == string("NilObjectException")) return kRuntimeErrorNilObject;
   if (name == string("IllegalCastException")) return kRuntimeErrorIllegalCast;
+  if (name == string("OutOfMemoryException")) return kRuntimeErrorOutOfMemory;
   return kRuntimeErrorUnhandledException;
 }
 
@@ -83,6 +84,8 @@ void RuntimeInit() {
   if (illegalCast) SetIllegalCastExceptionClass(illegalCast);
   RuntimeClass* outOfBounds = FindNamedClass("OutOfBoundsException");
   if (outOfBounds) SetOutOfBoundsExceptionClass(outOfBounds);
+  RuntimeClass* outOfMemory = FindNamedClass("OutOfMemoryException");
+  if (outOfMemory) SetOutOfMemoryExceptionClass(outOfMemory);
   SetUnhandledExceptionHook(UnhandledException);
 }
 

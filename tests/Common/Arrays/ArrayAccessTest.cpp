@@ -70,30 +70,5 @@ TEST_F(ArrayAccessTest, CountedElementsHoldReferences) {
   RuntimeUnlockString(t);
 }
 
-TEST_F(ArrayAccessTest, ObjectElementsDieWithTheArray) {
-  RuntimeClass* cls = NewClass();
-  RuntimeObject* object = RuntimeNewObject(cls);
-  RuntimeArrayObject* a = CreateArray(1, kObject, 0L);
-  Call<void>(a->methods->set, a, object, 0L);
-  RuntimeUnlockObject(object);
-  EXPECT_EQ(1, object->refCount);
-  int before = CountAllocatedObjects();
-  RuntimeUnlockArray(&a->header);
-  EXPECT_EQ(before - 2, CountAllocatedObjects()) << "the array and its element";
-}
-
-std::vector<RuntimeObject*> sDisposed;
-void Monitor(RuntimeObject* array) { sDisposed.push_back(array); }
-
-TEST_F(ArrayAccessTest, TheMonitorSeesEachDisposal) {
-  SetArrayDestructionMonitor(&Monitor);
-  RuntimeArrayObject* a = CreateArray(1, kUInt16, 3L);
-  RuntimeLockArray(&a->header);
-  RuntimeUnlockArray(&a->header);
-  EXPECT_TRUE(sDisposed.empty());
-  RuntimeLockUnlockArrays(nullptr, &a->header);
-  EXPECT_EQ(std::vector<RuntimeObject*>{&a->header}, sDisposed);
-  SetArrayDestructionMonitor(nullptr);
-}
 
 }  // namespace

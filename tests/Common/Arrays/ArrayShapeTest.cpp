@@ -76,26 +76,6 @@ TEST_F(ArrayShapeTest, UboundAnswersTheCountAndRaisesOutside) {
   RuntimeUnlockArray(&a->header);
 }
 
-TEST_F(ArrayShapeTest, OneDimensionalRedim) {
-  RuntimeArrayObject* a = CreateArray(1, kSInt16, 5L);
-  Elements<short>(a)[5] = -7;
-  unsigned char* buffer = a->data;
-  Call<void>(a->methods->redim, a, 5L);
-  EXPECT_EQ(buffer, a->data) << "the same bound changes nothing";
-  Call<void>(a->methods->redim, a, -2L);
-  EXPECT_EQ(Kinds{"bounds"}, Raised());
-  EXPECT_EQ(5, Ubound(a));
-  Call<void>(a->methods->redim, a, 9L);
-  EXPECT_EQ(20, a->shape.bufferLength);
-  EXPECT_EQ(-7, Elements<short>(a)[5]);
-  EXPECT_EQ(0, Elements<short>(a)[9]);
-  Call<void>(a->methods->redim, a, -1L);
-  EXPECT_EQ(nullptr, a->data);
-  EXPECT_EQ(-1, Ubound(a));
-  EXPECT_EQ(0, a->shape.bufferLength);
-  RuntimeUnlockArray(&a->header);
-}
-
 TEST_F(ArrayShapeTest, RedimKeepsIndexesNotPositions) {
   RuntimeArrayObject* a = CreateArray(2, kSInt32, 1L, 1L);
   for (int k = 0; k < 4; k++) Elements<int>(a)[k] = 10 + k;  // (i, j) = 10 + i + 2j

@@ -3,7 +3,6 @@
 #include <random>
 
 #include "ArrayTestSupport.h"
-#include "Common/RuntimeNumerics.h"
 
 using namespace arraytest;
 
@@ -16,11 +15,6 @@ RuntimeArrayObject* ArrayOf(long code, std::vector<T> const& values) {
   RuntimeArrayObject* a = CreateArray(1, code, (long)values.size() - 1);
   std::copy(values.begin(), values.end(), Elements<T>(a));
   return a;
-}
-
-template <class T>
-std::vector<T> Contents(RuntimeArrayObject* a) {
-  return std::vector<T>(Elements<T>(a), Elements<T>(a) + Ubound(a) + 1);
 }
 
 template <class T>
@@ -86,24 +80,6 @@ TEST_F(ArraySortTest, SortWithMovesThePartnersAlong) {
   for (RuntimeArrayObject* a : {keys, bytes, wide}) RuntimeUnlockArray(&a->header);
 }
 
-TEST_F(ArraySortTest, SortWithUnequalLengthsSortsNothing) {
-  RuntimeArrayObject* keys = ArrayOf<int>(kSInt32, {2, 1, 0});
-  RuntimeArrayObject* same = ArrayOf<int>(kSInt32, {7, 8, 9});
-  RuntimeArrayObject* shorter = ArrayOf<int>(kSInt32, {7, 8});
-  keys->methods->sortWith(keys, same, shorter, nullptr);
-  EXPECT_EQ(Kinds{"bounds"}, Raised());
-  EXPECT_EQ((std::vector<int>{2, 1, 0}), Contents<int>(keys));
-  EXPECT_EQ((std::vector<int>{7, 8, 9}), Contents<int>(same));
-  stringStorage* names[] = {Text("b"), Text("a")};
-  RuntimeArrayObject* strings = ArrayOf<stringStorage*>(kString, {names[0], names[1]});
-  strings->methods->sortWith(strings, same, nullptr);
-  EXPECT_EQ(Kinds{"bounds"}, Raised());
-  strings->methods->sortWith(strings, shorter, nullptr);
-  EXPECT_EQ((std::vector<int>{8, 7}), Contents<int>(shorter));
-  EXPECT_EQ("a", Std(Elements<stringStorage*>(strings)[0]));
-  for (RuntimeArrayObject* a : {keys, same, shorter, strings}) RuntimeUnlockArray(&a->header);
-}
-
 TEST_F(ArraySortTest, IndexOfSearchesFromTheStart) {
   RuntimeArrayObject* a = ArrayOf<int>(kSInt32, {4, 5, 4, 6});
   auto indexOf = [&](int value, long start) {
@@ -124,31 +100,6 @@ TEST_F(ArraySortTest, IndexOfSearchesFromTheStart) {
   EXPECT_EQ(Kinds{}, Raised()) << "an empty array answers before the start is checked";
   RuntimeUnlockString(key);
   for (RuntimeArrayObject* x : {a, s, empty}) RuntimeUnlockArray(&x->header);
-}
-
-TEST_F(ArraySortTest, ShuffleDrawsOncePerElementButTheFirst) {
-  RuntimeArrayObject* one = ArrayOf<int>(kSInt32, {1});
-  srnd(12345);
-  one->methods->shuffle(one);
-  double next = rnd();
-  srnd(12345);
-  EXPECT_EQ(rnd(), next) << "one element consumes no random number";
-  std::vector<int> values(40);
-  for (int k = 0; k < 40; k++) values[k] = k;
-  RuntimeArrayObject* a = ArrayOf<int>(kSInt32, values);
-  RuntimeArrayObject* b = CreateArray(2, kSInt32, 7L, 4L);
-  std::copy(values.begin(), values.end(), Elements<int>(b));
-  srnd(99);
-  a->methods->shuffle(a);
-  srnd(99);
-  b->methods->shuffle(b);
-  std::vector<int> shuffled = Contents<int>(a);
-  EXPECT_NE(values, shuffled);
-  EXPECT_EQ(shuffled, std::vector<int>(Elements<int>(b), Elements<int>(b) + 40))
-      << "all dimensions shuffle as one run";
-  std::sort(shuffled.begin(), shuffled.end());
-  EXPECT_EQ(values, shuffled);
-  for (RuntimeArrayObject* x : {one, a, b}) RuntimeUnlockArray(&x->header);
 }
 
 }  // namespace

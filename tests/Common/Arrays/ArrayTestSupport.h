@@ -15,10 +15,8 @@
 
 namespace arraytest {
 
-enum ElementCodes : long {
-  kSInt32 = 0, kSingle, kDouble, kString, kObject, kUInt8, kSInt8, kUInt16,
-  kSInt16, kUInt32, kUInt64, kSInt64
-};
+enum ElementCodes : long { kSInt32 = 0, kSingle, kDouble, kString, kObject, kUInt8,
+                           kSInt8, kUInt16, kSInt16, kUInt32, kUInt64, kSInt64 };
 
 // An entry of the table called with the C convention and these arguments,
 // as generated code pushes them.
@@ -42,6 +40,12 @@ T* Elements(RuntimeArrayObject* array) {
 
 inline long Ubound(RuntimeArrayObject* array, long dimension = 1) {
   return array->methods->ubound(array, dimension);
+}
+
+// The elements of a one-dimensional array, in order.
+template <class T>
+std::vector<T> Contents(RuntimeArrayObject* a) {
+  return std::vector<T>(Elements<T>(a), Elements<T>(a) + Ubound(a) + 1);
 }
 
 // Exceptions raised outside script frames reach the unhandled hook; the

@@ -42,24 +42,12 @@ struct Hierarchy {
 Hierarchy* sHierarchy;
 RuntimeObject* sCastResult;
 void* sVtableResult;
+RuntimeObject* sLookupObject;
+RuntimeClass* sLookupInterface;
 void CastToUnrelated() {
   sCastResult = RuntimeCheckCast(sHierarchy->object, sHierarchy->unrelated);
 }
-void LookupOther() {
-  sVtableResult = RuntimeLookupInterfaceVtable(sHierarchy->object,
-                                               sHierarchy->other);
-}
-void LookupInherited() {
-  sVtableResult = RuntimeLookupInterfaceVtable(sHierarchy->object,
-                                               sHierarchy->first);
-}
-void LookupClass() {
-  sVtableResult = RuntimeLookupInterfaceVtable(sHierarchy->object,
-                                               sHierarchy->base);
-}
-void LookupNil() {
-  sVtableResult = RuntimeLookupInterfaceVtable(nullptr, sHierarchy->second);
-}
+void Lookup() { sVtableResult = RuntimeLookupInterfaceVtable(sLookupObject, sLookupInterface); }
 
 }  // namespace
 
@@ -119,12 +107,16 @@ TEST(RuntimeLookupInterfaceVtableTest, OnlyTheVeryInterfaceRecordAnswers) {
   sHierarchy = &h;
   EXPECT_EQ(&h.vtable, RuntimeLookupInterfaceVtable(h.object, h.second));
   EXPECT_TRUE(sRaised.empty());
-  for (void (*lookup)() : {LookupOther, LookupInherited, LookupClass}) {
+  sLookupObject = h.object;
+  for (RuntimeClass* wanted : {h.other, h.first, h.base}) {
     sVtableResult = &h;
-    CallWithNullFrame(lookup);
+    sLookupInterface = wanted;
+    CallWithNullFrame(Lookup);
     EXPECT_EQ(nullptr, sVtableResult);
   }
-  CallWithNullFrame(LookupNil);
+  sLookupObject = nullptr;
+  sLookupInterface = h.second;
+  CallWithNullFrame(Lookup);
   EXPECT_EQ((std::vector<RuntimeClass*>{h.illegalCast, h.illegalCast,
                                         h.illegalCast, h.nilObject}),
             sRaised);

@@ -78,12 +78,3 @@ TEST(RuntimeClassListTest, NewAndRegisteredRecordsJoinAtTheHead) {
   EXPECT_EXIT({ dup2(2, 1); RuntimeRegisterClass(nullptr); },
               testing::ExitedWithCode(1), "Assertion failed");
 }
-
-TEST(RuntimeNewVtableTest, RoomForEightBytesAnEntryOrNone) {
-  EXPECT_EQ(nullptr, RuntimeNewVtable(0));
-  EXPECT_EQ(nullptr, RuntimeNewVtable(-1));
-  int32_t* table = static_cast<int32_t*>(RuntimeNewVtable(2));
-  ASSERT_NE(nullptr, table);
-  table[3] = 7;  // the last word is ours
-  delete[] reinterpret_cast<unsigned char*>(table);
-}

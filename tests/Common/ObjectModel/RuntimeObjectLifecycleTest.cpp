@@ -155,19 +155,6 @@ TEST(RuntimeDestroyTest, AMillionChainedObjectsGoWithoutRecursion) {
   EXPECT_EQ(nullptr, GetActiveObjectListHead());
 }
 
-TEST(RuntimeDestroyTest, TheListCloses) {
-  RuntimeClass* cls = TestClass();
-  RuntimeObject* a = RuntimeNewObject(cls);
-  RuntimeObject* b = RuntimeNewObject(cls);
-  RuntimeObject* c = RuntimeNewObject(cls);
-  RuntimeUnlockObject(b);
-  EXPECT_EQ((std::vector<RuntimeObject*>{c, a}), ActiveObjects());
-  EXPECT_EQ(c, a->previous);
-  RuntimeUnlockObject(c);
-  EXPECT_EQ(std::vector<RuntimeObject*>{a}, ActiveObjects());
-  EXPECT_EQ(nullptr, a->previous);
-}
-
 TEST(RuntimeDestroyTest, APrivateEventTableReleasesItsNames) {
   RuntimeClass* cls = RuntimeNewClass(nullptr, 0, 0, 2, 0, 0);
   cls->instanceSize = sizeof(RuntimeObject);
@@ -181,21 +168,4 @@ TEST(RuntimeDestroyTest, APrivateEventTableReleasesItsNames) {
   RuntimeUnlockObject(object);
   EXPECT_EQ(1, name->mRefCount);
   UnlockStringStorage(name);
-}
-
-TEST(RuntimeDestroyTest, AnArrayIsCountedListedAndFreedLikeAnyObject) {
-  RuntimeClass* arrays = TestClass();
-  arrays->finalizer = Monitor;
-  int32_t before = CountAllocatedObjects();
-  RuntimeObject* array =
-      reinterpret_cast<RuntimeObject*>(new unsigned char[48]());
-  array->mClass = arrays;
-  array->refCount = 1;
-  RegisterNewArrayInstance(array);
-  EXPECT_EQ(before + 1, CountAllocatedObjects());
-  EXPECT_EQ(array, GetActiveObjectListHead());
-  sEvents.clear();
-  RuntimeUnlockObject(array);
-  EXPECT_EQ(std::vector<std::string>{"monitor:0"}, sEvents);
-  EXPECT_EQ(before, CountAllocatedObjects());
 }

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include "tests/Compiler/BackEnds/GeneratedCode.h"
 
 namespace {
@@ -45,12 +47,9 @@ TEST(CodeGeneratorTest, MixedSignednessIsSignedAndMixedWidthsFail) {
 
 TEST(RegisterStateTest, AFullRecordOverwritesItsLastEntry) {
   RegisterState state;
-  ConstAddr addrs[65] = {
-#define QUORL_FIVE(n) ConstAddr(n), ConstAddr(n + 1), ConstAddr(n + 2), ConstAddr(n + 3), ConstAddr(n + 4)
-      QUORL_FIVE(0), QUORL_FIVE(5), QUORL_FIVE(10), QUORL_FIVE(15), QUORL_FIVE(20),
-      QUORL_FIVE(25), QUORL_FIVE(30), QUORL_FIVE(35), QUORL_FIVE(40), QUORL_FIVE(45),
-      QUORL_FIVE(50), QUORL_FIVE(55), QUORL_FIVE(60)};
-#undef QUORL_FIVE
+  std::vector<ConstAddr> addrs;
+  addrs.reserve(65);  // the record keeps addresses: no reallocation
+  for (int i = 0; i < 65; i++) addrs.emplace_back(i);
   for (int i = 0; i < 65; i++) state.Record(&addrs[i]);
   EXPECT_EQ(63, state.Count());
   for (int i = 0; i < 62; i++) EXPECT_TRUE(state.Contains(&addrs[i])) << i;

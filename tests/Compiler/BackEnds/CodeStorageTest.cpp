@@ -126,16 +126,6 @@ TEST(FunctionBlockTest, ClonesAreDeepCopies) {
   delete copy;
 }
 
-TEST(ImportTest, KindsAreClassified) {
-  EXPECT_TRUE(Import(Import::kImportPPCBranch, "a", "", 0).IsRelativeBranch());
-  EXPECT_FALSE(Import(Import::kImportGlobal32, "a", "", 0).IsRelativeBranch());
-  EXPECT_TRUE(Import(Import::kImportPPCFunctionHigh, "a", "", 0).IsCodePtr());
-  EXPECT_FALSE(Import(Import::kImportPPCFunctionOffset, "a", "", 0).IsCodePtr());
-  EXPECT_TRUE(Import(Import::kImportPPCStringLow, "a", "", 0).IsStringLiteral());
-  EXPECT_TRUE(Import(Import::kImportStringLiteral, "a", "", 0).IsStringLiteral());
-  EXPECT_FALSE(Import(Import::kImportPICHigh, "a", "", 0).IsStringLiteral());
-}
-
 TEST(LineTableTest, EntriesAndLookups) {
   CodeOffsetToLineIndex table;
   int line;
@@ -154,23 +144,6 @@ TEST(LineTableTest, EntriesAndLookups) {
   ASSERT_TRUE(table.LookupOffset(1, &offset));
   EXPECT_EQ(9u, offset);
   EXPECT_ASSERTION(table.AddEntry(1, 7), "");
-}
-
-TEST(CodeModuleTest, BlocksFollowTheProcessorFamily) {
-  CodeModule module;
-  module.mSourceName = "unit";
-  module.mProcessorFamily = kProcessorFamilyIA32;
-  FunctionBlock* function = module.MakeFunctionBlock();
-  EXPECT_FALSE(function->IsBigEndian());
-  EXPECT_EQ("unit", Std(function->mLineTable.mSourceName));
-  module.mFunctions.push_back(function);
-  module.mProcessorFamily = kProcessorFamilyPowerPC;
-  StaticDataBlock* data = module.MakeStaticDataBlock();
-  EXPECT_TRUE(data->IsBigEndian());
-  module.mStaticData.push_back(data);
-  EXPECT_TRUE(module.MakeDataBlock()->IsBigEndian());
-  module.mProcessorFamily = 3;
-  EXPECT_ASSERTION(module.MakeDataBlock(), "");
 }
 
 TEST(MD5Test, PublishedDigests) {
