@@ -100,6 +100,10 @@ RuntimeClass* RuntimeNewClass(RuntimeClass* base, int32_t methods,
   return out;
 }
 
+void DisposeClassRecord(RuntimeClass* record) {
+  delete[] reinterpret_cast<unsigned char*>(record);
+}
+
 // A record laid out in the program's static data joins the list.
 void RuntimeRegisterClass(RuntimeClass* record) {
   QASSERT_TEXT(record, "it");

@@ -68,6 +68,8 @@ RuntimeClass* RuntimeNewClass(RuntimeClass* base, int32_t methods,
                               int32_t interfaces, int32_t events,
                               int32_t shared, int32_t properties);
 void RuntimeRegisterClass(RuntimeClass* record);
+// Frees a record that RuntimeNewClass made; its name is the caller's.
+void DisposeClassRecord(RuntimeClass* record);
 void* RuntimeNewVtable(int32_t count);
 RuntimeClass* GetClassListHead();
 void SetClassListHead(RuntimeClass* head);

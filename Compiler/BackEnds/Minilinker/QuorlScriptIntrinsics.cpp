@@ -30,12 +30,14 @@ void InitQuorlScriptRuntime() {
 }
 
 // The records on the list are those the runtime made while the program ran
-// (the exception classes it looked up): each goes with its name.
+// (the exception classes it looked up): each goes with its name. Records a
+// program lays out in its own static data must not be freed here, once
+// compiled classes register any.
 void ExitQuorlScriptRuntime() {
   while (RuntimeClass* record = GetClassListHead()) {
     SetClassListHead(record->next);
     RuntimeUnlockString(record->name);
-    delete[] reinterpret_cast<unsigned char*>(record);
+    DisposeClassRecord(record);
   }
 }
 
