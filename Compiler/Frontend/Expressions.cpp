@@ -56,6 +56,29 @@ bool IsObjectType(IRDataType const& type) {
   return type.GetMainType() == kObjectType;
 }
 
+}  // namespace
+
+SemBase* RequireOperands(SemBase*& left, SemBase*& right,
+                         IRDataType const& missingType) {
+  if (!left || !right) {
+    Error(kErrorSyntax);
+    return SemCode::New(missingType, nullptr);
+  }
+  left = RequireOperand(left);
+  right = RequireOperand(right);
+  if (IsErrorValue(left)) return left;
+  if (IsErrorValue(right)) return right;
+  return nullptr;
+}
+
+bool IsObjectOperation(IRDataType const& common, IRDataType const& left,
+                       IRDataType const& right) {
+  return IsObjectType(common) ||
+         (IsNullType(common) && (IsObjectType(left) || IsObjectType(right)));
+}
+
+namespace {
+
 bool IsComparison(unsigned long op) {
   return op == kOpLess || op == kOpGreater || op == kOpEqual ||
          op == kOpNotEqual || op == kOpLessEqual || op == kOpGreaterEqual;
@@ -168,20 +191,13 @@ TacAddr const* OperandAs(SemBase* op, IRDataType const& common,
 }  // namespace
 
 SemBase* CompileBinop(SemBase* left, unsigned long op, SemBase* right) {
-  if (!left || !right) {
-    Error(kErrorSyntax);
-    return SemCode::New(IRDataType(), nullptr);
-  }
-  left = RequireOperand(left);
-  right = RequireOperand(right);
-  if (IsErrorValue(left)) return left;
-  if (IsErrorValue(right)) return right;
+  if (SemBase* failed = RequireOperands(left, right, IRDataType()))
+    return failed;
   IRDataType leftType = StripReference(left->GetType());
   IRDataType rightType = StripReference(right->GetType());
   IRDataType common = ComputeCommonType(leftType, rightType);
   if (common.IsDelegate()) return DelegateBinop(left, op, right);
-  if (IsObjectType(common) ||
-      (IsNullType(common) && (IsObjectType(leftType) || IsObjectType(rightType))))
+  if (IsObjectOperation(common, leftType, rightType))
     return ObjectBinop(left, op, right);
   if (common.GetMainType() == kVariantType || common.GetMainType() == kNilType)
     return VariantBinop(left, op, right);
@@ -216,14 +232,8 @@ SemBase* CompileBinop(SemBase* left, unsigned long op, SemBase* right) {
 }
 
 SemBase* CompileBitwiseOperation(SemBase* left, SemBase* right, TacOpcode op) {
-  if (!left || !right) {
-    Error(kErrorSyntax);
-    return SemCode::New(IRDataType(), nullptr);
-  }
-  left = RequireOperand(left);
-  right = RequireOperand(right);
-  if (IsErrorValue(left)) return left;
-  if (IsErrorValue(right)) return right;
+  if (SemBase* failed = RequireOperands(left, right, IRDataType()))
+    return failed;
   SourceLocation where = left->Location() + right->Location();
   IRDataType common = ComputeCommonType(StripReference(left->GetType()),
                                         StripReference(right->GetType()));

@@ -66,5 +66,15 @@ bool IsErrorValue(SemBase* value);
 // `op` itself when it is a value; for a type or module name (compile error
 // 89) or a list (12), the report and the error value.
 SemBase* RequireOperand(SemBase* op);
+// Both operands of a binary operation through RequireOperand. Null when
+// both are usable; otherwise what the operation gives instead: for a
+// missing operand (compile error 1) empty code of `missingType`, else the
+// error value that one of them became.
+SemBase* RequireOperands(SemBase*& left, SemBase*& right,
+                         IRDataType const& missingType);
+// Whether a binary operation goes to the Operator_ methods of objects: it
+// runs in an object type, or Nil meets an object.
+bool IsObjectOperation(IRDataType const& common, IRDataType const& left,
+                       IRDataType const& right);
 
 #endif

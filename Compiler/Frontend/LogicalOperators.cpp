@@ -11,10 +11,6 @@ namespace {
 
 enum LogicalKind { kAnd, kOr, kXor };
 
-bool IsObjectType(IRDataType const& type) {
-  return type.GetMainType() == kObjectType;
-}
-
 bool IsBooleanConstant(SemBase* value) {
   return value->IsConstant() &&
          StripReference(value->GetType()).GetMainType() == kBooleanType;
@@ -73,19 +69,12 @@ bool Fold(LogicalKind kind, bool a, bool b) {
 
 // Xor on objects and variants is Or there, by design of those forms.
 SemBase* CompileLogical(LogicalKind kind, SemBase* left, SemBase* right) {
-  if (!left || !right) {
-    Error(kErrorSyntax);
-    return SemCode::New(IRDataType(kBooleanType), nullptr);
-  }
-  left = RequireOperand(left);
-  right = RequireOperand(right);
-  if (IsErrorValue(left)) return left;
-  if (IsErrorValue(right)) return right;
+  if (SemBase* failed = RequireOperands(left, right, IRDataType(kBooleanType)))
+    return failed;
   IRDataType leftType = StripReference(left->GetType());
   IRDataType rightType = StripReference(right->GetType());
   IRDataType common = ComputeCommonType(leftType, rightType);
-  if (IsObjectType(common) ||
-      (IsNullType(common) && (IsObjectType(leftType) || IsObjectType(rightType))))
+  if (IsObjectOperation(common, leftType, rightType))
     return kind == kAnd ? ObjectAnd(left, right) : ObjectOr(left, right);
   if (common.GetMainType() == kVariantType)
     return kind == kAnd ? VariantAnd(left, right) : VariantOr(left, right);
@@ -122,7 +111,7 @@ SemBase* CompileNot(SemBase* operand) {
   operand = RequireOperand(operand);
   if (IsErrorValue(operand)) return operand;
   IRDataType type = StripReference(operand->GetType());
-  if (IsObjectType(type)) return ObjectNot(operand);
+  if (type.GetMainType() == kObjectType) return ObjectNot(operand);
   if (type.GetMainType() == kVariantType) return VariantNot(operand);
   if (type.IsInteger()) return CompileBitwiseNot(operand);
   if (IsBooleanConstant(operand))

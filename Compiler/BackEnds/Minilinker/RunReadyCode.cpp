@@ -3,36 +3,10 @@
 
 #include <string.h>
 
+#include "Common/ObjectModel/FrameChainEntry.h"
 #include "Compiler/BackEnds/Minilinker/QuorlScriptIntrinsics.h"
 #include "Compiler/BackEnds/Minilinker/QuorlScriptLinker.h"
 #include "Universal/Assertion.h"
-
-// Calls the main body with a frame chain that ends in it: the exception
-// raiser walks frames up to a null link and so never scans the machine code
-// of the host's frames above the script. EBX keeps this frame meanwhile;
-// generated code saves it when it uses it.
-extern "C" void QuorlEnterScript(ScriptEntrypoint entrypoint);
-asm(R"(
-  .text
-  .globl QuorlEnterScript
-  .hidden QuorlEnterScript
-  .type QuorlEnterScript, @function
-QuorlEnterScript:
-  pushl %ebp
-  movl %esp, %ebp
-  pushl %ebx
-  subl $4, %esp
-  movl 8(%ebp), %eax
-  movl %ebp, %ebx
-  xorl %ebp, %ebp
-  call *%eax
-  movl %ebx, %ebp
-  leal -4(%ebp), %esp
-  popl %ebx
-  popl %ebp
-  ret
-  .size QuorlEnterScript, .-QuorlEnterScript
-)");
 
 RunReadyCode::RunReadyCode(Ref<DataBlock> globals,
                            Ref<ExecutableDataBlock> code,
@@ -56,7 +30,8 @@ void RunReadyCode::Run(QuorlScriptCorrespondent* correspondent) {
   }
   InitQuorlScriptRuntime();
   SetRuntimeCorrespondent(correspondent);
-  QuorlEnterScript(mEntrypoint);
+  // The main body is where the raiser's walk up the frames stops.
+  CallAtFrameChainEnd(mEntrypoint);
   ExitQuorlScriptRuntime();
   if (backup) memcpy(mGlobals->Buffer(), backup->Buffer(), backup->Length());
 }

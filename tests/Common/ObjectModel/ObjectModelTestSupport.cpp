@@ -17,26 +17,3 @@ RuntimeClass* TestInterface(RuntimeClass* base) {
   cls->isAnInterface = 1;
   return cls;
 }
-
-// EBP is 0 across the call, so the callee's saved frame pointer ends the
-// chain; EBX keeps this frame meanwhile. The call keeps the stack 16-byte
-// aligned.
-asm(R"(
-  .text
-  .globl CallWithNullFrame
-  .type CallWithNullFrame, @function
-CallWithNullFrame:
-  pushl %ebp
-  movl %esp, %ebp
-  pushl %ebx
-  subl $4, %esp
-  movl 8(%ebp), %eax
-  movl %ebp, %ebx
-  xorl %ebp, %ebp
-  call *%eax
-  movl %ebx, %ebp
-  addl $4, %esp
-  popl %ebx
-  popl %ebp
-  ret
-)");

@@ -4,6 +4,7 @@
 
 #include <stdint.h>
 
+#include "Common/ObjectModel/FrameChainEntry.h"
 #include "Common/ObjectModel/RuntimeObjectFoundation.h"
 
 // A class record of its own with no tables, `fields` words of instance data
@@ -18,9 +19,5 @@ RuntimeClass* TestInterface(RuntimeClass* base = nullptr);
 inline RuntimeObject*& Field(RuntimeObject* object, int i) {
   return reinterpret_cast<RuntimeObject**>(object + 1)[i];
 }
-
-// Calls `function` with a frame chain that ends at it: a raise inside
-// finds no handler above and reaches the unhandled hook.
-extern "C" void CallWithNullFrame(void (*function)());
 
 #endif

@@ -81,7 +81,7 @@ TEST(RuntimeCheckCastTest, SuccessLocksNilPassesFailureRaises) {
   EXPECT_EQ(3, h.object->refCount);
   EXPECT_TRUE(sRaised.empty());
   sCastResult = h.object;
-  CallWithNullFrame(CastToUnrelated);
+  CallAtFrameChainEnd(CastToUnrelated);
   EXPECT_EQ(nullptr, sCastResult);
   EXPECT_EQ(std::vector<RuntimeClass*>{h.illegalCast}, sRaised);
   EXPECT_EQ(3, h.object->refCount);
@@ -98,7 +98,7 @@ TEST(RuntimeCheckCastTest, AnAutomationObjectIsTakenOnTrust) {
   EXPECT_EQ(2, general->refCount);
   // Only a class derived from the automation base is trusted.
   h.object = general;
-  CallWithNullFrame(CastToUnrelated);
+  CallAtFrameChainEnd(CastToUnrelated);
   EXPECT_EQ(std::vector<RuntimeClass*>{h.illegalCast}, sRaised);
 }
 
@@ -111,12 +111,12 @@ TEST(RuntimeLookupInterfaceVtableTest, OnlyTheVeryInterfaceRecordAnswers) {
   for (RuntimeClass* wanted : {h.other, h.first, h.base}) {
     sVtableResult = &h;
     sLookupInterface = wanted;
-    CallWithNullFrame(Lookup);
+    CallAtFrameChainEnd(Lookup);
     EXPECT_EQ(nullptr, sVtableResult);
   }
   sLookupObject = nullptr;
   sLookupInterface = h.second;
-  CallWithNullFrame(Lookup);
+  CallAtFrameChainEnd(Lookup);
   EXPECT_EQ((std::vector<RuntimeClass*>{h.illegalCast, h.illegalCast,
                                         h.illegalCast, h.nilObject}),
             sRaised);

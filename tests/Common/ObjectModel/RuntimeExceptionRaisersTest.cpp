@@ -39,11 +39,11 @@ TEST(RuntimeRaiserTest, EachKindRaisesAFreshObjectOfItsStoredClass) {
   SetOutOfBoundsExceptionClass(outOfBounds);
   SetUnhandledExceptionHook(RecordUnhandled);
   int32_t before = CountAllocatedObjects();
-  CallWithNullFrame(RaiseNilObjectException);
-  CallWithNullFrame(RaiseIllegalCastException);
-  CallWithNullFrame(RaiseOutOfBoundsException);
+  CallAtFrameChainEnd(RaiseNilObjectException);
+  CallAtFrameChainEnd(RaiseIllegalCastException);
+  CallAtFrameChainEnd(RaiseOutOfBoundsException);
   sNewObject = reinterpret_cast<RuntimeObject*>(&sSeen);
-  CallWithNullFrame(NewNilObject);
+  CallAtFrameChainEnd(NewNilObject);
   EXPECT_EQ(nullptr, sNewObject);
   EXPECT_EQ((std::vector<Seen>{{nilObject, 1}, {illegalCast, 1},
                                {outOfBounds, 1}, {nilObject, 1}}),
@@ -55,16 +55,16 @@ TEST(RuntimeRaiserTest, EachKindRaisesAFreshObjectOfItsStoredClass) {
 // without its own class, the nil object exception stands in.
 TEST(RuntimeRaiserTest, MissingClassesFallBackToTheNilObjectExceptionOrNothing) {
   SetUnhandledExceptionHook(RecordUnhandled);
-  CallWithNullFrame(RaiseNilObjectException);
-  CallWithNullFrame(RaiseIllegalCastException);
+  CallAtFrameChainEnd(RaiseNilObjectException);
+  CallAtFrameChainEnd(RaiseIllegalCastException);
   SetUnhandledExceptionHook(nullptr);
-  CallWithNullFrame(RaiseNilObjectException);
+  CallAtFrameChainEnd(RaiseNilObjectException);
   EXPECT_EQ((std::vector<Seen>{{nullptr, 0}, {nullptr, 0}}), sSeen);
   RuntimeClass* nilObject = TestClass();
   SetNilObjectExceptionClass(nilObject);
   SetUnhandledExceptionHook(RecordUnhandled);
-  CallWithNullFrame(RaiseIllegalCastException);
-  CallWithNullFrame(RaiseOutOfBoundsException);
+  CallAtFrameChainEnd(RaiseIllegalCastException);
+  CallAtFrameChainEnd(RaiseOutOfBoundsException);
   EXPECT_EQ((std::vector<Seen>{{nullptr, 0}, {nullptr, 0}, {nilObject, 1}, {nilObject, 1}}), sSeen);
 }
 
@@ -73,6 +73,6 @@ TEST(RuntimeRaiserTest, ANilRaiseWhileMakingTheNilExceptionDoesNotRecurse) {
   nilObject->initializer = [](RuntimeObject*) { RaiseRecursively(); };
   SetNilObjectExceptionClass(nilObject);
   SetUnhandledExceptionHook(RecordUnhandled);
-  CallWithNullFrame(RaiseNilObjectException);
+  CallAtFrameChainEnd(RaiseNilObjectException);
   EXPECT_EQ((std::vector<Seen>{{nullptr, 0}, {nilObject, 1}}), sSeen);
 }
