@@ -17,22 +17,3 @@ TEST(RuntimeColorMaking, ClampsWrapsAndComplements) {
   EXPECT_DOUBLE_EQ(readColorSaturation(0x808080), 0);
 }
 
-// Every 17th level of each byte survives the trip through HSV and through
-// CMY up to the truncation of a component, which may lose one step.
-TEST(RuntimeColorReading, RoundTrips) {
-  for (long r = 0; r < 256; r += 17)
-    for (long g = 0; g < 256; g += 17)
-      for (long b = 0; b < 256; b += 17) {
-        unsigned long c = RuntimeRGB(r, g, b);
-        unsigned long viaHSV = RuntimeHSV(readColorHue(c),
-                                          readColorSaturation(c),
-                                          readColorValue(c));
-        unsigned long viaCMY = RuntimeCMY(readColorCyan(c),
-                                          readColorMagenta(c),
-                                          readColorYellow(c));
-        for (auto read : {readColorRed, readColorGreen, readColorBlue}) {
-          EXPECT_LE(labs(read(viaHSV) - read(c)), 1) << std::hex << c;
-          EXPECT_LE(labs(read(viaCMY) - read(c)), 1) << std::hex << c;
-        }
-      }
-}

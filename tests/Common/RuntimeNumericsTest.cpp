@@ -108,20 +108,4 @@ TEST(RuntimeRandom, SequenceAndSeeds) {
   EXPECT_EQ(srnd(0), -3);
 }
 
-// Unseeded, rnd() seeds from the clock's low 31 bits and throws seven draws away.
-TEST(RuntimeRandom, UnseededGeneratorSeedsFromTheClock) {
-  for (int attempt = 0; attempt < 5; attempt++) {
-    time_t before = time(nullptr);
-    srnd(0);
-    rnd();
-    long state = static_cast<long>(srnd(0));
-    if (time(nullptr) != before) continue;
-    srnd(static_cast<double>(static_cast<unsigned long>(before) & 0x7FFFFFFF));
-    for (int i = 0; i < 7; i++) rndNum();
-    EXPECT_EQ(rndNum(), state);
-    return;
-  }
-  FAIL() << "the clock kept moving";
-}
-
 }  // namespace

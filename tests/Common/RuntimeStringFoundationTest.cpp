@@ -53,7 +53,7 @@ TEST(RuntimeStringSum, JoinsAcrossEncodings) {
   for (stringStorage* s : {latin, utf8, sum}) RuntimeUnlockString(s);
 }
 
-TEST(RuntimeStructureStrings, PaddedTruncatedAndReadBackTrimmed) {
+TEST(RuntimeStructureStrings, PaddedTruncatedReadBackTrimmedAndWide) {
   unsigned char record[12];
   memset(record, 0xAA, sizeof record);
   stringStorage* abc = Make("abc");
@@ -68,55 +68,11 @@ TEST(RuntimeStructureStrings, PaddedTruncatedAndReadBackTrimmed) {
   EXPECT_EQ(0, memcmp(record, "abab", 4)) << "cut to the field; size 0 ignored";
   RuntimeSetStructureString(record, 1, 3, nullptr);
   EXPECT_EQ(RuntimeGetStructureString(record, 1, 3), nullptr) << "only NULs read as nil";
-  RuntimeUnlockString(back);
-  RuntimeUnlockString(abc);
-}
-
-TEST(RuntimeStructureStrings, WideFieldLeavesRoomForItsTerminator) {
-  unsigned char record[8];
   memset(record, 0xAA, sizeof record);
-  stringStorage* abc = Make("abc");
   RuntimeSetStructureWString(record, 0, 6, abc);
-  EXPECT_EQ(0, memcmp(record, "a\0b\0\0\0", 6)) << "the last unit goes";
+  EXPECT_EQ(0, memcmp(record, "a\0b\0\0\0", 6)) << "a wide field leaves room for its terminator";
   EXPECT_EQ(record[6], 0xAA);
+  RuntimeUnlockString(back);
   RuntimeUnlockString(abc);
 }
 
-TEST(RuntimeStringViews, PascalCAndOSType) {
-  stringStorage* s = Make("hello");
-  EXPECT_STREQ(StringToCString(s), "hello");
-  EXPECT_EQ(StringToPString(s)[0], 5);
-  unsigned char pascal[] = "\003abcdef";
-  stringStorage* fromP = StringFromPString(pascal);
-  EXPECT_EQ(Text(fromP), "abc");
-  EXPECT_EQ(StringFromCString(const_cast<char*>("")), nullptr);
-  EXPECT_EQ(StringToOSType(nullptr), 0x3F3F3F3Ful) << "\"????\"";
-  struct { char const* text; unsigned long type; } os[] = {
-      {"TEXT", 0x54455854ul}, {"ab", 0x61620000ul}, {"APPLxyz", 0x4150504Cul}};
-  for (auto& r : os) {
-    stringStorage* t = Make(r.text);
-    EXPECT_EQ(StringToOSType(t), r.type) << r.text;
-    RuntimeUnlockString(t);
-  }
-  for (stringStorage* x : {s, fromP}) RuntimeUnlockString(x);
-}
-
-TEST(RuntimeWideStrings, UTF16UnitsAndOnlyOwnArraysCounted) {
-  stringStorage* s = Make("A\xC3\xA9\xF0\x9F\x98\x80", kEncodingUTF8);
-  wchar_t* wide = StringToWString(s);
-  ASSERT_NE(wide, nullptr);
-  EXPECT_EQ(wide[1], 0xE9);
-  EXPECT_EQ(wide[2], 0xD83D) << "one element per 16-bit unit";
-  EXPECT_EQ(wide[3], 0xDE00);
-  UnlockWString(wide);
-  RuntimeUnlockString(s);
-  wchar_t text[] = L"h\u00e9";
-  stringStorage* back = StringFromWString(text);
-  ASSERT_NE(back, nullptr);
-  EXPECT_EQ(back->mLength, 8u);
-  EXPECT_EQ(back->mEncoding, (uint32_t)kEncodingUTF32);
-  RuntimeUnlockString(back);
-  wchar_t stranger[] = L"mine";
-  UnlockWString(stranger);  // unknown: must not be freed
-  EXPECT_EQ(stranger[0], L'm');
-}

@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "StandInHost/HostClassMembers.h"
 #include "quorl/QuorlHost.h"
 
 namespace {
@@ -16,7 +15,6 @@ template <class Proc>
 Proc Operation(char const* name) {
   return reinterpret_cast<Proc>(gResolver ? gResolver(name) : quorl::ResolveHostName(name));
 }
-void KeepResolver(VELDResolver resolver) { gResolver = resolver; }
 VELDObject NewInstance(char const* name) {
   return Operation<VELDnewInstanceProc>("VELDnewInstance")(name);
 }
@@ -26,29 +24,6 @@ void* ClassData(VELDObject object, VELDClassRef cls) {
       object, reinterpret_cast<VELDClassDefinition*>(cls));
 }
 std::string Text(VELDString text) { return std::string(text->CString(), text->mLength); }
-
-TEST(HostResolver, ServesTheEngineOperationsAndNullForOthers) {
-  quorl::HostOptions options;
-  options.withheld = {"VELDGetEventInstance", "VELDYieldToQuorl"};
-  quorl::Attach(&KeepResolver, options);
-  for (char const* name :
-       {"RegisterPluginVersion", "VELDRegisterClass", "VELDGetQuorlVersion",
-        "VELDinRuntime", "VELDGetClassData", "VELDBuildString", "VELDSetStringEncoding",
-        "VELDConvertString", "VELDGetStringEncoding", "VELDLockString", "VELDUnlockString",
-        "VELDLockObject", "VELDUnlockObject", "VELDnewInstance", "VELDRaiseException",
-        "VELDCountClassMethods", "VELDGetClassMethod", "VELDCountClassProperties",
-        "VELDGetClassProperty", "VELDGetStackLimit", "VELDSetStackLimit",
-        "VELDInitStackChecker"})
-    EXPECT_NE(gResolver(name), nullptr) << name;
-  for (char const* name : {"VELDGetEventInstance", "VELDYieldToQuorl",
-                           "VELDGraphicsDrawString", "veldnewinstance"})
-    EXPECT_EQ(gResolver(name), nullptr) << name;
-  EXPECT_EQ(gResolver(nullptr), nullptr);
-  quorl::Attach(&KeepResolver);
-  EXPECT_NE(gResolver("VELDGetEventInstance"), nullptr);
-  EXPECT_THROW(quorl::LoadPlugin("/nonexistent/QuorlScriptPlugin.so"), quorl::LoadError);
-  EXPECT_THROW(quorl::Attach(nullptr), quorl::LoadError);
-}
 
 TEST(HostResolver, AHookFailureIsThrownOnceThePluginCallReturns) {
   int yields = 0;
@@ -196,15 +171,6 @@ void Beep(VELDObject) {}
 int Twice(VELDObject, int value) { return 2 * value; }
 int GetCount(VELDObject, long) { return 0; }
 void SetCount(VELDObject, long, int) {}
-
-TEST(HostClassMembers, TheReceiverBecomesTheFirstParameter) {
-  using quorl::standin::ReportedMethodDeclaration;
-  std::pair<char const*, char const*> rows[] = {
-      {"Sub Beep( )", "Sub Beep(Self As Object )"},
-      {"Function Now As Double", "Function Now(Self As Object) As Double"},
-      {"Private Sub Hidden", "Private Sub Hidden(Self As Object)"}};
-  for (auto const& row : rows) EXPECT_EQ(ReportedMethodDeclaration(row.first), row.second);
-}
 
 TEST(HostClassMembers, MembersAreReportedInOrderOnlyForTheirOwnClass) {
   VELDClassRef greeter = quorl::DefineClass(quorl::HostClass("Greeter", 8)

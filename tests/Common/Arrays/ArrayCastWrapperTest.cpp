@@ -1,6 +1,5 @@
 // Cast wrappers and arrays of structures.
 #include "ArrayTestSupport.h"
-#include "Common/RuntimeNumerics.h"
 
 using namespace arraytest;
 
@@ -87,33 +86,6 @@ TEST_F(ArrayCastWrapperTest, StructureArraysCopyWholeElements) {
   EXPECT_EQ(12, s->methods->elementSize(a));
   Call<void>(s->methods->redim, s, 2L, 2L);
   EXPECT_EQ(2, Call<Point*>(s->methods->get, s, 1L, 2L)->y);
-  RuntimeUnlockArray(&s->header);
-}
-
-TEST_F(ArrayCastWrapperTest, OneDimensionalStructureArraysGrowAndShrink) {
-  RuntimeStructureArray* s = RuntimeCreateStructureArray(1, sizeof(Point), -1L);
-  RuntimeArrayObject* a = reinterpret_cast<RuntimeArrayObject*>(s);
-  for (int k = 0; k < 20; k++) {
-    Point p = {k, k, k};
-    Call<void>(s->methods->insert, s, (long)k, &p);
-  }
-  EXPECT_EQ(48 * 12, s->shape.bufferLength);
-  Point* first = Call<Point*>(s->methods->get, s, 0L);
-  Call<void>(s->methods->insert, s, 0L, first);
-  EXPECT_EQ(0, Call<Point*>(s->methods->get, s, 1L)->x) << "a value from the array itself";
-  s->methods->remove(a, 0);
-  s->methods->remove(a, 0);
-  EXPECT_EQ(1, Call<Point*>(s->methods->get, s, 0L)->x);
-  EXPECT_EQ(19 * 12, s->shape.bufferLength);
-  srnd(3);
-  s->methods->shuffle(a);
-  long sum = 0;
-  for (long k = 0; k <= Ubound(a); k++) {
-    Point* p = Call<Point*>(s->methods->getFast, s, k);
-    EXPECT_TRUE(p->x == p->y && p->y == p->z) << "elements move whole";
-    sum += p->x;
-  }
-  EXPECT_EQ(19 * 20 / 2, sum);
   RuntimeUnlockArray(&s->header);
 }
 

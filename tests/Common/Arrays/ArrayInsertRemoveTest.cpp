@@ -1,4 +1,4 @@
-// Insert's growth steps and Remove's shrinking to fit.
+// Insert's growth steps.
 #include "ArrayTestSupport.h"
 
 using namespace arraytest;
@@ -25,35 +25,6 @@ TEST_F(ArrayInsertRemoveTest, InsertGrowsBySteps) {
   EXPECT_EQ((std::vector<int>{0, 99, 1, 2}), Contents<int>(a));
   Call<void>(a->methods->insert, a, 0L, 98);
   EXPECT_EQ((std::vector<int>{98, 0, 99, 1, 2}), Contents<int>(a));
-  RuntimeUnlockArray(&a->header);
-}
-
-TEST_F(ArrayInsertRemoveTest, OutOfRangeAndNilRaise) {
-  RuntimeArrayObject* a = CreateArray(1, kSInt32, 1L);
-  Call<void>(a->methods->insert, a, 3L, 5);
-  Call<void>(a->methods->insert, a, -1L, 5);
-  a->methods->remove(a, 2);
-  EXPECT_EQ(Kinds({"bounds", "bounds", "bounds"}), Raised());
-  EXPECT_EQ(1, Ubound(a));
-  Call<void>(a->methods->insert, (RuntimeArrayObject*)nullptr, 0L, 5);
-  EXPECT_EQ(Kinds{"nil"}, Raised());
-  RuntimeUnlockArray(&a->header);
-}
-
-TEST_F(ArrayInsertRemoveTest, RemoveShrinksToFit) {
-  RuntimeArrayObject* a = CreateArray(1, kSInt32, -1L);
-  for (int k = 0; k < 3; k++) Call<void>(a->methods->insert, a, (long)k, k);
-  a->methods->remove(a, 1);
-  EXPECT_EQ((std::vector<int>{0, 2}), Contents<int>(a));
-  EXPECT_EQ(8, a->shape.bufferLength);
-  EXPECT_EQ(16, a->shape.growth);
-  a->methods->remove(a, 1);
-  a->methods->remove(a, 0);
-  EXPECT_EQ(nullptr, a->data);
-  EXPECT_EQ(-1, Ubound(a));
-  EXPECT_EQ(0, a->shape.bufferLength);
-  Call<void>(a->methods->insert, a, 0L, 4);
-  EXPECT_EQ(std::vector<int>{4}, Contents<int>(a));
   RuntimeUnlockArray(&a->header);
 }
 

@@ -1,4 +1,4 @@
-// Creation, the choice of tables, bounds and Redim.
+// The layout, the choice of tables, and the references elements hold.
 #include <stddef.h>
 
 #include "ArrayTestSupport.h"
@@ -8,22 +8,6 @@ using namespace arraytest;
 namespace {
 
 class ArrayShapeTest : public ArrayTest {};
-
-TEST_F(ArrayShapeTest, AFreshEmptyArrayHasNoBuffer) {
-  int before = CountAllocatedObjects();
-  RuntimeArrayObject* a = CreateArray(1, kSInt32, -1L);
-  EXPECT_EQ(before + 1, CountAllocatedObjects());
-  EXPECT_EQ(nullptr, a->data);
-  EXPECT_EQ(0, a->shape.bufferLength);
-  EXPECT_EQ(16, a->shape.growth);
-  EXPECT_EQ(1, a->header.refCount);
-  EXPECT_EQ(nullptr, a->header.vtable);
-  EXPECT_EQ(GetActiveObjectListHead(), &a->header);
-  EXPECT_EQ("Array", Std(a->header.mClass->name));
-  EXPECT_EQ(-1, RuntimeUBound(&a->header));
-  RuntimeUnlockArray(&a->header);
-  EXPECT_EQ(before, CountAllocatedObjects());
-}
 
 TEST_F(ArrayShapeTest, TheLayoutGeneratedCodeReads) {
   EXPECT_EQ(24u, offsetof(RuntimeArrayObject, methods));
@@ -62,35 +46,6 @@ TEST_F(ArrayShapeTest, EachShapeHasItsTable) {
   EXPECT_EXIT(ElementSize(12), testing::ExitedWithCode(1), "");
 }
 
-TEST_F(ArrayShapeTest, UboundAnswersTheCountAndRaisesOutside) {
-  RuntimeArrayObject* a = CreateArray(2, kUInt8, 4L, 6L);
-  EXPECT_EQ(2, Ubound(a, -1));
-  EXPECT_EQ(6, RuntimeUBound2Param(&a->header, 2));
-  EXPECT_EQ(Kinds{}, Raised());
-  EXPECT_EQ(-1, Ubound(a, 3));
-  EXPECT_EQ(-1, Ubound(a, 0));
-  EXPECT_EQ(Kinds({"bounds", "bounds"}), Raised());
-  EXPECT_EQ(0, RuntimeUBound(nullptr));
-  EXPECT_EQ(-1, RuntimeUBound2Param(nullptr, 1));
-  EXPECT_EQ(Kinds({"nil", "nil"}), Raised());
-  RuntimeUnlockArray(&a->header);
-}
-
-TEST_F(ArrayShapeTest, RedimKeepsIndexesNotPositions) {
-  RuntimeArrayObject* a = CreateArray(2, kSInt32, 1L, 1L);
-  for (int k = 0; k < 4; k++) Elements<int>(a)[k] = 10 + k;  // (i, j) = 10 + i + 2j
-  Call<void>(a->methods->redim, a, 2L, 2L);
-  EXPECT_EQ((std::vector<int>{10, 11, 0, 12, 13, 0, 0, 0, 0}),
-            std::vector<int>(Elements<int>(a), Elements<int>(a) + 9));
-  Call<void>(a->methods->redim, a, 0L, 2L);
-  EXPECT_EQ((std::vector<int>{10, 12, 0}),
-            std::vector<int>(Elements<int>(a), Elements<int>(a) + 3));
-  Call<void>(a->methods->redim, a, -2L, 2L);
-  EXPECT_EQ(Kinds{"bounds"}, Raised());
-  EXPECT_EQ(0, Ubound(a, 1));
-  RuntimeUnlockArray(&a->header);
-}
-
 TEST_F(ArrayShapeTest, RedimReleasesTheElementsItDrops) {
   stringStorage* s = Text("kept");
   RuntimeArrayObject* line = CreateArray(1, kString, 3L);
@@ -107,6 +62,27 @@ TEST_F(ArrayShapeTest, RedimReleasesTheElementsItDrops) {
   RuntimeUnlockArray(&line->header);
   EXPECT_EQ(1, s->mRefCount);
   RuntimeUnlockString(s);
+}
+
+TEST_F(ArrayShapeTest, CountedElementsHoldReferences) {
+  stringStorage* s = Text("one");
+  stringStorage* t = Text("two");
+  RuntimeArrayObject* a = CreateArray(2, kString, 1L, 0L);
+  Call<void>(a->methods->set, a, s, 0L, 0L);
+  Call<void>(a->methods->set, a, s, 1L, 0L);
+  Call<void>(a->methods->set, a, s, 1L, 0L);
+  EXPECT_EQ(3, s->mRefCount) << "storing over itself keeps one reference";
+  stringStorage* got = Call<stringStorage*>(a->methods->getFast, a, 0L, 0L);
+  EXPECT_EQ(4, s->mRefCount) << "the caller owns what Get hands out";
+  RuntimeUnlockString(got);
+  Call<void>(a->methods->setFast, a, t, 1L, 0L);
+  EXPECT_EQ(2, s->mRefCount);
+  EXPECT_EQ(2, t->mRefCount);
+  RuntimeUnlockArray(&a->header);
+  EXPECT_EQ(1, s->mRefCount) << "the dying array releases its elements";
+  EXPECT_EQ(1, t->mRefCount);
+  RuntimeUnlockString(s);
+  RuntimeUnlockString(t);
 }
 
 }  // namespace

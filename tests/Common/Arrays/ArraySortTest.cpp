@@ -1,4 +1,4 @@
-// Sort, SortWith, IndexOf and Shuffle.
+// Sort: the run lengths and each element family.
 #include <algorithm>
 #include <random>
 
@@ -48,58 +48,6 @@ TEST_F(ArraySortTest, EachFamilyUsesItsOwnOrder) {
   ExpectSorts<long long>(kSInt64, {1ll << 40, -(1ll << 40), 0});
   ExpectSorts<double>(kDouble, {2.5, -1e300, 0.0, 1.0, -0.5});
   ExpectSorts<float>(kSingle, {2.5f, -3.0f, 1.0f});
-}
-
-TEST_F(ArraySortTest, StringsSortWithoutRegardToCase) {
-  std::vector<char const*> words = {"pear", "Apple", "banana", "apricot", "BANANA", "cherry"};
-  std::vector<stringStorage*> texts;
-  for (char const* w : words) texts.push_back(Text(w));
-  RuntimeArrayObject* a = ArrayOf<stringStorage*>(kString, texts);
-  a->methods->sort(a);
-  std::vector<std::string> sorted;
-  for (stringStorage* s : Contents<stringStorage*>(a)) sorted.push_back(Std(s));
-  EXPECT_EQ("Apple", sorted[0]);
-  EXPECT_EQ("apricot", sorted[1]);
-  EXPECT_EQ("cherry", sorted[4]);
-  EXPECT_EQ("pear", sorted[5]);
-  EXPECT_EQ(1, texts[0]->mRefCount) << "sorting moves, it does not lock";
-  RuntimeUnlockArray(&a->header);  // the array owned the references
-}
-
-TEST_F(ArraySortTest, SortWithMovesThePartnersAlong) {
-  RuntimeArrayObject* keys = ArrayOf<int>(kSInt32, {3, 1, 2, 1, 0});
-  RuntimeArrayObject* bytes = ArrayOf<unsigned char>(kUInt8, {'d', 'b', 'c', 'B', 'a'});
-  RuntimeArrayObject* wide = ArrayOf<double>(kDouble, {3.5, 1.5, 2.5, 1.5, 0.5});
-  keys->methods->sortWith(keys, bytes, wide, nullptr);
-  EXPECT_EQ((std::vector<int>{0, 1, 1, 2, 3}), Contents<int>(keys));
-  std::vector<unsigned char> letters = Contents<unsigned char>(bytes);
-  EXPECT_EQ("a", std::string(letters.begin(), letters.begin() + 1));
-  EXPECT_EQ("cd", std::string(letters.begin() + 3, letters.end()));
-  EXPECT_EQ('b' ^ 'B', letters[1] ^ letters[2]) << "the equal keys keep their partners";
-  EXPECT_EQ((std::vector<double>{0.5, 1.5, 1.5, 2.5, 3.5}), Contents<double>(wide));
-  for (RuntimeArrayObject* a : {keys, bytes, wide}) RuntimeUnlockArray(&a->header);
-}
-
-TEST_F(ArraySortTest, IndexOfSearchesFromTheStart) {
-  RuntimeArrayObject* a = ArrayOf<int>(kSInt32, {4, 5, 4, 6});
-  auto indexOf = [&](int value, long start) {
-    return Call<long>(a->methods->indexOf, a, value, start);
-  };
-  EXPECT_EQ(0, indexOf(4, -1));
-  EXPECT_EQ(2, indexOf(4, 1));
-  EXPECT_EQ(-1, indexOf(5, 2));
-  EXPECT_EQ(Kinds{}, Raised());
-  EXPECT_EQ(-1, indexOf(4, 4));
-  EXPECT_EQ(-1, indexOf(4, -2));
-  EXPECT_EQ(Kinds({"bounds", "bounds"}), Raised());
-  stringStorage* key = Text("KEY");
-  RuntimeArrayObject* s = ArrayOf<stringStorage*>(kString, {Text("x"), Text("key")});
-  EXPECT_EQ(1, Call<long>(s->methods->indexOf, s, key, 0L));
-  RuntimeArrayObject* empty = CreateArray(1, kDouble, -1L);
-  EXPECT_EQ(-1, Call<long>(empty->methods->indexOf, empty, 1.0, 5L));
-  EXPECT_EQ(Kinds{}, Raised()) << "an empty array answers before the start is checked";
-  RuntimeUnlockString(key);
-  for (RuntimeArrayObject* x : {a, s, empty}) RuntimeUnlockArray(&x->header);
 }
 
 }  // namespace

@@ -29,10 +29,6 @@ inline stringStorage* Text(char const* text) {
   return NewStringStorage(text, strlen(text), 0x600);
 }
 
-inline std::string Std(stringStorage* s) {
-  return s ? std::string(s->CString(), s->mLength) : std::string();
-}
-
 template <class T>
 T* Elements(RuntimeArrayObject* array) {
   return reinterpret_cast<T*>(array->data);

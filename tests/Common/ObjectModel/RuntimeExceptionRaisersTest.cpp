@@ -24,32 +24,9 @@ void RecordUnhandled(RuntimeObject* exception) {
                    exception ? exception->refCount : 0});
 }
 
-RuntimeObject* sNewObject;
-void NewNilObject() { sNewObject = RuntimeNewObject(nullptr); }
 void RaiseRecursively() { RaiseNilObjectException(); }
 
 }  // namespace
-
-TEST(RuntimeRaiserTest, EachKindRaisesAFreshObjectOfItsStoredClass) {
-  RuntimeClass* nilObject = TestClass();
-  RuntimeClass* illegalCast = TestClass();
-  RuntimeClass* outOfBounds = TestClass();
-  SetNilObjectExceptionClass(nilObject);
-  SetIllegalCastExceptionClass(illegalCast);
-  SetOutOfBoundsExceptionClass(outOfBounds);
-  SetUnhandledExceptionHook(RecordUnhandled);
-  int32_t before = CountAllocatedObjects();
-  CallAtFrameChainEnd(RaiseNilObjectException);
-  CallAtFrameChainEnd(RaiseIllegalCastException);
-  CallAtFrameChainEnd(RaiseOutOfBoundsException);
-  sNewObject = reinterpret_cast<RuntimeObject*>(&sSeen);
-  CallAtFrameChainEnd(NewNilObject);
-  EXPECT_EQ(nullptr, sNewObject);
-  EXPECT_EQ((std::vector<Seen>{{nilObject, 1}, {illegalCast, 1},
-                               {outOfBounds, 1}, {nilObject, 1}}),
-            sSeen);
-  EXPECT_EQ(before, CountAllocatedObjects());
-}
 
 // With no class at all nothing is raised (and no hook is no failure);
 // without its own class, the nil object exception stands in.

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 #include <stdio.h>
 #include <string.h>
-#include <unistd.h>
 
 #include <vector>
 
@@ -80,15 +79,6 @@ TEST(CrawlStackTest, TheWalkClimbsAndStopsAtBackwardLinks) {
   sCrawled = 0;
   EXPECT_EQ(&frames[6], CrawlStack(&frames[0], &frames[5], CountFrames, nullptr));
   EXPECT_EQ(3, sCrawled);
-}
-
-TEST(RuntimeExceptionTest, NilIsNeverRaisedAndNoHookIsAFailure) {
-  RuntimeRaiseException(nullptr);
-  RuntimeReraiseException(nullptr);
-  SetUnhandledExceptionHook(nullptr);
-  RuntimeObject object = {};
-  EXPECT_EXIT({ dup2(2, 1); RuntimeUnhandledException(&object); },
-              testing::ExitedWithCode(1), "");
 }
 
 TEST(RuntimeExceptionTest, TheFailureReport) {

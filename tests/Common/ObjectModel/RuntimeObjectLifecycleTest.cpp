@@ -13,7 +13,6 @@ namespace {
 
 // What the hooks below saw, in order.
 std::vector<std::string> sEvents;
-RuntimeObject* sKept;
 
 void Note(RuntimeObject* object, char const* what) {
   sEvents.push_back(std::string(what) + ":" +
@@ -26,13 +25,6 @@ void DestroyChild(RuntimeObject* o) { Note(o, "destroy child"); }
 void FinalParent(RuntimeObject* o) { Note(o, "final parent"); }
 void FinalChild(RuntimeObject* o) { Note(o, "final child"); }
 void Monitor(RuntimeObject* o) { Note(o, "monitor"); }
-// Stores `self` elsewhere the first time only.
-void KeepSelfOnce(RuntimeObject* o) {
-  Note(o, "keep");
-  if (sKept) return;
-  RuntimeLockObject(o);
-  sKept = o;
-}
 void ReleaseField(RuntimeObject* o) { RuntimeUnlockObject(Field(o, 0)); }
 
 struct Family {
@@ -58,32 +50,6 @@ std::vector<RuntimeObject*> ActiveObjects() {
 }
 
 }  // namespace
-
-TEST(RuntimeObjectCountTest, NilAndDyingObjectsAreLeftAlone) {
-  RuntimeLockObject(nullptr);
-  RuntimeUnlockObject(nullptr);
-  RuntimeLockUnlockObjects(nullptr, nullptr);
-  RuntimeObject dying = {};
-  RuntimeLockObject(&dying);
-  EXPECT_EQ(0, dying.refCount);
-  RuntimeUnlockObject(&dying);  // a destruction would free a stack object
-  EXPECT_EQ(0, dying.refCount);
-}
-
-TEST(RuntimeObjectCountTest, AnAssignmentLocksTheNewBeforeUnlockingTheOld) {
-  RuntimeClass* cls = TestClass();
-  RuntimeObject* a = RuntimeNewObject(cls);
-  RuntimeObject* b = RuntimeNewObject(cls);
-  RuntimeLockUnlockObjects(a, a);
-  EXPECT_EQ(1, a->refCount);
-  RuntimeLockObject(b);
-  RuntimeLockUnlockObjects(a, b);
-  EXPECT_EQ(2, a->refCount);
-  EXPECT_EQ(1, b->refCount);
-  int32_t before = CountAllocatedObjects();
-  RuntimeLockUnlockObjects(nullptr, b);
-  EXPECT_EQ(before - 1, CountAllocatedObjects());
-}
 
 TEST(RuntimeNewObjectTest, TheHeaderAndTheInitializersParentsFirst) {
   Family family;
@@ -121,25 +87,6 @@ TEST(RuntimeDestroyTest, DestructorsThenFinalizersFromTheOwnClassUp) {
   EXPECT_TRUE(ActiveObjects().empty());
 }
 
-TEST(RuntimeDestroyTest, ADestructorThatKeepsSelfResurrectsTheObject) {
-  Family family;
-  family.child->destructor = KeepSelfOnce;
-  RuntimeObject* object = RuntimeNewObject(family.child);
-  sEvents.clear();
-  RuntimeUnlockObject(object);
-  EXPECT_EQ(std::vector<std::string>{"keep:1"}, sEvents);
-  EXPECT_EQ(object, sKept);
-  EXPECT_EQ(1, object->refCount);
-  EXPECT_EQ(std::vector<RuntimeObject*>{object}, ActiveObjects());
-  // Released again, it dies for good.
-  sEvents.clear();
-  RuntimeUnlockObject(object);
-  EXPECT_EQ((std::vector<std::string>{"keep:1", "destroy parent:1",
-                                      "final child:0", "final parent:0"}),
-            sEvents);
-  EXPECT_TRUE(ActiveObjects().empty());
-}
-
 TEST(RuntimeDestroyTest, AMillionChainedObjectsGoWithoutRecursion) {
   RuntimeClass* link = TestClass(nullptr, 1);
   link->finalizer = ReleaseField;
@@ -155,17 +102,3 @@ TEST(RuntimeDestroyTest, AMillionChainedObjectsGoWithoutRecursion) {
   EXPECT_EQ(nullptr, GetActiveObjectListHead());
 }
 
-TEST(RuntimeDestroyTest, APrivateEventTableReleasesItsNames) {
-  RuntimeClass* cls = RuntimeNewClass(nullptr, 0, 0, 2, 0, 0);
-  cls->instanceSize = sizeof(RuntimeObject);
-  RuntimeObject* object = RuntimeNewObject(cls);
-  stringStorage* name = NewStringStorage("Action", 6, kEncodingASCII);
-  void** table = reinterpret_cast<void**>(new unsigned char[16]());
-  table[1] = name;
-  table[3] = name;
-  name->mRefCount += 2;
-  object->events = table;
-  RuntimeUnlockObject(object);
-  EXPECT_EQ(1, name->mRefCount);
-  UnlockStringStorage(name);
-}

@@ -1,4 +1,4 @@
-// Weak references: resolution, and clearing when either side dies.
+// Weak references: clearing when either side dies.
 #include <gtest/gtest.h>
 
 #include "ObjectModelTestSupport.h"
@@ -16,21 +16,6 @@ struct Weak {
 RuntimeObject* Target(RuntimeObject* ref) { return Field(ref, 2); }
 
 }  // namespace
-
-TEST(RuntimeWeakRefTest, AReferenceResolvesUntilItsTargetDies) {
-  Weak w;
-  RuntimeObject* ref = w.NewRef();
-  RuntimeObject* target = w.NewTarget();
-  RegisterWeakRef(ref, nullptr);
-  EXPECT_EQ(nullptr, ResolveWeakRef(ref));
-  RegisterWeakRef(ref, target);
-  EXPECT_EQ(1, target->refCount);  // not held
-  EXPECT_EQ(target, ResolveWeakRef(ref));
-  EXPECT_EQ(2, target->refCount);
-  RuntimeUnlockObject(target);
-  RuntimeUnlockObject(target);
-  EXPECT_EQ(nullptr, ResolveWeakRef(ref));
-}
 
 TEST(RuntimeWeakRefTest, EachDeathClearsOnlyItsOwnReferences) {
   Weak w;

@@ -3,7 +3,7 @@
 #include <math.h>
 #include <stdint.h>
 
-#include "tests/Compiler/BackEnds/GeneratedFunctions.h"
+#include "tests/Compiler/BackEnds/GeneratedCode.h"
 
 namespace {
 
@@ -13,46 +13,42 @@ typedef float (*SingleFn)(float, float);
 double Double(TacOpcode op, double a, double b, bool sse = false) {
   CGIA32Options options;
   options.mUseSSE2FloatingPointMath = sse;
-  auto code = BinaryFunction(op, kReal64Type, kReal64Type, kReal64Type, options);
+  auto code = OperationFunction(op, {kReal64Type, kReal64Type}, kReal64Type, options);
   return code->Fn<DoubleFn>("f")(a, b);
 }
 
 float Single(TacOpcode op, float a, float b, bool sse = false) {
   CGIA32Options options;
   options.mUseSSE2FloatingPointMath = sse;
-  auto code = BinaryFunction(op, kReal32Type, kReal32Type, kReal32Type, options);
+  auto code = OperationFunction(op, {kReal32Type, kReal32Type}, kReal32Type, options);
   return code->Fn<SingleFn>("f")(a, b);
 }
 
 int Compare(TacOpcode op, double a, double b) {
-  auto code = BinaryFunction(op, kReal64Type, kReal64Type, kBooleanType);
+  auto code = OperationFunction(op, {kReal64Type, kReal64Type}, kBooleanType);
   return reinterpret_cast<int (*)(double, double)>(code->Function("f"))(a, b);
 }
 
 }  // namespace
 
-TEST(CGIA32FloatTest, DoubleAndSingleArithmeticOnBothUnits) {
+// Scripts reach the x87 stack only; SSE and the x87 division by zero are
+// checked here.
+TEST(CGIA32FloatTest, ArithmeticWithSSEAndDivisionByZero) {
   struct { TacOpcode op; double a, b, expected; } const rows[] = {
       {kTacAdd, 1.5, 2.25, 3.75}, {kTacSub, 1.5, 2.25, -0.75}, {kTacMul, 1.5, 2.25, 3.375},
-      {kTacDiv, 1.0, 2.0, 0.5},   {kTacDiv, 1.0, 4.0, 0.25},   {kTacMul, 1.5, 4.0, 6.0}};
-  for (bool sse : {false, true}) {
-    for (auto const& r : rows) {
-      EXPECT_EQ(r.expected, Double(r.op, r.a, r.b, sse)) << TacOpcodeName(r.op) << sse;
-      EXPECT_EQ(float(r.expected), Single(r.op, float(r.a), float(r.b), sse)) << TacOpcodeName(r.op) << sse;
-    }
-    EXPECT_TRUE(isinf(Double(kTacDiv, 1.0, 0.0, sse)));
+      {kTacDiv, 1.0, 4.0, 0.25}};
+  for (auto const& r : rows) {
+    EXPECT_EQ(r.expected, Double(r.op, r.a, r.b, true)) << TacOpcodeName(r.op);
+    EXPECT_EQ(float(r.expected), Single(r.op, float(r.a), float(r.b), true)) << TacOpcodeName(r.op);
   }
-  EXPECT_EQ(1024.0, Double(kTacPow, 2.0, 10.0));
-  auto neg = UnaryFunction(kTacNeg, kReal64Type, kReal64Type);
-  EXPECT_EQ(-2.5, reinterpret_cast<double (*)(double)>(neg->Function("f"))(2.5));
+  for (bool sse : {false, true}) EXPECT_TRUE(isinf(Double(kTacDiv, 1.0, 0.0, sse))) << sse;
 }
 
 TEST(CGIA32FloatTest, ComparisonsWithNaN) {
   double const nan = NAN;
   struct { TacOpcode op; double a, b; int expected; } const rows[] = {
       {kTacEQ, nan, 1.0, 0}, {kTacLT, nan, 1.0, 0}, {kTacLT, 1.0, nan, 0}, {kTacNE, nan, 1.0, 1},
-      {kTacLE, nan, 1.0, 1}, {kTacEQ, 2.0, 2.0, 1}, {kTacLT, 1.0, 2.0, 1}, {kTacLT, 2.0, 1.0, 0},
-      {kTacLT, 2.0, 2.0, 0}, {kTacLE, 2.0, 2.0, 1}, {kTacLE, 3.0, 2.0, 0}, {kTacNE, 2.0, 2.0, 0}};
+      {kTacLE, nan, 1.0, 1}};
   for (auto const& r : rows)
     EXPECT_EQ(r.expected, Compare(r.op, r.a, r.b)) << TacOpcodeName(r.op) << " " << r.a << ", " << r.b;
 }
@@ -110,22 +106,21 @@ Value CallWith(void* f, SimpleDataType to, A a) {
 
 }  // namespace
 
-// Every pair of the conversion table, through f(a) = Cvt a.
-TEST(CGIA32FloatTest, EveryConversionPair) {
+// The conversion pairs scripts do not run (unsigned, 64-bit, Single and
+// Currency ones), through f(a) = Cvt a.
+TEST(CGIA32FloatTest, ConversionPairs) {
   SimpleDataType const S = kSInt32Type, U = kUInt32Type, L = kSInt64Type, M = kUInt64Type,
                        C = kCurrencyType, F = kReal32Type, R = kReal64Type;
   struct { SimpleDataType from, to; Value in, out; } const rows[] = {
       // Integer to integer: moves, widening by the source's signedness.
-      {S, U, I(-5), I(-5)}, {S, L, I(-5), I(-5)}, {U, L, I(-5), I(0xFFFFFFFBLL)},
-      {U, M, I(-5), I(0xFFFFFFFBLL)}, {U, S, I(-5), I(-5)}, {L, S, I(0x500000007LL), I(7)},
-      {M, U, I(0x500000007LL), I(7)}, {M, L, I(-1), I(-1)}, {L, M, I(-1), I(-1)},
-      {kSInt8Type, L, I(0x1FE), I(-2)}, {S, kUInt8Type, I(0x1FE), I(0xFE)},
+      {U, L, I(-5), I(0xFFFFFFFBLL)}, {U, M, I(-5), I(0xFFFFFFFBLL)},
+      {L, S, I(0x500000007LL), I(7)}, {M, U, I(0x500000007LL), I(7)}, {M, L, I(-1), I(-1)},
+      {L, M, I(-1), I(-1)}, {kSInt8Type, L, I(0x1FE), I(-2)},
       // To Double and Single.
-      {S, R, I(-3), D(-3.0)}, {U, R, I(-3), D(4294967293.0)}, {L, R, I(-3000000000000LL), D(-3e12)},
-      {M, R, I(-1), D(18446744073709551615.0)}, {S, F, I(-3), D(-3.0)}, {F, R, D(1.5), D(1.5)},
-      {R, F, D(1.5), D(1.5)},
+      {U, R, I(-3), D(4294967293.0)}, {L, R, I(-3000000000000LL), D(-3e12)},
+      {M, R, I(-1), D(18446744073709551615.0)}, {S, F, I(-3), D(-3.0)},
       // From Double and Single: truncation toward zero.
-      {R, S, D(-2.9), I(-2)}, {R, U, D(3000000000.7), I(3000000000u)},
+      {R, U, D(3000000000.7), I(3000000000u)},
       {R, L, D(-5000000000.5), I(-5000000000LL)}, {R, M, D(1e19), I(int64_t(10000000000000000000ull))},
       {R, C, D(1.23456), I(12346)}, {F, S, D(-2.5), I(-2)}, {F, U, D(7.9), I(7)},
       {F, L, D(-4.5), I(-4)}, {F, M, D(9.5), I(9)}, {F, C, D(1.5), I(15000)},
@@ -134,7 +129,7 @@ TEST(CGIA32FloatTest, EveryConversionPair) {
       {M, C, I(5), I(50000)}, {C, S, I(-19999), I(-1)}, {C, U, I(29999), I(2)},
       {C, L, I(3000000000LL), I(300000)}, {C, M, I(30000), I(3)}, {C, R, I(12345), D(1.2345)}};
   for (auto const& r : rows) {
-    auto code = UnaryFunction(kTacCvt, r.from, r.to);
+    auto code = OperationFunction(kTacCvt, {r.from}, r.to);
     void* f = code->Function("f");
     Value out = Kind(r.from) == 0   ? CallWith(f, r.to, int32_t(r.in.i))
                 : Kind(r.from) == 1 ? CallWith(f, r.to, r.in.i)
@@ -142,46 +137,20 @@ TEST(CGIA32FloatTest, EveryConversionPair) {
                                     : CallWith(f, r.to, r.in.d);
     std::string row = IRDataType(r.from).ToString().CString() + std::string(" to ") +
                       IRDataType(r.to).ToString().CString();
-    if (Kind(r.to) == 0) EXPECT_EQ(uint32_t(r.out.i), uint32_t(out.i)) << row;
-    if (Kind(r.to) == 1) EXPECT_EQ(r.out.i, out.i) << row;
-    if (Kind(r.to) == 2) EXPECT_EQ(float(r.out.d), float(out.d)) << row;
-    if (Kind(r.to) == 3) EXPECT_EQ(r.out.d, out.d) << row;
+    if (Kind(r.to) == 0) { EXPECT_EQ(uint32_t(r.out.i), uint32_t(out.i)) << row; }
+    if (Kind(r.to) == 1) { EXPECT_EQ(r.out.i, out.i) << row; }
+    if (Kind(r.to) == 2) { EXPECT_EQ(float(r.out.d), float(out.d)) << row; }
+    if (Kind(r.to) == 3) { EXPECT_EQ(r.out.d, out.d) << row; }
   }
 }
 
 TEST(CGIA32FloatTest, CurrencyArithmetic) {
-  auto mul = BinaryFunction(kTacMul, kCurrencyType, kCurrencyType, kCurrencyType);
+  auto mul = OperationFunction(kTacMul, {kCurrencyType, kCurrencyType}, kCurrencyType);
   auto m = reinterpret_cast<int64_t (*)(int64_t, int64_t)>(mul->Function("f"));
   EXPECT_EQ(37500, m(15000, 25000));  // 1.5 * 2.5
-  auto add = BinaryFunction(kTacAdd, kCurrencyType, kCurrencyType, kCurrencyType);
+  auto add = OperationFunction(kTacAdd, {kCurrencyType, kCurrencyType}, kCurrencyType);
   EXPECT_EQ(40000, reinterpret_cast<int64_t (*)(int64_t, int64_t)>(add->Function("f"))(15000, 25000));
-  auto div = BinaryFunction(kTacDiv, kCurrencyType, kCurrencyType, kCurrencyType);
+  auto div = OperationFunction(kTacDiv, {kCurrencyType, kCurrencyType}, kCurrencyType);
   EXPECT_EQ(6000, reinterpret_cast<int64_t (*)(int64_t, int64_t)>(div->Function("f"))(15000, 25000));
 }
 
-TEST(CGIA32FloatTest, ZeroOfEveryKind) {
-  for (bool sse : {false, true}) {
-    TacProgram p;
-    long f = p.Frame("f");
-    TacAddr const* s = p.Local(f, "s", IRDataType(kReal32Type));
-    TacAddr const* d = p.Local(f, "d", IRDataType(kReal64Type));
-    TacAddr const* q = p.Local(f, "q", IRDataType(kSInt64Type));
-    TacAddr const* sum = p.Local(f, "sum", IRDataType(kReal64Type));
-    p.Enter("f", f);
-    p.Params({s, d, q});
-    p.Line(kTacZero, nilTacAddr, nilTacAddr, s);
-    p.Line(kTacZero, nilTacAddr, nilTacAddr, d);
-    p.Line(kTacZero, nilTacAddr, nilTacAddr, q);
-    p.Line(kTacCvt, s, nilTacAddr, sum);
-    p.Line(kTacAdd, sum, d, sum);
-    p.Line(kTacCvt, q, nilTacAddr, d);
-    p.Line(kTacAdd, sum, d, sum);
-    p.Line(kTacLeave, sum);
-    CGIA32Options options;
-    options.mUseSSE2FloatingPointMath = sse;
-    LoadedCode code(GenerateIA32(p, options));
-    EXPECT_EQ(0.0, reinterpret_cast<double (*)(float, double, int64_t)>(
-                       code.Function("f"))(NAN, 5.0, 7))
-        << (sse ? "SSE" : "x87");
-  }
-}

@@ -2,7 +2,7 @@
 // back through the system disassembler.
 #include <algorithm>
 
-#include "tests/Compiler/BackEnds/GeneratedFunctions.h"
+#include "tests/Compiler/BackEnds/GeneratedCode.h"
 
 namespace {
 
@@ -38,35 +38,6 @@ TEST(CGIA32RegisterCacheTest, AStoredValueIsNotLoadedAgain) {
   EXPECT_EQ(0, Count(listing, "mov eax,DWORD PTR [ebp-0xc]"));  // nor r
   LoadedCode code(GenerateIA32(p));
   EXPECT_EQ(42, reinterpret_cast<int (*)(int)>(code.Function("f"))(41));
-}
-
-TEST(CGIA32RegisterCacheTest, ANarrowValueIsRenormalisedOnEveryUse) {
-  TacProgram p;
-  long f = p.Frame("f");
-  TacAddr const* a = p.Local(f, "a", IRDataType(kUInt8Type));
-  TacAddr const* x = p.Local(f, "x", IRDataType(kSInt32Type));
-  TacAddr const* y = p.Local(f, "y", IRDataType(kSInt32Type));
-  p.Enter("f", f);
-  p.Params({a});
-  p.Line(kTacStore, a, nilTacAddr, x);
-  p.Line(kTacStore, a, nilTacAddr, y);
-  p.Line(kTacLeave, y);
-  std::vector<std::string> listing = Listing(p, "f");
-  EXPECT_EQ(1, Count(listing, "mov al,BYTE PTR [ebp-0x1]"));
-  EXPECT_EQ(2, Count(listing, "and eax,0xff"));
-}
-
-TEST(CGIA32RegisterCacheTest, ALabelEndsWhatTheRegistersKnow) {
-  TacProgram p;
-  long f = p.Frame("f");
-  TacAddr const* a = p.Local(f, "a", IRDataType(kSInt32Type));
-  TacAddr const* r = p.Local(f, "r", IRDataType(kSInt32Type));
-  p.Enter("f", f);
-  p.Params({a});
-  p.Line(kTacStore, a, nilTacAddr, r);
-  p.Line(kTacLabel, p.Int(1));
-  p.Line(kTacLeave, r);
-  EXPECT_TRUE(Has(Listing(p, "f"), "mov eax,DWORD PTR [ebp-0x8]"));
 }
 
 TEST(CGIA32RegisterCacheTest, FramesWithoutLocalsAndWithoutCalleeSavedRegisters) {

@@ -20,16 +20,19 @@ class CancellingDelegate : public RecordingDelegate {
   unsigned mTotal = 0;
 };
 
-}  // namespace
-
-TEST(CodeGeneratorTest, CategoriesOfTypes) {
-  EXPECT_EQ(kCategoryUInt32, CodeGenerator::CategorizeType(IRDataType(kBooleanType)));
-  EXPECT_EQ(kCategoryUInt32, CodeGenerator::CategorizeType(IRDataType(kStringType)));
-  EXPECT_EQ(kCategorySInt32, CodeGenerator::CategorizeType(IRDataType(kSInt8Type)));
-  EXPECT_EQ(kCategoryUInt64, CodeGenerator::CategorizeType(IRDataType(kUInt64Type)));
-  EXPECT_EQ(kCategoryCurrency, CodeGenerator::CategorizeType(IRDataType(kCurrencyType)));
-  EXPECT_EQ(kCategoryFloat, CodeGenerator::CategorizeType(IRDataType(kReal32Type)));
+// f() takes the address of Target `imports` times.
+Ref<CodeModule> ManyImports(int imports, RecordingDelegate* delegate) {
+  TacProgram p;
+  long f = p.Frame("f");
+  TacAddr const* ptr = p.Local(f, "p", IRDataType(kPtrType));
+  TacAddr const* name = p.Text("Target");
+  p.Enter("f", f);
+  for (int i = 0; i < imports; i++) p.Line(kTacFuncPtr, name, nilTacAddr, ptr);
+  p.Line(kTacLeave);
+  return GenerateIA32(p, CGIA32Options(), delegate);
 }
+
+}  // namespace
 
 TEST(CodeGeneratorTest, MixedSignednessIsSignedAndMixedWidthsFail) {
   TacProgram p;
@@ -65,19 +68,6 @@ TEST(RegisterStateTest, AFullRecordOverwritesItsLastEntry) {
   EXPECT_TRUE(state.mUsed);
 }
 
-TEST(CodeGeneratorTest, AnEmptyBodyLeavesNoDanglingMainFunction) {
-  TacProgram empty;
-  Ref<CodeModule> nothing = GenerateIA32(empty);
-  ASSERT_TRUE(nothing);
-  EXPECT_EQ(0u, nothing->mFunctions.size());
-  EXPECT_EQ(kProcessorFamilyIA32, nothing->mProcessorFamily);
-  TacProgram main;
-  main.Line(kTacStop);
-  Ref<CodeModule> one = GenerateIA32(main);
-  ASSERT_EQ(1u, one->mFunctions.size());
-  EXPECT_EQ("% main", Std(one->mFunctions[0]->mName));
-}
-
 TEST(CodeGeneratorTest, TheDelegateCanCancel) {
   TacProgram p;
   for (int i = 0; i < 5; i++) p.Line(kTacNoop);
@@ -88,26 +78,12 @@ TEST(CodeGeneratorTest, TheDelegateCanCancel) {
 }
 
 TEST(CodeGeneratorTest, TheImportThatOverflowsTheStagingListIsAnError) {
-  TacProgram p;
-  long f = p.Frame("f");
-  TacAddr const* ptr = p.Local(f, "p", IRDataType(kPtrType));
-  TacAddr const* name = p.Text("Target");
-  p.Enter("f", f);
-  for (int i = 0; i < 32767; i++) p.Line(kTacFuncPtr, name, nilTacAddr, ptr);
-  p.Line(kTacLeave);
   RecordingDelegate fits;
-  Ref<CodeModule> module = GenerateIA32(p, CGIA32Options(), &fits);
+  Ref<CodeModule> module = ManyImports(32767, &fits);
   ASSERT_TRUE(module);
   EXPECT_EQ(32767u, module->mFunctions[0]->mImports.size());
-  TacProgram over;
-  long g = over.Frame("g");
-  ptr = over.Local(g, "p", IRDataType(kPtrType));
-  name = over.Text("Target");
-  over.Enter("g", g);
-  for (int i = 0; i < 32768; i++) over.Line(kTacFuncPtr, name, nilTacAddr, ptr);
-  over.Line(kTacLeave);
   RecordingDelegate overflows;
-  EXPECT_FALSE(GenerateIA32(over, CGIA32Options(), &overflows));
+  EXPECT_FALSE(ManyImports(32768, &overflows));
   ASSERT_EQ(1u, overflows.mErrors.size());
   EXPECT_EQ(kErrorImportLimit, overflows.mErrors[0].Type());
 }

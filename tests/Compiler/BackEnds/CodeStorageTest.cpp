@@ -39,29 +39,6 @@ TEST(DataBlockTest, ByteOrderIsTheBlocksNotTheHosts) {
   EXPECT_EQ(0x11223344u, little.Get32(0));
 }
 
-TEST(DataBlockTest, GrowthDoublesItsStepUpToACeiling) {
-  DataBlock block(0);
-  block.Append8(1);
-  EXPECT_EQ(1u, block.Capacity());  // the first allocation is what was asked
-  unsigned expected = 1, step = 16;
-  for (int i = 1; i < 1000; i++) {
-    block.Append8(i);
-    if (block.Length() > expected) {
-      expected += step;
-      step = step * 2 > 4096 ? 4096 : step * 2;
-    }
-    ASSERT_EQ(expected, block.Capacity()) << "after " << i + 1 << " bytes";
-  }
-  EXPECT_EQ(1009u, block.Capacity());
-  for (int i = 0; i < 3000; i++) block.Append8(0);
-  EXPECT_EQ(1009u + 1024u + 2048u, block.Capacity());
-  for (int i = 0; i < 100; i++) block.Append8(0);
-  EXPECT_EQ(4081u + 4096u, block.Capacity());  // the step stays at 4096
-  // A request above the step is taken whole.
-  block.Append(std::string(9000, 'x').c_str(), 9000);
-  EXPECT_EQ(8177u + 9000u, block.Capacity());
-}
-
 TEST(DataBlockTest, WritesAndReadsPastTheCapacityAreHarmless) {
   DataBlock block(0);
   block.Append32(7);
@@ -104,26 +81,6 @@ TEST(FunctionBlockTest, AppendingMovesTheOthersImports) {
   raw.BindNewObject(new DataBlock(0));
   EXPECT_ASSERTION(first.Append(raw), "");
   EXPECT_ASSERTION(first.MarkImport(Import::kImportGlobal32, "", 0), "");
-}
-
-TEST(FunctionBlockTest, ClonesAreDeepCopies) {
-  FunctionBlock original(1);
-  original.mName = "f";
-  original.Append32(1);
-  original.MarkImport(Import::kImportFunctionPtr, "g", "lib", -4);
-  original.mLineTable.AddEntry(0, 3);
-  original.mParameterSpace = 12;
-  FunctionBlock* copy = original.Clone();
-  EXPECT_TRUE(copy->IsBigEndian());
-  EXPECT_EQ(Std(original.mName), Std(copy->mName));
-  EXPECT_EQ(12u, copy->mParameterSpace);
-  ASSERT_EQ(1u, copy->mImports.size());
-  EXPECT_EQ("lib", Std(copy->mImports[0].mSourceLibrary));
-  EXPECT_TRUE(copy->mImports[0].IsCodePtr());
-  copy->mImports[0].mOffset = 99;
-  EXPECT_EQ(0u, original.mImports[0].mOffset);
-  EXPECT_EQ(1u, copy->mLineTable.mIndex.size());
-  delete copy;
 }
 
 TEST(LineTableTest, EntriesAndLookups) {

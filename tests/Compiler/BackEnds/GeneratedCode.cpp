@@ -1,6 +1,5 @@
 #include "tests/Compiler/BackEnds/GeneratedCode.h"
 
-#include <stdlib.h>
 #include <string.h>
 #include <sys/mman.h>
 
@@ -121,9 +120,6 @@ LoadedCode::LoadedCode(Ref<CodeModule> module) : mCode(nullptr), mSize(0) {
           value = reinterpret_cast<uintptr_t>(target) -
                   reinterpret_cast<uintptr_t>(field + 4);
           break;
-        case Import::kImportFunctionPtr:
-          value = reinterpret_cast<uintptr_t>(target);
-          break;
         case Import::kImportGlobal32: {
           unsigned size = 8;
           module->mGlobals.GetEntry(import.mName, size);
@@ -132,15 +128,10 @@ LoadedCode::LoadedCode(Ref<CodeModule> module) : mCode(nullptr), mSize(0) {
           value += reinterpret_cast<uintptr_t>(storage.data());
           break;
         }
-        case Import::kImportStringLiteral:
-          value = reinterpret_cast<uintptr_t>(
-              NewStringStorage(name.c_str(), name.size(), kEncodingUTF8));
-          break;
         default:
           ADD_FAILURE() << "unexpected import kind " << import.mType;
       }
-      if (!target && (import.mType == Import::kImportCall32 ||
-                      import.mType == Import::kImportFunctionPtr))
+      if (!target && import.mType == Import::kImportCall32)
         ADD_FAILURE() << "unresolved " << name;
       memcpy(field, &value, 4);
     }

@@ -76,9 +76,8 @@ Ref<CodeModule> GenerateIA32(TacProgram& program,
                              RecordingDelegate* delegate = nullptr);
 
 // The module's functions in executable memory. Imports are resolved here:
-// calls and function pointers against the module's own functions and then
-// the test runtime table, globals against zeroed storage per name, string
-// literals against fresh string storages.
+// calls against the module's own functions and then the test runtime table,
+// globals against zeroed storage per name.
 class LoadedCode {
  public:
   explicit LoadedCode(Ref<CodeModule> module);
@@ -102,6 +101,25 @@ std::map<std::string, void*>& TestRuntimeTable();
 
 // The bytes of one generated function.
 Bytes FunctionBytes(Ref<CodeModule> module, std::string const& name);
+
+// f(a) or f(a, b) returns `op a` or `a op b`, of the given types.
+inline std::unique_ptr<LoadedCode> OperationFunction(
+    TacOpcode op, std::vector<SimpleDataType> const& operands, SimpleDataType r,
+    CGIA32Options const& options = CGIA32Options()) {
+  TacProgram p;
+  long f = p.Frame("f");
+  std::vector<TacAddr const*> params;
+  for (size_t i = 0; i < operands.size(); i++)
+    params.push_back(p.Local(f, i ? "b" : "a", IRDataType(operands[i])));
+  TacAddr const* z = p.Local(f, "r", IRDataType(r));
+  p.Enter("f", f);
+  p.Params(params);
+  p.Line(op, params[0], params.size() > 1 ? params[1] : nilTacAddr, z);
+  p.Line(kTacLeave, z);
+  Ref<CodeModule> module = GenerateIA32(p, options);
+  EXPECT_TRUE(module);
+  return std::unique_ptr<LoadedCode>(new LoadedCode(module));
+}
 
 // Calls `function` (no arguments, an Int32 result) with EBP set to
 // `frameBase`, so that the frame chain the generated code starts ends

@@ -15,8 +15,6 @@ namespace {
 
 typedef long long i64;
 typedef unsigned long long u64;
-typedef stringStorage* S;
-typedef RuntimeObject* O;
 
 }  // namespace
 
@@ -34,7 +32,6 @@ std::map<std::string, void*>& TestRuntimeTable() {
       QUORL_ENTRY("ShiftRightInt64", i64, (i64 a, long n), a >> n)
       QUORL_ENTRY("MulCurrency", i64, (i64 a, i64 b), a * b / 10000)
       QUORL_ENTRY("DivCurrency", i64, (i64 a, i64 b), b ? a * 10000 / b : 0)
-      QUORL_ENTRY("Pow", double, (double a, double b), pow(a, b))
       QUORL_ENTRY("CvtSInt32ToReal64", double, (int32_t v), v)
       QUORL_ENTRY("CvtUInt32ToReal64", double, (uint32_t v), (double)(u64)v)
       QUORL_ENTRY("CvtSInt64ToReal64", double, (i64 v), (double)v)
@@ -58,14 +55,6 @@ std::map<std::string, void*>& TestRuntimeTable() {
       QUORL_ENTRY("CvtCurrencyToSInt64", i64, (i64 v), v / 10000)
       QUORL_ENTRY("CvtCurrencyToUInt64", u64, (i64 v), (u64)(v / 10000))
       QUORL_ENTRY("CvtCurrencyToReal64", double, (i64 v), (double)v / 10000.0)
-      QUORL_ENTRY("LockString", void, (S s), LockStringStorage(s))
-      QUORL_ENTRY("UnlockString", void, (S s), UnlockStringStorage(s))
-      QUORL_ENTRY("LockUnlockStrings", void, (S fresh, S old),
-                  (LockStringStorage(fresh), UnlockStringStorage(old)))
-      QUORL_ENTRY("LockObject", void, (O o), RuntimeLockObject(o))
-      QUORL_ENTRY("UnlockObject", void, (O o), RuntimeUnlockObject(o))
-      QUORL_ENTRY("LockUnlockObjects", void, (O fresh, O old),
-                  fresh == old ? void() : (RuntimeLockObject(fresh), RuntimeUnlockObject(old)))
       {"RuntimeRaiseException", reinterpret_cast<void*>(&RuntimeRaiseException)},
       {"RuntimeReraiseException", reinterpret_cast<void*>(&RuntimeReraiseException)},
   };

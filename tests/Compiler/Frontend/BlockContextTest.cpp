@@ -38,32 +38,18 @@ class BlockContextTest : public testing::Test {
 
 }  // namespace
 
-TEST_F(BlockContextTest, DeclarationKindsChooseTheBlockType) {
+TEST_F(BlockContextTest, EnclosingDeclarationsAndWhatIsNoBlock) {
   ClassSymbol widget("Widget");
-  EnumSymbol level("Level", kSInt32Type);
-  StructureSymbol point("Point");
   PropertySymbol width("Width");
   ModuleSymbol shapes("Shapes");
-  struct Case {
-    Symbol* symbol;
-    B::Type type;
-    bool hasExit;
-  } cases[] = {{&mGlobal, B::kModule, true},     {&shapes, B::kModule, false},
-               {&widget, B::kClass, false},      {&point, B::kStructure, false},
-               {&level, B::kEnum, false},        {&width, B::kProperty, false},
-               {&mSub, B::kSub, true},           {&mFunction, B::kFunction, true}};
-  for (Case const& c : cases) {
-    Blocks().Enter(c.symbol);
-    EXPECT_EQ(c.type, Blocks().Top().GetType()) << Std(c.symbol->Name());
-    EXPECT_EQ(c.hasExit, Blocks().Top().HasExitAddr()) << Std(c.symbol->Name());
-    EXPECT_FALSE(Blocks().Top().HasContinueAddr());
-  }
+  for (Symbol* s : std::initializer_list<Symbol*>{&mGlobal, &shapes, &widget, &mFunction, &width})
+    Blocks().Enter(s);
   EXPECT_EQ(&mGlobal, Blocks().Root());
   EXPECT_EQ(&shapes, Blocks().CurrentModule());
   EXPECT_EQ(&widget, Blocks().CurrentClass());
   EXPECT_EQ(&mFunction, Blocks().CurrentMethod());
   EXPECT_EQ(&width, Blocks().CurrentProperty());
-  EXPECT_TRUE(Blocks().Contains(&point));
+  EXPECT_EQ(B::kProperty, Blocks().Top().GetType());
   EXPECT_EQ(0u, mDelegate.mErrors.size());
   Symbol plain("x");  // what is no block is a fault
   EXPECT_ASSERTION(Blocks().Enter(&plain), "");
@@ -72,59 +58,6 @@ TEST_F(BlockContextTest, DeclarationKindsChooseTheBlockType) {
   EXPECT_ASSERTION(Blocks().Enter(B::kSelectCase, nullptr), "");
   EXPECT_ASSERTION(Blocks().Enter(B::kWhile, Name("i")), "");
   EXPECT_ASSERTION(Blocks().Leave(B::kSub), "");
-}
-
-TEST_F(BlockContextTest, FlowBlocksGetFreshLabels) {
-  Blocks().Enter(B::kIf, nullptr);
-  EXPECT_FALSE(Blocks().Top().HasContinueAddr());
-  TacAddr const* ifExit = Blocks().Top().GetExitAddr();
-  EXPECT_ASSERTION(Blocks().Top().GetContinueAddr(), "");
-  Blocks().Enter(B::kDo, nullptr);
-  TacAddr const* doExit = Blocks().Top().GetExitAddr();
-  EXPECT_NE(ifExit, doExit);
-  EXPECT_NE(doExit, Blocks().Top().GetContinueAddr());
-  Blocks().Leave(B::kDo);
-  Blocks().Leave(B::kIf);
-  EXPECT_EQ(0u, Blocks().Depth());
-  EXPECT_EQ(0u, mDelegate.mErrors.size());
-  Blocks().Enter(B::kFor, Name("i"));  // leaving another flow type
-  Blocks().Leave(B::kWhile);
-  ExpectOneError(kErrorSyntax);
-  EXPECT_EQ(0u, Blocks().Depth());
-}
-
-TEST_F(BlockContextTest, MethodEndRecoversBlocksLeftOpen) {
-  Blocks().Enter(&mGlobal);
-  Blocks().Enter(&mSub);
-  Blocks().Enter(B::kIf, nullptr);
-  Blocks().Enter(B::kWhile, nullptr);
-  Blocks().Leave(&mSub);
-  ExpectOneError(kErrorSyntax);
-  EXPECT_EQ(1u, Blocks().Depth());
-  EXPECT_EQ(&mGlobal, Blocks().Top().GetSymbol());
-  Blocks().Leave(&mFunction);  // not open: the stack stays
-  EXPECT_EQ(1u, Blocks().Depth());
-}
-
-TEST_F(BlockContextTest, ExitAndContinueFindTheirBlock) {
-  Blocks().Enter(&mSub);
-  TacAddr const* subExit = Blocks().Top().GetExitAddr();
-  Blocks().Enter(B::kIf, nullptr);
-  EXPECT_EQ(subExit, Blocks().FindExitAddr(B::kAnyBlock, nullptr));
-  Blocks().Enter(B::kWhile, nullptr);
-  TacAddr const* loop = Blocks().Top().GetContinueAddr();
-  Blocks().Enter(B::kFor, Name("i"));
-  TacAddr const* outer = Blocks().Top().GetExitAddr();
-  Blocks().Enter(B::kFor, Name("j"));
-  TacAddr const* inner = Blocks().Top().GetExitAddr();
-  Blocks().Enter(B::kSelectCase, Name("choice"));
-  EXPECT_EQ(inner, Blocks().FindExitAddr(B::kAnyBlock, nullptr));
-  EXPECT_EQ(subExit, Blocks().FindExitAddr(B::kSub, nullptr));
-  EXPECT_EQ(outer, Blocks().FindExitAddr(B::kFor, Name("I")));
-  EXPECT_EQ(inner, Blocks().FindExitAddr(B::kFor, Name("j")));
-  EXPECT_EQ(inner, Blocks().FindExitAddr(B::kFor, nullptr));
-  EXPECT_EQ(loop, Blocks().FindContinueAddr(B::kWhile, nullptr));
-  EXPECT_EQ(0u, mDelegate.mErrors.size());
 }
 
 TEST_F(BlockContextTest, BlocksNotFoundAreReportedWithTheirNames) {
@@ -154,20 +87,4 @@ TEST_F(BlockContextTest, BlocksNotFoundAreReportedWithTheirNames) {
   Blocks().Enter(B::kIf, nullptr);
   EXPECT_EQ(nullptr, Blocks().FindContinueAddr(B::kIf, nullptr));
   ExpectOneError(kErrorBadContinue);
-}
-
-TEST_F(BlockContextTest, SelectExpressionOfTheInnermostSelect) {
-  SemBase* outer = Name("a");
-  SemBase* inner = Name("b");
-  Blocks().Enter(B::kSelectCase, outer);
-  Blocks().Enter(B::kSelectCase, inner);
-  Blocks().Enter(B::kIf, nullptr);
-  EXPECT_EQ(inner, Blocks().TopSelectExpr());
-  Blocks().ClearTopSelectExpr();
-  EXPECT_EQ(nullptr, Blocks().TopSelectExpr());
-  Blocks().Leave(B::kIf);
-  Blocks().Leave(B::kSelectCase);
-  EXPECT_EQ(outer, Blocks().TopSelectExpr());
-  Blocks().Leave(B::kSelectCase);
-  EXPECT_ASSERTION(Blocks().TopSelectExpr(), "");
 }

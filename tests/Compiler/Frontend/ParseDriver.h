@@ -6,7 +6,7 @@
 
 #include <algorithm>
 #include <fstream>
-#include <sstream>
+#include <iterator>
 #include <string>
 #include <utility>
 #include <vector>
@@ -69,13 +69,6 @@ inline ParseOutcome ParseText(std::string const& text, bool withDelegate = true)
   return ParseWith(text, withDelegate ? &delegate : nullptr);
 }
 
-inline std::string ReadFile(std::string const& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::stringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
-
 // The texts of the corpus .bas files, sorted by name.
 inline std::vector<std::string> CorpusTexts() {
   std::vector<std::string> files, texts;
@@ -89,7 +82,10 @@ inline std::vector<std::string> CorpusTexts() {
     closedir(d);
   }
   std::sort(files.begin(), files.end());
-  for (std::string const& file : files) texts.push_back(ReadFile(file));
+  for (std::string const& file : files) {
+    std::ifstream in(file, std::ios::binary);
+    texts.emplace_back(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+  }
   return texts;
 }
 

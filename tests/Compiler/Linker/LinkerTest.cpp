@@ -1,6 +1,5 @@
 // The linker core on modules of hand-made blocks: merging functions, static
-// data and literals, list callers, failures, string tables, dead-code
-// stripping and module merging.
+// data and literals, list callers, and dead-code stripping.
 #include <string.h>
 
 #include <string>
@@ -58,14 +57,6 @@ class TestLinker : public Linker {
   using Linker::mOneCode;
   using Linker::mStaticData;
   using Linker::mStaticDataMap;
-};
-
-// Keeps every failure and cancels when told to.
-struct RecordingLinkerDelegate : LinkerDelegate {
-  bool LinkerProgress() override { return ++mProgressCalls > mCancelAfter; }
-  void LinkerFailed(string const& message) override { mFailures.push_back(Std(message)); }
-  int mProgressCalls = 0, mCancelAfter = 1 << 30;
-  Texts mFailures;
 };
 
 Numbers Entries(StringMapCase<unsigned long>& map, Texts const& names) {
@@ -170,45 +161,6 @@ TEST(LinkerLiteralTest, OneRecordPerTextFromCodeAndStaticData) {
   EXPECT_EQ(2u, linker.mLiterals.Count());
 }
 
-TEST(LinkerServicesTest, StringTablesStubNamesAndAssertions) {
-  ModuleBuilder b;
-  Ref<DataBlock> block = b.mModule->MakeDataBlock();
-  StringMapCase<unsigned long> offsets;
-  Numbers added;
-  for (char const* text : {"one", "two", "one", "One"})
-    added.push_back(Linker::AddStringToBlock(text, block, &offsets));
-  EXPECT_EQ((Numbers{0, 4, 0, 8}), added);
-  EXPECT_EQ(12u, block->Length());
-  EXPECT_STREQ("two", reinterpret_cast<char*>(block->Buffer() + 4));
-  EXPECT_EQ("%__glink.foo", Std(Linker::StubName("foo")));
-  EXPECT_EQ(kEncodingUTF8, Linker::StubName("foo").Encoding());
-  EXPECT_ASSERTION(Linker::StubName(Linker::StubName("foo")), "Assertion failed");
-  TestLinker nothing;
-  EXPECT_ASSERTION(nothing.Link(Ref<CodeModule>(), nullptr), "Assertion failed");
-}
-
-TEST(LinkerServicesTest, OnlyTheFirstFailureIsReportedAndACancelReportsNone) {
-  ModuleBuilder b;
-  b.Function("% main", 1);
-  RecordingLinkerDelegate delegate;
-  TestLinker linker;
-  linker.Link(b.mModule, &delegate);
-  linker.LinkError(3, "bad thing");
-  linker.LinkError(4, "worse thing");
-  EXPECT_TRUE(linker.LinkCancelled());
-  EXPECT_EQ(Texts{"Linker failed with error #3 bad thing"}, delegate.mFailures);
-  ModuleBuilder c;
-  c.Function("% main", 1);
-  c.Function("f", 1);
-  RecordingLinkerDelegate cancelling;
-  cancelling.mCancelAfter = 1;
-  TestLinker cancelled;
-  EXPECT_FALSE(cancelled.Link(c.mModule, &cancelling));
-  EXPECT_TRUE(cancelled.LinkCancelled());
-  cancelled.LinkError(1, "after the cancel");
-  EXPECT_TRUE(cancelling.mFailures.empty());
-}
-
 TEST(StripDeadCodeTest, WhatMainCannotReachGoesWithItsGlobalsAndInitializers) {
   ModuleBuilder b;
   BuildProgram(b);
@@ -227,41 +179,3 @@ TEST(StripDeadCodeTest, WhatMainCannotReachGoesWithItsGlobalsAndInitializers) {
   EXPECT_EQ(1u, b.mModule->mFinalizers.Count());
 }
 
-TEST(StripDeadCodeTest, ACancelLeavesTheModuleUntouchedAndFaultsAreAssertions) {
-  ModuleBuilder b;
-  BuildProgram(b);
-  RecordingLinkerDelegate delegate;
-  delegate.mCancelAfter = 0;
-  Linker::StripDeadCode(b.mModule, &delegate);
-  EXPECT_EQ(5u, b.mModule->mFunctions.size());
-  EXPECT_EQ(2u, b.mModule->mGlobals.Count());
-  ModuleBuilder twice;
-  twice.Function("% main", 1);
-  twice.Function("% main", 1);
-  EXPECT_ASSERTION(Linker::StripDeadCode(twice.mModule, nullptr), "Assertion failed");
-  ModuleBuilder unknown;
-  unknown.Function("% main", 4)->MarkImportAbsolute(Import::kImportGlobal32, "Nowhere", 0);
-  EXPECT_ASSERTION(Linker::StripDeadCode(unknown.mModule, nullptr), "unknown global Nowhere");
-}
-
-TEST(MergeModulesTest, BlocksAreCopiedAndTablesAddedUp) {
-  ModuleBuilder dest, source;
-  dest.Function("% main", 1);
-  dest.mModule->mGlobals.AddEntry("A", 4);
-  FunctionBlock* f = source.Function("f", 3);
-  f->MarkImportAbsolute(Import::kImportCall32, "g", 0);
-  source.Static("S", 2);
-  source.mModule->mGlobals.AddEntry("B", 8);
-  source.mModule->mInitializers.AddEntry("B", "B.init");
-  source.mModule->mRequiredFrameworks.Add("Kit");
-  Linker::Merge(dest.mModule, source.mModule);
-  EXPECT_EQ((Texts{"% main", "f"}), Names(dest.mModule->mFunctions));
-  EXPECT_NE(f, dest.mModule->mFunctions[1]);
-  EXPECT_EQ(1u, dest.mModule->mFunctions[1]->mImports.size());
-  EXPECT_EQ(Texts{"S"}, Names(dest.mModule->mStaticData));
-  EXPECT_EQ(2u, dest.mModule->mGlobals.Count());
-  EXPECT_TRUE(dest.mModule->mInitializers.HasEntry("B"));
-  EXPECT_TRUE(dest.mModule->mRequiredFrameworks.Contains("Kit"));
-  Linker::Merge(dest.mModule, Ref<CodeModule>());
-  EXPECT_EQ(2u, dest.mModule->mFunctions.size());
-}

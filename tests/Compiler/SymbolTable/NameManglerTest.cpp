@@ -1,4 +1,4 @@
-// Link names: qualification, designators, signatures and type codes.
+// Link names: type codes and the designators of parameter roles.
 #include <gtest/gtest.h>
 
 #include "../CompilerTestSupport.h"
@@ -7,32 +7,9 @@
 
 namespace {
 
-MethodSymbol* Method(char const* name, IRDataType result = IRDataType()) {
-  return new MethodSymbol(name, result);
-}
-
 ParameterSymbol* Param(IRDataType type, ParameterSymbol::Role role =
                                             ParameterSymbol::kNormalParameter) {
   return new ParameterSymbol("p", type, role);
-}
-
-TEST(NameMangler, QualifiedNames) {
-  EXPECT_EQ("A.B.X", Std(QualifyName("A.B", "X")));
-  EXPECT_EQ("A.B.=C", Std(AddDesignatorToName("A.B.C", "=")));
-  EXPECT_EQ("=C", Std(AddAssignsDesignatorToName("C")));
-  EXPECT_EQ("C:I", Std(AddInterfaceToClassName("C", "I")));
-  EXPECT_EQ("~C", Std(MakeOldDestructorBaseName("C")));
-  EXPECT_EQ("C.__Lookup%x%", Std(ClassLookupFunctionLinkName("C")));
-}
-
-TEST(NameMangler, SignaturePieces) {
-  IRDataType int32(kSInt32Type);
-  EXPECT_EQ("Foo%i4%s", Std(AddReturnTypeDescriptionToName("Foo%%s", int32)));
-  EXPECT_EQ("Foo%i4%", Std(AddReturnTypeDescriptionToName("Foo", int32)));
-  EXPECT_EQ("Foo%%", Std(AddReturnTypeDescriptionToName("Foo", IRDataType())));
-  EXPECT_EQ("Foo%%s",
-            Std(AddParameterDescriptionToName("Foo", IRDataType(kStringType))));
-  EXPECT_EQ("Foo%%si4", Std(AddParameterDescriptionToName("Foo%%s", int32)));
 }
 
 TEST(NameMangler, TypeCodes) {
@@ -57,27 +34,14 @@ TEST(NameMangler, TypeCodes) {
   struct { SimpleDataType type; char const* code; } more[] = {
       {kColorType, "c"}, {kVariantType, "v"}, {kClassType, "x"}, {kPtrType, "p"}};
   for (auto& r : more) EXPECT_EQ(r.code, Std(TypeCode(IRDataType(r.type))));
-  char buffer[64];
-  char* end = RawTypeCode(buffer, shade.InstanceType().AsArray(1));
-  EXPECT_EQ("A1i4<Colors.Shade>", std::string(buffer, end));
 }
 
-TEST(NameMangler, MethodLinkNames) {
-  ClassSymbol c("C");
-  c.mLinkName = "C";
-  std::unique_ptr<MethodSymbol> function(Method("Foo", IRDataType(kSInt32Type)));
-  EXPECT_EQ("Foo%i4%", Std(MangledMethodName(function.get(), "")));
-  std::unique_ptr<MethodSymbol> bar(Method("Bar"));
-  ParameterSymbol* self = ParameterSymbol::NewImplicitSelf();
-  self->SetType(c.InstanceType());
-  bar->AddParameter(self);
-  bar->AddParameter(Param(IRDataType(kSInt32Type)));
-  EXPECT_EQ("C.Bar%%o<C>i4", Std(MangledMethodName(bar.get(), "C")));
-  std::unique_ptr<MethodSymbol> ext(Method("Foo"));
+TEST(NameMangler, DesignatorsOfParameterRoles) {
+  std::unique_ptr<MethodSymbol> ext(new MethodSymbol("Foo"));
   ext->AddParameter(Param(IRDataType(kSInt32Type).AsArray(1),
                           ParameterSymbol::kExtendsParameter));
   EXPECT_EQ("$Foo%%A1i4", Std(MangledMethodName(ext.get(), "")));
-  std::unique_ptr<MethodSymbol> all(Method("V"));
+  std::unique_ptr<MethodSymbol> all(new MethodSymbol("V"));
   all->AddParameter(Param(IRDataType(kSInt32Type),
                           ParameterSymbol::kExtendsParameter));
   all->AddParameter(Param(IRDataType(kSInt32Type).AsArray(1),

@@ -1,4 +1,4 @@
-// The table core: chains, growth, order, iterator locks, dependency marks.
+// The table core: hashing, growth, iterator locks, dependency marks.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -10,20 +10,6 @@
 
 namespace {
 
-std::vector<std::string> ChainNames(SymbolTable const& table, char const* name) {
-  std::vector<std::string> names;
-  LookupSet set = table.Lookup(name);
-  while (set.Next()) names.push_back(Std(set.Value()->Name()));
-  return names;
-}
-
-std::vector<std::string> OrderOf(SymbolTable& table) {
-  std::vector<std::string> names;
-  SymbolTableIterator it(&table);
-  while (it.Next()) names.push_back(Std(it.Value()->Name()));
-  return names;
-}
-
 TEST(SymbolHash, FoldsAsciiCaseOnlyAndWraps) {
   EXPECT_EQ(Symbol::Hash("abc"), Symbol::Hash("ABC"));
   EXPECT_EQ((unsigned long)('A' * 31 * 31 + 'B' * 31 + 'C'),
@@ -33,38 +19,12 @@ TEST(SymbolHash, FoldsAsciiCaseOnlyAndWraps) {
   EXPECT_NE(Symbol::Hash("\xC3\xA9"), Symbol::Hash("\xC3\x89"));
 }
 
-TEST(SymbolTable, NamesDifferingInCaseShareAChainNewestFirst) {
-  SymbolTable table;
-  table.Add(new Symbol("Foo"));
-  table.Add(new Symbol("Bar"));
-  table.Add(new Symbol("FOO"));
-  EXPECT_EQ((std::vector<std::string>{"FOO", "Foo"}), ChainNames(table, "foo"));
-}
-
 TEST(SymbolTable, GrowsOnTheTenthSymbolAndCountsSymbolsNotSlots) {
   SymbolTable table;
   for (int i = 0; i < 9; i++) table.Add(new Symbol(("n" + std::to_string(i)).c_str()));
   EXPECT_EQ(17u, table.IndexSize());
   table.Add(new Symbol("n9"));
   EXPECT_EQ(34u, table.IndexSize());
-}
-
-TEST(SymbolTable, CollidingNamesStayReachableAndOrderSurvivesGrowth) {
-  // 65*31+90 == 66*31+59: one hash, two names.
-  ASSERT_EQ(Symbol::Hash("AZ"), Symbol::Hash("B;"));
-  SymbolTable table;
-  std::vector<std::string> expected;
-  table.Add(new Symbol("AZ"));
-  table.Add(new Symbol("B;"));
-  expected = {"AZ", "B;"};
-  for (int i = 0; i < 40; i++) {
-    std::string name = "s" + std::to_string(i);
-    table.Add(new Symbol(name.c_str()));
-    expected.push_back(name);
-  }
-  EXPECT_EQ(1u, ChainNames(table, "az").size());
-  EXPECT_EQ(1u, ChainNames(table, "B;").size());
-  EXPECT_EQ(expected, OrderOf(table));
 }
 
 TEST(SymbolTableDeathTest, AnIteratorLocksTheTable) {

@@ -55,7 +55,9 @@ class LibraryTest : public ::testing::Test {
       shared = shared || same;
       EXPECT_EQ(arg.first->mRefCount, arg.second + (same ? 1 : 0)) << name;
     }
-    if (result && !shared) EXPECT_EQ(result->mRefCount, 1) << name;
+    if (result && !shared) {
+      EXPECT_EQ(result->mRefCount, 1) << name;
+    }
     return result;
   }
   // The tag of a String result; whether the result is the argument `arg`.

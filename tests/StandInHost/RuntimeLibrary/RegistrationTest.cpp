@@ -1,37 +1,11 @@
-// The names the host serves, and the intrinsics still missing (pinned).
+// The intrinsics still missing (pinned), and calls through the resolver.
 #include "LibraryTestSupport.h"
 
 #include <set>
 
-#include "Common/ObjectModel/RuntimeObjectFoundation.h"
-#include "Common/RuntimeColorFoundation.h"
-#include "Common/RuntimeNumerics.h"
-#include "Common/RuntimeStringFoundation.h"
 #include "Compiler/Intrinsics.h"
 
 namespace {
-
-TEST(HostServesRuntimeLibrary, TheLibraryTableAndEnvironmentHooks) {
-  for (char const* name :
-       {"RuntimeCos", "RuntimeCMY", "RuntimeHSV", "RuntimeRGB", "RuntimeLockString",
-        "RuntimeUnlockString", "RuntimeAddString", "RuntimeStringCompare", "StringToCString",
-        "StringToWString", "UnlockWString", "RuntimeGetStructureString", "readColorHue",
-        "readColorYellow", "readColorRed",
-        // a script under "disableAutoWaitCursor" or "#pragma Debug" calls these
-        "DisableAutoWaitCursor", "EnableAutoWaitCursor", "DebuggerHook"})
-    EXPECT_NE(quorl::ResolveHostName(name), nullptr) << name;
-  for (char const* name : {"StringSplit", "StringJoin", "RuntimeMax", "RuntimeMin"})
-    EXPECT_EQ(quorl::ResolveHostName(name), nullptr) << name << ": waits for arrays";
-}
-
-int Replacement() { return 7; }
-
-TEST(HostServesRuntimeLibrary, ALaterRegistrationReplacesAnEntry) {
-  void* original = quorl::ResolveHostName("StringLen");
-  quorl::RegisterHostFunction("StringLen", reinterpret_cast<void*>(&Replacement));
-  EXPECT_EQ(quorl::ResolveHostName("StringLen"), reinterpret_cast<void*>(&Replacement));
-  quorl::RegisterHostFunction("StringLen", original);
-}
 
 TEST(HostServesIntrinsics, OnlyTheRuntimeStillToComeIsMissing) {
   // Served by the plug-in itself, then the object model, variants, arrays and delegates.
@@ -62,24 +36,12 @@ TEST(HostServesIntrinsics, OnlyTheRuntimeStillToComeIsMissing) {
     EXPECT_TRUE(unserved.count(name)) << name << " is served now: unpin it";
 }
 
-TEST(HostServesIntrinsics, NamesLeadToTheEngineRuntimesFunctions) {
-  std::pair<char const*, void*> rows[] = {
-      {"RuntimeCvtCurrencyToReal64", (void*)&RuntimeCvtCurrencyToReal64},
-      {"RuntimeLockUnlockStrings", (void*)&RuntimeLockUnlockStrings},
-      {"readColorMagenta", (void*)&readColorMagenta},
-      {"RuntimeSign", (void*)&RuntimeSign}, {"rnd", (void*)&rnd}};
-  for (auto const& row : rows) EXPECT_EQ(quorl::ResolveHostName(row.first), row.second) << row.first;
-}
-
 TEST(HostServesIntrinsics, CallsThroughTheResolverUseTheCConvention) {
   EXPECT_EQ(Library<long long(long long, long long)>("RuntimeModSInt64")(-7, 0), 0);
   EXPECT_EQ(Library<long long(long long, long)>("RuntimeShiftLeftInt64")(3, 64), 3);
   EXPECT_EQ(Library<double(unsigned long long)>("RuntimeCvtUInt64ToReal64")(0xFFFFFFFFFFFFFFFFull),
             18446744073709551616.0);
   EXPECT_EQ(Library<long long(double)>("RuntimeCvtReal64ToCurrency")(-0.5), -5000);
-  srnd(1);
-  EXPECT_EQ(Library<double()>("rnd")(), 16807 / 1048576.0) << "Rnd follows the seed";
-  EXPECT_EQ(Library<double()>("rnd")(), 687738 / 1048576.0);
 }
 
 }  // namespace

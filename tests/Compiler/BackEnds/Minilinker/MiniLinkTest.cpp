@@ -1,5 +1,4 @@
 #include <stdio.h>
-#include <string.h>
 
 #include <fstream>
 
@@ -79,50 +78,6 @@ TEST(MiniLinkTest, CodeIsSealedAndUnmappedAndAMissingFunctionFailsTheLink) {
                                      "NoSuchFunction could not be found."},
             failures.mFailures);
   EXPECT_EQ(before, ExecutableDataBlock::LiveMappings());
-}
-
-TEST(MiniLinkTest, CallSitesGetTheirOwnDisplacementsToOneTarget) {
-  ScriptProgram s;
-  s.Call("f", {});
-  s.Call("f", {});
-  s.Finish();
-  s.p.Enter("f", -1);
-  s.p.Line(kTacLeave);
-  Ref<CodeModule> module = s.Generate();
-  FunctionBlock* main = module->mFunctions[0];
-  unsigned long mainLength = main->Length();
-  std::vector<unsigned long> sites = Sites(main, false, "f");
-  ASSERT_EQ(2u, sites.size());
-  std::unique_ptr<RunReadyCode> code = LinkModule(module);
-  ASSERT_TRUE(code);
-  EXPECT_NE(Field(*code, sites[0]), Field(*code, sites[1]));
-  for (unsigned long site : sites)
-    EXPECT_EQ(mainLength, site + 4 + Field(*code, site));
-}
-
-// One reference for the kept string plus one per site.
-TEST(MiniLinkTest, EachLiteralSiteHoldsItsOwnReference) {
-  TestCorrespondent corr;
-  ScriptProgram s;
-  for (int i = 0; i < 3; i++) s.CallGlue("Print", &corr, s.p.Text("again"));
-  s.CallGlue("Print", &corr, s.p.Text("once"));
-  s.Finish();
-  Ref<CodeModule> module = s.Generate();
-  std::vector<unsigned long> sites = Sites(module->mFunctions[0], true);
-  ASSERT_EQ(4u, sites.size());
-  std::unique_ptr<RunReadyCode> code = LinkModule(module);
-  ASSERT_TRUE(code);
-  stringStorage* again = reinterpret_cast<stringStorage*>(Field(*code, sites[0]));
-  EXPECT_EQ(again, reinterpret_cast<stringStorage*>(Field(*code, sites[2])));
-  EXPECT_EQ(4, again->mRefCount);
-  EXPECT_EQ("again", std::string(again->CString(), again->mLength));
-  EXPECT_EQ(kEncodingASCII, again->mEncoding);
-  stringStorage* once = reinterpret_cast<stringStorage*>(Field(*code, sites[3]));
-  EXPECT_EQ(2, once->mRefCount);
-  code->Run(&corr);
-  code->Run(&corr);
-  EXPECT_EQ(8u, corr.mPrinted.size());
-  EXPECT_EQ(4, again->mRefCount);
 }
 
 // The ready code gives back every site's reference, run or not. "tail" comes
@@ -220,4 +175,29 @@ TEST(MiniLinkTest, TheGlobalDataImageIsLaidOutBeforeItIsAddressed) {
   EXPECT_EQ(0x11223344u, image->Get32(32));
   EXPECT_EQ(reinterpret_cast<unsigned long>(image->Buffer()) + 32,
             image->Get32(28));
+}
+
+// count := count + 1 and big := big + 2^32 + 1 each run; both are recorded.
+TEST(RunReadyCodeTest, EveryRunStartsFromTheLinkedGlobals) {
+  TestCorrespondent corr;
+  ScriptProgram s;
+  TacAddr const* count = s.p.Global("Module.count", IRDataType(kSInt32Type));
+  TacAddr const* big = s.p.Global("Module.big", IRDataType(kSInt64Type));
+  TacAddr const* high = s.p.Global("Module.high", IRDataType(kSInt64Type));
+  s.p.Line(kTacAdd, count, s.p.Int(1), count);
+  s.p.Line(kTacAdd, big, s.p.Int64(0x100000001LL), big);
+  s.p.Line(kTacBitShiftRight, big, s.p.Int(32), high);
+  s.p.Line(kTacCvt, high, nilTacAddr, count);
+  s.Record(count);
+  s.p.Line(kTacCvt, big, nilTacAddr, count);
+  s.Record(count);
+  s.Finish();
+  std::unique_ptr<RunReadyCode> code = s.Link();
+  ASSERT_TRUE(code);
+  RecordedValues().clear();
+  code->Run(&corr);
+  code->Run(&corr);
+  EXPECT_EQ((std::vector<long>{1, 1, 1, 1}), RecordedValues());
+  for (unsigned i = 0; i < code->Globals()->Length(); i++)
+    EXPECT_EQ(0u, code->Globals()->Get8(i)) << "byte " << i;
 }

@@ -2,11 +2,9 @@
 #ifndef TESTS_COMPILER_BACKENDS_MINILINKER_MINILINKERTESTSUPPORT_H
 #define TESTS_COMPILER_BACKENDS_MINILINKER_MINILINKERTESTSUPPORT_H
 
-#include <string.h>
 
 #include <memory>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "Compiler/BackEnds/Minilinker/QuorlScriptIntrinsics.h"
@@ -14,29 +12,15 @@
 #include "Compiler/Linker/Linker.h"
 #include "tests/Compiler/BackEnds/GeneratedCode.h"
 
-// Keeps every report of a running script.
+// Keeps what a running script prints and counts its yields.
 class TestCorrespondent : public QuorlScriptCorrespondent {
  public:
-  void ScriptError(RuntimeErrorCode code, unsigned long line) override {
-    mErrors.push_back(std::make_pair(int(code), line));
-  }
   void Print(char const* text, unsigned long length) override {
     mPrinted.push_back(std::string(text, length));
   }
-  char* Input(char const* prompt, unsigned long promptLength,
-              unsigned long* resultLength) override {
-    mPrompts.push_back(std::string(prompt, promptLength));
-    if (mAnswer.empty()) return nullptr;
-    char* answer = new char[mAnswer.size()];
-    memcpy(answer, mAnswer.data(), mAnswer.size());
-    *resultLength = mAnswer.size();
-    return answer;
-  }
   void ScriptYield() override { mYields++; }
 
-  std::vector<std::pair<int, unsigned long>> mErrors;
-  std::vector<std::string> mPrinted, mPrompts;
-  std::string mAnswer;
+  std::vector<std::string> mPrinted;
   int mYields = 0;
 };
 

@@ -59,7 +59,8 @@ CompiledProgram CompileSource(std::string const& text) {
   InitLexer(source.c_str());
   result.status = yyparse();
   TacBlockIterator lines(context->mProgramCode->Code());
-  std::vector<std::string> temps, code;
+  std::vector<std::string> temps;
+  std::vector<std::string>& code = result.code;
   while (lines.Next()) {
     code.push_back(Normalized(TacLineText(lines.Value()).CString(), &temps));
     result.numbered.push_back(std::to_string(lines.Value().mLine) + ": " + code.back());

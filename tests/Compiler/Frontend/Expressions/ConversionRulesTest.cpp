@@ -1,5 +1,5 @@
-// The rules of conversion on their own: common types, and legality with
-// step counts.
+// The rules of conversion between declared types: enums, classes and
+// interfaces, and their common types.
 #include <gtest/gtest.h>
 
 #include "Compiler/Frontend/TypeConversions.h"
@@ -9,30 +9,6 @@ namespace {
 
 IRDataType T(SimpleDataType type) { return IRDataType(type); }
 std::string Text(IRDataType const& type) { return type.ToString().CString(); }
-
-TEST(ConversionRules, LegalityAndSteps) {
-  struct Case { IRDataType to, from; bool legal; int steps; } cases[] = {
-      {T(kSInt32Type), T(kSInt32Type), true, 0},
-      {T(kSInt8Type), T(kReal64Type), true, 1},
-      {T(kStringType), T(kVariantType), true, -1},
-      {T(kVariantType), T(kBooleanType), true, -1},
-      {T(kObjectType), T(kNilType), true, -1},
-      {T(kExternalWStringType), T(kStringType), true, -1},
-      {T(kStringType), T(kSInt32Type), false, -1},
-      {T(kBooleanType), T(kSInt32Type), false, -1},
-      {T(kSInt32Type), T(kNilType), false, -1},
-      {T(kSInt32Type).AsReference(), T(kSInt32Type), true, 7},
-      {T(kSInt32Type).AsReference(), T(kSInt16Type), false, 7},
-      {T(kReal64Type), T(kSInt16Type).AsReference(), true, 1},
-  };
-  for (auto const& c : cases) {
-    int steps = 7;
-    EXPECT_EQ(c.legal, IsLegalConversion(c.to, c.from, &steps)) << Text(c.to) << " " << Text(c.from);
-    if (c.steps >= 0) {
-      EXPECT_EQ(c.steps, steps) << Text(c.to) << " " << Text(c.from);
-    }
-  }
-}
 
 TEST(ConversionRules, EnumsClassesAndInterfaces) {
   EnumSymbol colour("Shade");

@@ -15,10 +15,9 @@ const size_t npos = std::string::npos;
 char const* const kDeclarations =
     "Sub F(x As Integer)\nEnd Sub\nSub F(x As Double)\nEnd Sub\n"
     "Sub G(x As Double)\nEnd Sub\nSub G(x As Single)\nEnd Sub\n"
-    "Sub H(a As Integer = 1, b As Integer = 2)\nEnd Sub\n"
     "Sub P(ParamArray xs As Integer)\nEnd Sub\n"
     "Sub R(ByRef n As Integer)\nEnd Sub\n"
-    "Function Fn() As Integer\nEnd Function\nSub Sb()\nEnd Sub\n";
+    "Function Fn() As Integer\nEnd Function\n";
 
 MethodList List(std::vector<MethodSymbol*> const& methods) {
   MethodList list;
@@ -34,7 +33,6 @@ TEST(Calls, OverloadChoiceAndReasonsWhyNoVariantFits) {
     return SelectAppropriateVariant(List(program.Methods(name)), nullptr, args,
                                     kProhibitFunctionResult, reason);
   };
-  ASSERT_TRUE(select("F", program.Constant(1L), &why));
   EXPECT_EQ(kSInt32Type, select("F", program.Constant(1L), &why)
                              ->GetParameter(0)->GetType().GetMainType());
   EXPECT_EQ(kReal64Type, select("F", program.Constant(1.5), &why)
@@ -46,14 +44,8 @@ TEST(Calls, OverloadChoiceAndReasonsWhyNoVariantFits) {
   MethodSymbol* fn = program.Methods("Fn")[0];
   MethodSymbol* r = program.Methods("R")[0];
   MethodSymbol* p = program.Methods("P")[0];
-  SemBase* three = ConcatList(program.Constant(1L),
-                              ConcatList(program.Constant(2L), program.Constant(3L)));
   struct Case { MethodSymbol* method; SemBase* args; FunctionResultMode mode; int reason; } cases[] = {
-      {fn, nullptr, kProhibitFunctionResult, 31},
-      {program.Methods("Sb")[0], nullptr, kRequireFunctionResult, 67},
       {fn, nullptr, kExplicitCall, 0},
-      {program.Methods("H")[0], three, kProhibitFunctionResult, 6},
-      {r, nullptr, kProhibitFunctionResult, 7},
       {r, program.Variable("String"), kProhibitFunctionResult, 9},
       {p, nullptr, kProhibitFunctionResult, 0},
       {p, ConcatList(program.Constant(1L), program.Constant(2L)), kProhibitFunctionResult, 0},
@@ -65,29 +57,6 @@ TEST(Calls, OverloadChoiceAndReasonsWhyNoVariantFits) {
   EXPECT_FALSE(SelectAppropriateVariant(List({fn, r}), nullptr, nullptr,
                                         kProhibitFunctionResult, &why));
   EXPECT_EQ(kErrorNotEnoughArguments, why);
-}
-
-TEST(Calls, EmittedCalls) {
-  DeclaredProgram program(kDeclarations);
-  std::string listing = DeclaredProgram::Listing(
-      CompileCall(program.Methods("H")[0], nullptr, program.Constant(7L)));
-  EXPECT_NE(npos, listing.find("PutParam        2 As Int32\n")) << listing;
-  EXPECT_LT(listing.find("PutParam        7 As Int32\n"), listing.find("PutParam        2"));
-  EXPECT_NE(npos, listing.find("Call            \"H"));
-  EXPECT_TRUE(program.ErrorCodes().empty());
-  SemBase* code = CompileCall(program.Methods("Fn")[0], nullptr, nullptr);
-  EXPECT_EQ(kSInt32Type, code->GetType().GetMainType());
-  EXPECT_NE(npos, DeclaredProgram::Listing(code).find("Call            \"Fn%i4%\" As String -> "));
-  MethodSymbol* r = program.Methods("R")[0];
-  CompileCall(r, nullptr, program.Constant(3L));
-  EXPECT_EQ(std::vector<int>({21}), program.ErrorCodes());
-  listing = DeclaredProgram::Listing(CompileCall(r, nullptr, program.Variable("Integer")));
-  EXPECT_NE(npos, listing.find("Varptr")) << listing;
-  EXPECT_LT(listing.find("Varptr"), listing.find("PutParam"));
-  CompileCall(r, nullptr, program.Variable("Int16"));
-  EXPECT_EQ(std::vector<int>({21, 2}), program.ErrorCodes());
-  EXPECT_TRUE(FilterCallTargets(program.Constant(4L))->Code());
-  EXPECT_EQ(std::vector<int>({21, 2, 15}), program.ErrorCodes());
 }
 
 TEST(Calls, MethodsOfClasses) {

@@ -1,9 +1,6 @@
 // Where the statements of one body (the main body or a method) stand in a
-// listing: Enter line, prologue (main: runtime start and "% initialize";
-// method: parameter fetches, zeroing, locks, stack probe, wait cursor,
-// Baseref), statements, exit label, epilogue with the function-wide
-// exception handler, then Stop or Leave. Lines come without their source
-// line column; blanks between columns may be one or many.
+// listing of squeezed lines: Enter, prologue, statements, exit label,
+// epilogue with the function-wide exception handler, then Stop or Leave.
 #ifndef TESTS_COMPILER_FRONTEND_STATEMENTS_LISTINGSECTIONS_H
 #define TESTS_COMPILER_FRONTEND_STATEMENTS_LISTINGSECTIONS_H
 

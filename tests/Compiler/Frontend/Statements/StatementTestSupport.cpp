@@ -1,9 +1,5 @@
 #include "StatementTestSupport.h"
 
-#include <sstream>
-
-#include "Compiler/Frontend/Lexer.h"
-#include "Compiler/Frontend/ParserSupport.h"
 #include "Compiler/Frontend/SrcContext.h"
 #include "Compiler/Miner/DeclarationParser.h"
 #include "Compiler/Miner/Miner.h"
@@ -14,34 +10,15 @@
 #include "Compiler/compiler.h"
 #include "Compiler/datatypes.h"
 
-struct StatementRecorder : public CompilerDelegate {
+struct StatementRecorder final : public CompilerDelegate {
   int CompilerError(CompileError error) override {
-    mErrors.push_back(std::make_pair(int(error.Type()), error.Location().mStartLine));
+    mCodes.push_back(int(error.Type()));
     return 0;
   }
-  ErrorList mErrors;
+  std::vector<int> mCodes;
 };
 
 namespace {
-
-std::vector<int> Codes(ErrorList const& errors) {
-  std::vector<int> codes;
-  for (auto const& e : errors) codes.push_back(e.first);
-  return codes;
-}
-
-SrcContext* Declare(std::string const& source, GlobalSymbolTable* global,
-                    StatementRecorder* recorder) {
-  if (UnitSymbolTable* unit = ParseDeclarations("", source.c_str(), recorder)) {
-    global->MergeUnitSymbols(unit, "");
-    delete unit;
-  }
-  ResolveDeclarations(global);
-  SrcContext* context = new SrcContext;
-  context->mDelegate = recorder;
-  context->blocks.Enter(global);
-  return context;
-}
 
 std::vector<MethodSymbol*> ToVector(MethodList const& found) {
   std::vector<MethodSymbol*> out;
@@ -52,60 +29,17 @@ std::vector<MethodSymbol*> ToVector(MethodList const& found) {
 
 }  // namespace
 
-CompiledProgram CompileProgramText(std::string const& text, LanguageOptions options) {
-  std::string source = text + "\n";
-  StatementRecorder recorder;
-  GlobalSymbolTable global;
-  SrcContext* context = Declare(source, &global, &recorder);
-  context->mOptions = options;
-  InitLexer(source.c_str());
-  CompiledProgram out;
-  out.status = yyparse();
-  out.listing = std::string(ListTacBlock(*context->mProgramCode->Code()).CString());
-  delete context;
-  out.errors = recorder.mErrors;
-  return out;
-}
-
-std::vector<std::string> CompiledProgram::Lines() const {
-  std::vector<std::string> lines;
-  std::istringstream in(listing);
-  for (std::string line; std::getline(in, line);) {
-    size_t at = line.find_first_not_of(" \t");  // past the source line column
-    at = at == std::string::npos ? at : line.find_first_of(" \t", at);
-    at = at == std::string::npos ? at : line.find_first_not_of(" \t", at);
-    size_t end = line.find_last_not_of(" \t");
-    lines.push_back(at == std::string::npos ? "" : line.substr(at, end - at + 1));
-  }
-  return lines;
-}
-
-int CompiledProgram::Count(std::string const& text) const {
-  int n = 0;
-  for (std::string const& line : Lines()) n += line.find(text) != std::string::npos;
-  return n;
-}
-
-int CompiledProgram::Find(std::string const& text, int from) const {
-  std::vector<std::string> lines = Lines();
-  for (int i = from; i < int(lines.size()); i++)
-    if (lines[i].find(text) != std::string::npos) return i;
-  return -1;
-}
-
-std::vector<int> CompiledProgram::ErrorCodes() const { return Codes(errors); }
-
-listing::Section CompiledProgram::Body(std::string const& name) const {
-  return listing::FindBody(Lines(), name);
-}
-
-std::vector<std::string> CompiledProgram::Statements(std::string const& name) const {
-  return listing::Statements(Lines(), name);
-}
-
 DeclaredProgram::DeclaredProgram(std::string const& text)
     : mGlobal(new GlobalSymbolTable), mRecorder(new StatementRecorder) {
-  mContext = Declare(text + "\n", mGlobal, mRecorder);
+  std::string source = text + "\n";
+  if (UnitSymbolTable* unit = ParseDeclarations("", source.c_str(), mRecorder)) {
+    mGlobal->MergeUnitSymbols(unit, "");
+    delete unit;
+  }
+  ResolveDeclarations(mGlobal);
+  mContext = new SrcContext;
+  mContext->mDelegate = mRecorder;
+  mContext->blocks.Enter(mGlobal);
 }
 
 DeclaredProgram::~DeclaredProgram() {
@@ -163,4 +97,4 @@ std::string DeclaredProgram::Listing(SemBase* code) {
   return std::string(ListTacBlock(*code->Code()).CString());
 }
 
-std::vector<int> DeclaredProgram::ErrorCodes() const { return Codes(mRecorder->mErrors); }
+std::vector<int> DeclaredProgram::ErrorCodes() const { return mRecorder->mCodes; }

@@ -1,33 +1,21 @@
 ' Top-level statements: declarations, assignments, calls, labels.
-Dim a As Integer
 Dim b, c As Double = 1.5
 Dim d(), e(3) As Integer
 Dim f(2, 3) As String, g As Boolean = True
 Dim h As New Widget
 Dim k As New Widget(1, "two")
 Dim m As Outer.Shapes.Circle
-Dim n() As Integer
-Dim q(2, 2) As Double
 Static counter As Integer = 0
 Const kLimit = 10
-Const kName = "limit"
-Const kNegative = -5
-Const kReal = -2.5
 Const kRed = &cFF0000
 Const kAlias = kLimit
 Const kNothing = Nil
-Const kYes = True
-a = 1
 a = b = c
-a(1) = 2
 a(x = 1) = 2
 Me.x = 1
 a.b(2).c = 1
 Self.Value = 3
 Super.Reset
-x = -a ^ 2 + (b - c) * d / e \ f Mod g
-x = Not a = b And c Or d Xor e
-x = a <> b Or a <= b Or a >= b Or a < b Or a > b
 x = obj Is Nil Or obj IsA Widget
 x = New Widget
 x = New Widget(1, 2)
@@ -42,9 +30,7 @@ x = "quoted ""word""" + \"escaped\tline\n"
 x = &c00FF00
 x = ()
 x = (a, b)
-Print "hello"
 Print("hello")
-Print a, b
 DoIt
 obj.Method 1, 2
 obj.Method(1)
@@ -54,9 +40,7 @@ RaiseEvent Changed 1, 2
 Redim d(10)
 Redim obj.items(5, 5)
 Raise New RuntimeException
-GoTo done
 Return
-done:
 Declare Sub Beep Lib "libc"
 Declare Function Ticks Lib "libc" Alias "ticks" () As Integer
 Declare Function Puts Lib LibName (s As CString) As Integer Inline68k("0000")
