@@ -60,14 +60,33 @@ bool IsStructure(TacAddr const* addr) {
   return addr->mType.GetMainType() == kStructureType;
 }
 
-// A structure operand may be the whole of which the zeroed value is a part.
+// A block's variable and its shadow in the enclosing scope are two
+// operands for one home, so operands are compared by their storage.
+bool SameHome(TacAddr const* a, TacAddr const* b) {
+  if (a == b) return true;
+  if (a->IsConstant() || b->IsConstant() || a == nilTacAddr || b == nilTacAddr)
+    return false;
+  if (a->GetStorageClass() != b->GetStorageClass()) return false;
+  if (a->GetStorageClass() == kGlobalDataStorage) return a->LinkID() == b->LinkID();
+  if (a->GetStorageClass() != kStackDataStorage) return true;
+  unsigned long aStart = a->StorageOffset(), bStart = b->StorageOffset();
+  return aStart < bStart + b->mType.StorageSize() &&
+         bStart < aStart + a->mType.StorageSize();
+}
+
+// A structure operand may be the whole of which the zeroed value is a
+// part. Only a write to exactly the zeroed home covers it.
 Fate FateAfter(TacLine const& line, TacAddr const* zeroed) {
   if (EndsTheView(line.opcode)) return kKeep;
   if (IsStructure(line.opA) || IsStructure(line.opB) || IsStructure(line.result))
     return kKeep;
-  if (line.opA == zeroed || line.opB == zeroed) return kKeep;
-  if (line.result == zeroed) return kOverwritten;
-  return kUndecided;
+  if (SameHome(line.opA, zeroed) || SameHome(line.opB, zeroed)) return kKeep;
+  if (!SameHome(line.result, zeroed)) return kUndecided;
+  bool whole = line.result->GetStorageClass() == zeroed->GetStorageClass() &&
+               (zeroed->GetStorageClass() == kGlobalDataStorage ||
+                line.result->StorageOffset() == zeroed->StorageOffset()) &&
+               line.result->mType.StorageSize() == zeroed->mType.StorageSize();
+  return whole ? kOverwritten : kKeep;
 }
 
 bool OverwrittenBeforeRead(TacLine const* zero) {

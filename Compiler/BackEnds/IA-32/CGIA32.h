@@ -184,6 +184,21 @@ class CGIA32 : public CodeGenerator, public IA32OpWriter {
   void CallRuntime(unsigned int functionID, TacAddr const* a,
                    TacAddr const* b, TacAddr const* result);
 
+  // ---- the pool of floating constants (CGIA32Constants.cpp), for an
+  // optimized function.
+  struct ConstantReference {
+    unsigned long mField;  // offset of the 32-bit field in the function
+    unsigned long mSlot;
+  };
+  // The slot of the constant's bits, shared by equal constants.
+  unsigned long ConstantSlot(TacAddr const* constant);
+  // The last four bytes written are an absolute field for `slot`.
+  void ReferToConstant(unsigned long slot);
+  // The body moved by `distance` bytes (the prologue went in front).
+  void MoveConstantReferences(unsigned long distance);
+  // Appends the pool and fills the fields that read it.
+  void EmitConstantPool();
+
   // ---- structures (CGIA32Memory.cpp)
   void CopyStructure(int dest, int src, unsigned int bytes, int scheme);
 
@@ -284,6 +299,8 @@ class CGIA32 : public CodeGenerator, public IA32OpWriter {
   long mNextLocalLabel;
   // The Boolean whose value the flags hold for the current line, and the
   // one the line under way leaves in them (nilTacAddr for none).
+  SimpleVector<unsigned long long> mConstantPool;
+  SimpleVector<ConstantReference> mConstantReferences;
   TacAddr const* mFlagsHold;
   TacAddr const* mFlagsLeft;
   // Callee-saved registers the prologue saved; nothing may add to them

@@ -56,6 +56,8 @@ void CGIA32::BeginFunction(string const& name) {
   mObjectBaseOffset = 0;
   mCallingConvention = 0;
   mNextLocalLabel = 0;
+  mConstantPool.deleteAll();
+  mConstantReferences.deleteAll();
   ResetRegisters();
   for (int reg = 0; reg < kRegisterCount; reg++) mSavedRegisters[reg] = false;
 }
