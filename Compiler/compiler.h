@@ -49,6 +49,10 @@ class Compiler {
   // When set, receives the listing of the program's three-address code
   // once the front end has succeeded: the developer's view of a compile.
   string* mTacListing;
+  // Run the optimizing passes and let the back end generate its faster
+  // forms; on unless the caller asks for the code exactly as written. The
+  // listing shows the code after the passes.
+  bool mOptimize;
 
  private:
   Compiler(Compiler const&) = delete;
