@@ -33,6 +33,16 @@ struct HostProperty {
 
 typedef void* RuntimeEntry;
 
+// The detail of the compile error being reported, for hosts that take more
+// than the number and the line. Lines and columns count from 1; 0 unknown.
+struct CompileErrorDetail {
+  bool mValid = false;
+  int mNumber = 0;
+  string mMessage;
+  unsigned long mLine = 0;
+  unsigned long mColumn = 0;
+};
+
 class QuorlScriptInterface : public QuorlScriptCorrespondent,
                              public CompilerDelegate {
  public:
@@ -69,6 +79,10 @@ class QuorlScriptInterface : public QuorlScriptCorrespondent,
   void ScriptError(RuntimeErrorCode code, unsigned long line) override;
   void ScriptYield() override;
 
+  // Asks the run in progress to stop at its next yield; nothing when no
+  // run is in progress. Safe from any thread while this object lives.
+  void RequestStop();
+
   // Drops the ready code, so that the next run compiles again. Every
   // operation that can change what the code means calls it first.
   void ForceCompile();
@@ -78,6 +92,9 @@ class QuorlScriptInterface : public QuorlScriptCorrespondent,
   void const* Context() const { return mContext; }
   SimpleVector<HostMethod> const& HostMethods() const { return mHostMethods; }
   SimpleVector<HostProperty> const& HostProperties() const { return mHostProperties; }
+  // The detail of the compile error now being reported; mValid is false
+  // for a report that came without one.
+  CompileErrorDetail const& PendingCompileError() const { return mPendingError; }
 
   // The runtime's fourteen entry words, filled when the runtime is installed.
   RuntimeEntry mRuntimeStringCompare = nullptr;
@@ -114,6 +131,9 @@ class QuorlScriptInterface : public QuorlScriptCorrespondent,
   void const* mContext = nullptr;
   SimpleVector<HostMethod> mHostMethods;
   SimpleVector<HostProperty> mHostProperties;
+  CompileErrorDetail mPendingError;
+  // A ScriptStopState; written by other threads.
+  volatile long mStopWord = 0;
 };
 
 #endif

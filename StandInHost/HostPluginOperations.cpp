@@ -31,13 +31,16 @@ double VELDGetQuorlVersion() { return Host().options.version; }
 
 int VELDinRuntime() { return Host().options.inRuntime ? 1 : 0; }
 
-// Called from generated code: the hook's exception must not unwind it.
+// Called from generated code: the hook's exception must not unwind it. It
+// stops the script instead, and the Run() that ends rethrows it.
 void VELDYieldToQuorl() {
   if (!Host().options.yieldHook) return;
   try {
     Host().options.yieldHook();
   } catch (...) {
     RecordCallbackFailure(std::current_exception());
+    VELDObject running = CurrentScriptInstance();
+    if (running && Host().engine) Host().engine->mRequestStop(running);
   }
 }
 

@@ -15,6 +15,9 @@ TacAddr const* AppendCondition(SemBase* cond, SemBase* code, bool filtered);
 // Appends `body`, the continue label and, while background tasks are on,
 // the yield to the host: every iteration yields at its Continue point.
 void GenerateLoopBody(SemBase* code, SemBase* body, TacAddr const* continueAt);
+// The yield to the host, while background tasks are on: in each loop
+// iteration, before each GoTo and at each function's entry.
+void EmitYield(SemBase* code);
 // `Next x` must name the loop's variable: compile error 47 otherwise.
 void MatchLoopCounters(SemBase* nextVar, SemBase* loopVar);
 // Branch and label lines.
