@@ -1,5 +1,6 @@
 // `expr.name`: the member of a module, a class, an object or a built-in
 // type, and extension methods as the last resort.
+#include "Compiler/Frontend/Classes.h"
 #include "Compiler/Frontend/Expressions.h"
 #include "Compiler/Frontend/Lexer.h"
 #include "Compiler/Frontend/MemberAccess.h"
