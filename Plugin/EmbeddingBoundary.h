@@ -94,9 +94,11 @@ struct QuorlEngineOperations {
   int32_t (*mDescribeDeclaration)(char const* declaration,
                                   QuorlSignature* signature);
   // Registers a host function for the instance's scripts, callable without
-  // a context object; it stays across changes of Context.
-  void (*mAddHostFunction)(VELDObject instance, void* entry,
-                           char const* declaration);
+  // a context object; it stays across changes of Context. The function is
+  // called as entry(data, arguments...): `data` is passed silently first.
+  // Answers kQuorlCallDone, or kQuorlBadDeclaration.
+  int32_t (*mAddHostFunction)(VELDObject instance, void* entry, void* data,
+                              char const* declaration);
   // Raises an exception of the named class (a script exception class, such
   // as "RuntimeException") with the message in the script that called the
   // host function now running. The host function must return at once; its

@@ -19,11 +19,24 @@ void RaiseScriptException(char const* className, char const* message) {
                       string(message));
 }
 
+// A declaration that does not read is refused here, at registration.
+int32_t AddHostFunction(VELDObject instance, void* entry, void* data,
+                        char const* declaration) {
+  QuorlSignature signature;
+  if (!instance || !entry ||
+      DescribeHostDeclaration(declaration, &signature) != kQuorlCallDone)
+    return kQuorlBadDeclaration;
+  QuorlScriptData* me = QuorlScriptDataOf(instance);
+  if (!me->mInterface) return kQuorlNotCompiled;
+  me->mInterface->RegisterHostFunction(entry, data, declaration);
+  return kQuorlCallDone;
+}
+
 QuorlEngineOperations const kOperations = {
     sizeof(QuorlEngineOperations),
     RequestStop,
-    nullptr,
-    nullptr,
+    DescribeHostDeclaration,
+    AddHostFunction,
     RaiseScriptException,
     nullptr,
 };

@@ -63,6 +63,18 @@ void QuorlScriptInterface::RegisterHostProperty(void* getter, void* setter,
   mHostProperties.push_back(property);
 }
 
+void QuorlScriptInterface::RegisterHostFunction(void* entry, void* data,
+                                                char const* declaration) {
+  ForceCompile();
+  QASSERT_TEXT(entry, "entrypoint");
+  QASSERT_TEXT(declaration, "declaration");
+  HostFunction function;
+  function.mEntry = entry;
+  function.mData = data;
+  function.mDeclaration = string(declaration);
+  mHostFunctions.push_back(function);
+}
+
 void QuorlScriptInterface::ClearHostCallbacks() {
   ForceCompile();
   mHostMethods.deleteAll();

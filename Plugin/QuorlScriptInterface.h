@@ -23,6 +23,14 @@ struct HostMethod {
   string mDeclaration;
 };
 
+// A host function that needs no context object: it gets its data word
+// silently as its first argument.
+struct HostFunction {
+  void* mEntry = nullptr;
+  void* mData = nullptr;
+  string mDeclaration;
+};
+
 // A host property callable from scripts through its getter and setter.
 struct HostProperty {
   void* mGetter = nullptr;
@@ -43,6 +51,13 @@ struct CompileErrorDetail {
   unsigned long mColumn = 0;
 };
 
+struct QuorlSignature;
+
+// Reads a host function's declaration as a compilation will, and gives the
+// types of its result and parameters; kQuorlBadDeclaration when it does not
+// read.
+int32_t DescribeHostDeclaration(char const* declaration, QuorlSignature* signature);
+
 class QuorlScriptInterface : public QuorlScriptCorrespondent,
                              public CompilerDelegate {
  public:
@@ -58,6 +73,8 @@ class QuorlScriptInterface : public QuorlScriptCorrespondent,
   virtual void RegisterHostProperty(void* getter, void* setter, long parameter,
                                     char const* declaration);
   virtual void ClearHostCallbacks();
+  // Host functions stay when the context changes; these are the host's own.
+  void RegisterHostFunction(void* entry, void* data, char const* declaration);
   // Compiles the source into ready code, if there is a source and no ready
   // code yet. Errors go out as CompilerError reports.
   virtual void Precompile();
@@ -123,6 +140,7 @@ class QuorlScriptInterface : public QuorlScriptCorrespondent,
   Ref<CodeModule> CompileSource(StringMap<void*>* functionTable, string* listing);
   void EncodeHostMethods(ModuleSymbol* symbols, StringMap<void*>* table);
   void EncodeHostProperties(ModuleSymbol* symbols, StringMap<void*>* table);
+  void EncodeHostFunctions(ModuleSymbol* symbols, StringMap<void*>* table);
   QuorlScriptInterface& operator=(QuorlScriptInterface const&) = delete;
 
   char* mSourceText = nullptr;
@@ -131,6 +149,7 @@ class QuorlScriptInterface : public QuorlScriptCorrespondent,
   void const* mContext = nullptr;
   SimpleVector<HostMethod> mHostMethods;
   SimpleVector<HostProperty> mHostProperties;
+  SimpleVector<HostFunction> mHostFunctions;
   CompileErrorDetail mPendingError;
   // A ScriptStopState; written by other threads.
   volatile long mStopWord = 0;

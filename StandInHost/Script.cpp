@@ -15,6 +15,8 @@ struct Script::Impl {
   VELDObject instance = nullptr;
   VELDClassDefinition* definition = nullptr;
   ScriptCallbacks callbacks;
+  // The callables of the bindings, which compiled code points at.
+  std::vector<std::shared_ptr<void>> boundFunctions;
 
   void CallMethod(char const* declaration) {
     auto method = reinterpret_cast<VELDInstanceProc>(
@@ -160,6 +162,17 @@ void Script::OnError(ErrorHandler handler) {
 void Script::OnRuntimeError(RuntimeErrorHandler handler) {
   mImpl->callbacks.runtimeError = std::move(handler);
   mImpl->Bind();
+}
+
+void Script::AddBoundFunction(std::string const& nameOrDeclaration,
+                              detail::CppSignature const& signature,
+                              void* entry, std::shared_ptr<void> function) {
+  std::string declaration = detail::CheckedDeclaration(nameOrDeclaration, signature);
+  int32_t status = Host().engine->mAddHostFunction(mImpl->instance, entry,
+                                                   function.get(), declaration.c_str());
+  if (status != kQuorlCallDone)
+    throw BindingError("the engine refused \"" + declaration + "\"");
+  mImpl->boundFunctions.push_back(std::move(function));
 }
 
 VELDObject Script::Instance() const { return mImpl->instance; }

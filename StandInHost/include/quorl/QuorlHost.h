@@ -23,6 +23,7 @@
 #include <vector>
 
 #include "Plugin/PluginBoundary.h"
+#include "quorl/QuorlBindings.h"
 
 namespace quorl {
 
@@ -58,6 +59,13 @@ class HostException : public Error {
 
  private:
   std::string mClassName;
+};
+
+// A binding refused at registration: its declaration does not read, or does
+// not fit the C++ function.
+class BindingError : public Error {
+ public:
+  using Error::Error;
 };
 
 // Source or Context was set while the script was running.
@@ -289,12 +297,32 @@ class Script {
   // Every error in full, as it happens (see ScriptError).
   void OnError(ErrorHandler handler);
 
+  // Makes a C++ function (a plain function, a lambda, any callable) callable
+  // from this script's code, as a global Sub or Function; it stays when the
+  // context changes. `nameOrDeclaration` is a name ("Twice"), from which the
+  // declaration is derived ("Function Twice(p1 As Integer) As Integer"), or
+  // a whole declaration, which is checked against the C++ signature. Throws
+  // BindingError when the declaration does not read or does not fit. The
+  // types that cross are listed in quorl/QuorlBindings.h. The callable is
+  // kept (copied) as long as this Script lives.
+  template <class F>
+  void AddFunction(std::string const& nameOrDeclaration, F function) {
+    using Bound = typename detail::Callable<std::decay_t<F>>::Bound;
+    auto held = std::make_shared<typename Bound::Function>(std::move(function));
+    AddBoundFunction(nameOrDeclaration, Bound::Signature(),
+                     reinterpret_cast<void*>(&Bound::Entry), held);
+  }
+
   // The host object behind the script, for white-box tests.
   VELDObject Instance() const;
 
   struct Impl;
 
  private:
+  void AddBoundFunction(std::string const& nameOrDeclaration,
+                        detail::CppSignature const& signature, void* entry,
+                        std::shared_ptr<void> function);
+
   std::unique_ptr<Impl> mImpl;
 };
 
