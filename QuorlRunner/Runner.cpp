@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "QuorlRunner/ExitStatus.h"
+#include "QuorlRunner/PowerPCModule.h"
 #include "QuorlRunner/ScriptText.h"
 #include "QuorlRunner/TacDump.h"
 
@@ -87,6 +88,8 @@ int RunScript(RunnerOptions const& options, std::string const& text,
               Console const& console) {
   try {
     if (options.dumpTac) return DumpTac(options, text, console);
+    if (!options.emitObject.empty())
+      return EmitPowerPCModule(options, text, console);
     HostOptions host;
     host.yieldHook = TimeLimitHook(options, console);
     LoadPlugin(options.pluginPath, host);

@@ -167,6 +167,9 @@ class PPCOpWriter {
   void ppc_bctrl() { ppc_bcctrl(kBranchAlways, 0); }
   void ppc_bcctr(int bo, int bi) { ppc_FormXL(19, bo, bi, 0, 528, 0); }
   void ppc_bcctrl(int bo, int bi) { ppc_FormXL(19, bo, bi, 0, 528, 1); }
+  // Condition register bits: bt := ba xor bb, bt := ba eqv bb.
+  void ppc_crxor(int bt, int ba, int bb) { ppc_FormXL(19, bt, ba, bb, 193, 0); }
+  void ppc_creqv(int bt, int ba, int bb) { ppc_FormXL(19, bt, ba, bb, 289, 0); }
 
  protected:
   ~PPCOpWriter() {}

@@ -142,6 +142,8 @@ TEST(PPCOpWriterTest, EveryInstructionMatchesTheAssembler) {
   w.ppc_bctrl();                        add("bctrl");
   w.ppc_bcctr(kBranchIfTrue, 0);        add("bcctr 12, 0");
   w.ppc_bcctrl(kBranchIfFalse, 5);      add("bcctrl 4, 5");
+  w.ppc_crxor(6, 6, 6);                 add("crxor 6, 6, 6");
+  w.ppc_creqv(6, 7, 8);                 add("creqv 6, 7, 8");
   std::string error;
   Words reference = AssemblePPC(texts, &error);
   ASSERT_EQ(texts.size(), reference.size()) << error;
