@@ -10,6 +10,7 @@
 #include "Compiler/BackEnds/Minilinker/QuorlScriptIntrinsics.h"
 #include "PowerPCLoader/CallBridges.h"
 #include "PowerPCLoader/LoadedCode.h"
+#include "PowerPCLoader/NewerFloatInstructions.h"
 #include "PowerPCLoader/RuntimeTable.h"
 
 namespace {
@@ -43,6 +44,7 @@ int Fail(std::string const& message) {
 
 int main(int argc, char** argv) {
   if (argc < 2 || argc > 3) return Fail("usage: quorl-ppc-loader MODULE [NAME]");
+  ppcloader::EmulateNewerFloatInstructions();
   std::string error;
   ppcloader::Module module;
   if (!ppcloader::ReadModuleFile(argv[1], &module, &error)) return Fail(error);

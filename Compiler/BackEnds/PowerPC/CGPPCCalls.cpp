@@ -63,7 +63,8 @@ void CGPPC::PassArgument(TacAddr const* arg, unsigned long* word,
       *reservedFloats |= 1ul << target;
       mReservedFloats = *reservedFloats;
     } else {
-      int reg = LoadTacAddr(arg, kSelectAnyFPR & ~mReservedFloats);
+      // Every float argument register is taken: f0 carries it.
+      int reg = LoadTacAddr(arg, 1ul << kScratch);
       if (size == 4)
         ppc_stfs(reg, StackWordOffset(*word), kStackPointer);
       else

@@ -89,6 +89,10 @@ void CGPPC::tac_Leave(TacLine const& line) {
   WriteEpilogue(frameSize, firstGPR, firstFPR);
   unsigned int prologLength = mProlog.Length();
   AdjustImportListOffsets(prologLength);
+  mFunc->mLineTable.Adjust(prologLength);
+  mFunc->Append(reinterpret_cast<char const*>(mProlog.Buffer()), prologLength);
+  mFunc->Append(reinterpret_cast<char const*>(Buffer()), Length());
+  MakeImportListPermanent(mFunc);
   if (mOptions.mCodeModel == kCodeModelPositionIndependent) {
     mFunc->MarkImportAbsolute(Import::kImportPICBaseAnchor, kBaseAnchorName,
                               anchor);
@@ -97,10 +101,6 @@ void CGPPC::tac_Leave(TacLine const& line) {
     mFunc->MarkImportAbsolute(Import::kImportPICLow, kBaseAnchorName,
                               anchor + 8);
   }
-  mFunc->mLineTable.Adjust(prologLength);
-  mFunc->Append(reinterpret_cast<char const*>(mProlog.Buffer()), prologLength);
-  mFunc->Append(reinterpret_cast<char const*>(Buffer()), Length());
-  MakeImportListPermanent(mFunc);
   mFunc->mParameterSpace = mOutgoingParameterSpace + kLinkageSize;
   if (mOptions.mGenerateTraceback)
     GenerateTracebackTable(prologLength, kRegisterCount - firstGPR,
