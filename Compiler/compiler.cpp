@@ -5,6 +5,7 @@
 #include "Compiler/Frontend/ParserSupport.h"
 #include "Compiler/Frontend/SrcContext.h"
 #include "Compiler/SemBase.h"
+#include "Compiler/Optimizer/optimizer.h"
 #include "Compiler/TacListing.h"
 #include "Compiler/SymbolTable/GlobalSymbolTable.h"
 #include "Universal/Assertion.h"
@@ -15,7 +16,7 @@ static unsigned long const kIntrinsicNameCapacity = 137;
 Compiler::Compiler()
     : mCodeType(kCodeTypePowerPC), mCallShapes(nullptr), mLibrary(0), mDebug(0),
       mStaticClassData(0), mScriptMode(0), mTacListing(nullptr),
-      mDelegate(nullptr) {
+      mOptimize(true), mDelegate(nullptr) {
   mIntrinsicNames.resize(kIntrinsicNameCapacity);
 }
 
@@ -57,7 +58,12 @@ Ref<CodeModule> Compiler::RunBackEnd(string const& name) {
     return module;
   }
   CGIA32* backEnd = new CGIA32();
-  backEnd->Configure(mIA32Options, mIntrinsicNames);
+  CGIA32Options options = mIA32Options;
+  if (mOptimize) {
+    options.mOptimizeCode = true;
+    options.mUseSSE2FloatingPointMath = true;
+  }
+  backEnd->Configure(options, mIntrinsicNames);
   backEnd->SetDelegate(mDelegate);
   Ref<CodeModule> module = backEnd->Generate(name, code, gContext->mTables);
   delete backEnd;
@@ -111,6 +117,8 @@ Ref<CodeModule> Compiler::Compile(string const& source, string const& name,
   context->blocks.Enter(symbols);
   AddIntrinsicConstantDeclarations(symbols, context);
   if (RunFrontEnd(source)) {
+    if (mOptimize && context->mProgramCode && context->mProgramCode->Code())
+      ImproveProgram(context->mProgramCode->Code());
     if (mTacListing && context->mProgramCode)
       *mTacListing = ListTacBlock(*context->mProgramCode->Code());
     module = RunBackEnd(name);

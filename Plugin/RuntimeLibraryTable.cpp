@@ -6,8 +6,9 @@
 // Two rows stand as the library has always had them: "Mid(Extends ...)" with
 // three arguments is declared twice, the second time for StringMid3, where
 // "MidB(Extends ...)" was meant; so MidB with Extends and three arguments
-// does not exist. A few defaults are left empty ("delimiter As String="): the
-// text stands as written and the declaration reader accepts it.
+// does not exist. Join and Split join and split at a space when the
+// delimiter is left out: an empty delimiter given on purpose means no
+// delimiter at all.
 static RuntimeLibraryEntry const kRuntimeLibrary[] = {
     {"Function Abs(val As Double) As Double", "RuntimeAbs"},
     {"Function ACos(val As Double) As Double", "RuntimeACos"},
@@ -38,8 +39,8 @@ static RuntimeLibraryEntry const kRuntimeLibrary[] = {
     {"Function InStrB(start As Integer=0, haystack As String, needle As String) As Integer", "StringInStrB"},
     {"Function InStr(Extends haystack As String, start As Integer=0, needle As String) As Integer", "StringExtendsInStr"},
     {"Function InStrB(Extends haystack As string, start As Integer=0, needle As String) As Integer", "StringExtendsInStrB"},
-    {"Function Join(fields() As String, delimiter As String=) As String", "StringJoin"},
-    {"Function Join(Extends fields() As string, delimiter As String=) As String", "StringJoin"},
+    {"Function Join(fields() As String, delimiter As String=\" \") As String", "StringJoin"},
+    {"Function Join(Extends fields() As string, delimiter As String=\" \") As String", "StringJoin"},
     {"Function Left(text As String, len As Integer) As String", "StringDBCSLeft"},
     {"Function Left(Extends text As String, len As Integer) As String", "StringDBCSLeft"},
     {"Function LeftB(text As String, len As Integer) As String", "StringLeft"},
@@ -86,8 +87,8 @@ static RuntimeLibraryEntry const kRuntimeLibrary[] = {
     {"Function RTrim(text As String) As String", "runRTrim"},
     {"Function Sign(val As Double) As Double", "RuntimeSign"},
     {"Function Sin(val As Double) As Double", "RuntimeSin"},
-    {"Function Split(source As String, delimiter As String=) As String()", "StringSplit"},
-    {"Function Split(Extends source As String, delimiter As String=) As String()", "StringSplit"},
+    {"Function Split(source As String, delimiter As String=\" \") As String()", "StringSplit"},
+    {"Function Split(Extends source As String, delimiter As String=\" \") As String()", "StringSplit"},
     {"Function Sqrt(val As Double) As Double", "RuntimeSqrt"},
     {"Function Str(val As Double) As String", "StringStrDouble"},
     {"Function StrComp(a As String, b As String, mode As Integer) As Integer", "StringStrCompare"},

@@ -91,6 +91,7 @@ int RunScript(RunnerOptions const& options, std::string const& text,
     if (!options.emitObject.empty())
       return EmitPowerPCModule(options, text, console);
     HostOptions host;
+    host.optimize = options.optimize;
     host.yieldHook = TimeLimitHook(options, console);
     LoadPlugin(options.pluginPath, host);
     Script script;

@@ -3,6 +3,7 @@
 #include <string.h>
 
 #include "Universal/Encodings.h"
+#include "Universal/StringWorkCounters.h"
 #include "Universal/ustring.h"
 
 namespace {
@@ -14,6 +15,7 @@ string Join(char const* a, unsigned long lengthA, char const* b,
       nullptr, lengthA + lengthB, static_cast<uint32_t>(tag));
   memcpy(storage->CString(), a, lengthA);
   memcpy(storage->CString() + lengthA, b, lengthB);
+  CountStringCopy(lengthA + lengthB);
   result.AdoptReference(storage);
   return result;
 }

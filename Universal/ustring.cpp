@@ -7,6 +7,7 @@
 
 #include "Universal/Assertion.h"
 #include "Universal/Encodings.h"
+#include "Universal/StringWorkCounters.h"
 
 namespace {
 
@@ -32,6 +33,7 @@ stringStorage* NewStringStorage(char const* bytes, uint32_t length,
   unsigned char* block =
       static_cast<unsigned char*>(malloc(length + kStorageOverhead));
   QASSERT(block);
+  CountStringAllocation(length);
   stringStorage* storage = reinterpret_cast<stringStorage*>(block);
   unsigned char* pascal = block + kHeaderSize;
   if (reinterpret_cast<uintptr_t>(pascal) & 1) pascal++;
@@ -41,7 +43,10 @@ stringStorage* NewStringStorage(char const* bytes, uint32_t length,
   storage->mLength = length;
   storage->mEncoding = encoding;
   pascal[0] = static_cast<unsigned char>(length < 255 ? length : 255);
-  if (bytes) memcpy(pascal + 1, bytes, length);
+  if (bytes) {
+    memcpy(pascal + 1, bytes, length);
+    CountStringCopy(length);
+  }
   memset(pascal + 1 + length, 0, 4);
   return storage;
 }

@@ -14,12 +14,13 @@
 extern "C" {
 
 // The fields of `source` between occurrences of `delimiter`, found without
-// regard to case; an empty delimiter is a single space. Consecutive
-// delimiters give empty fields; an empty source gives an empty array.
+// regard to case; an empty delimiter gives each character as a field.
+// Consecutive delimiters give empty fields; an empty source gives an empty
+// array. The array is made once, at its final size.
 RuntimeObject* StringSplit(stringStorage* source, stringStorage* delimiter);
 // The elements of a one-dimensional String array with the delimiter between
-// them, an empty delimiter being a single space. Nil raises the nil-object
-// exception and gives the empty string.
+// them (nothing, when it is empty), made with one allocation of the final
+// size. Nil raises the nil-object exception and gives the empty string.
 stringStorage* StringJoin(RuntimeObject* fields, stringStorage* delimiter);
 // The greatest and least of the two values and the elements of `others`, a
 // Double array that may be empty or nil.

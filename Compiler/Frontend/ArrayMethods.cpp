@@ -17,7 +17,7 @@
 namespace {
 
 // What a handler works on: the array as a value of its one-dimensional
-// type, the code it goes into and the element type.
+// type (or of its own type, for a method of any number of dimensions), the code it goes into and the element type.
 struct ArrayCall {
   SemBase* code;
   TacAddr const* array;
@@ -189,22 +189,25 @@ bool HandleArrayUBound(ArrayCall& call) {
   return true;
 }
 
+// `mAnyDimensions`: the method works on an array of any number of
+// dimensions; the others take only one-dimensional arrays.
 struct ArrayMethod {
   char const* mName;
   bool mHasResult;
+  bool mAnyDimensions;
   bool (*mHandler)(ArrayCall& call);
 };
 
 ArrayMethod const kArrayMethods[] = {
-    {"Append", false, HandleArrayAppend},
-    {"Insert", false, HandleArrayInsert},
-    {"Remove", false, HandleArrayRemove},
-    {"Pop", true, HandleArrayPop},
-    {"Sort", false, HandleArraySort},
-    {"SortWith", false, HandleArraySortWith},
-    {"IndexOf", true, HandleArrayIndexOf},
-    {"Shuffle", false, HandleArrayShuffle},
-    {"UBound", true, HandleArrayUBound},
+    {"Append", false, false, HandleArrayAppend},
+    {"Insert", false, false, HandleArrayInsert},
+    {"Remove", false, false, HandleArrayRemove},
+    {"Pop", true, false, HandleArrayPop},
+    {"Sort", false, false, HandleArraySort},
+    {"SortWith", false, false, HandleArraySortWith},
+    {"IndexOf", true, false, HandleArrayIndexOf},
+    {"Shuffle", false, false, HandleArrayShuffle},
+    {"UBound", true, true, HandleArrayUBound},
 };
 
 ArrayMethod const* FindArrayMethod(string const& name) {
@@ -229,8 +232,9 @@ SemBase* RunHandler(ArrayMethod const& method, SemBase* array, SemBase* args,
   call.element = element;
   call.args = ArgumentVector(nullptr, args);
   call.why = why;
-  call.array =
-      CompileRefAs(array, element.AsArray(1), call.code)->GetAddr();
+  IRDataType shape = method.mAnyDimensions ? StripReference(array->GetType())
+                                            : element.AsArray(1);
+  call.array = CompileRefAs(array, shape, call.code)->GetAddr();
   return method.mHandler(call) ? call.code : nullptr;
 }
 

@@ -13,6 +13,7 @@
 #include "StandInHost/RuntimeLibrary/LibraryEntries.h"
 #include "StandInHost/RuntimeLibrary/LibraryText.h"
 #include "Universal/Encodings.h"
+#include "Universal/StringWorkCounters.h"
 
 namespace quorl {
 namespace standin {
@@ -48,17 +49,24 @@ stringStorage* StringTitleCase(stringStorage* text) {
 }
 
 // Drops leading and/or trailing white space; the text itself when there is
-// none to drop.
+// none to drop. One walk finds both ends.
 stringStorage* TrimEnds(stringStorage* text, bool front, bool back) {
-  string view = CharacterView(text);
-  CodePoints points = DecodeUTF8(view);
-  unsigned long first = 0, last = points.Count();
-  while (front && first < last && UnicodeCharIsWhitespace(points.codes[first]))
-    first++;
-  while (back && last > first && UnicodeCharIsWhitespace(points.codes[last - 1]))
-    last--;
-  unsigned long start = points.offsets[first];
-  return HandOut(ByteSlice(view, start, points.offsets[last] - start));
+  CharacterText characters(text);
+  unsigned long length = characters.Length();
+  unsigned long first = 0, end = 0;
+  bool seen = false;
+  for (unsigned long at = 0; at < length;) {
+    unsigned long next = characters.Next(at);
+    if (!UnicodeCharIsWhitespace(characters.CodeAt(at))) {
+      if (!seen) first = at;
+      seen = true;
+      end = next;
+    }
+    at = next;
+  }
+  CountStringScan(length);
+  if (!seen) return nullptr;
+  return HandOut(characters.Slice(front ? first : 0, back ? end : length));
 }
 
 stringStorage* runTrim(stringStorage* text) { return TrimEnds(text, true, true); }

@@ -15,68 +15,80 @@ namespace standin {
 namespace library {
 namespace {
 
-// `count` code points from the 0-based code point `first`, clamped to the
-// text.
-string CharacterRange(string const& view, CodePoints const& points,
-                      unsigned long first, long count) {
-  if (count <= 0 || first >= points.Count()) return string();
-  unsigned long last = first + static_cast<unsigned long>(count);
-  if (last > points.Count() || last < first) last = points.Count();
-  unsigned long start = points.offsets[first];
-  return ByteSlice(view, start, points.offsets[last] - start);
-}
-
 unsigned long FirstIndex(long start) {
   return start > 1 ? static_cast<unsigned long>(start - 1) : 0;
 }
 
-stringStorage* StringDBCSLeft(stringStorage* text, long count) {
-  string view = CharacterView(text);
-  return HandOut(CharacterRange(view, DecodeUTF8(view), 0, count));
+unsigned long Count(long count) {
+  return count > 0 ? static_cast<unsigned long>(count) : 0;
 }
 
+// `count` code points from the one `first` code points in, clamped to the
+// text; the walk stops where the slice does.
+stringStorage* CharacterRange(stringStorage* text, unsigned long first,
+                              unsigned long count) {
+  if (!count) return nullptr;
+  CharacterText characters(text);
+  unsigned long start = characters.Advance(0, first);
+  return HandOut(characters.Slice(start, characters.Advance(start, count)));
+}
+
+stringStorage* StringDBCSLeft(stringStorage* text, long count) {
+  return CharacterRange(text, 0, Count(count));
+}
+
+// The start of the last code points takes a count of the whole text unless
+// each byte is a character.
 stringStorage* StringDBCSRight(stringStorage* text, long count) {
-  string view = CharacterView(text);
-  CodePoints points = DecodeUTF8(view);
   if (count <= 0) return nullptr;
-  unsigned long first = static_cast<unsigned long>(count) >= points.Count()
-                            ? 0
-                            : points.Count() - count;
-  return HandOut(CharacterRange(view, points, first, count));
+  CharacterText characters(text);
+  unsigned long total = characters.CountBetween(0, characters.Length());
+  unsigned long wanted = Count(count) < total ? Count(count) : total;
+  unsigned long start = characters.Advance(0, total - wanted);
+  return HandOut(characters.Slice(start, characters.Length()));
 }
 
 stringStorage* StringDBCSMid3(stringStorage* text, long start, long count) {
-  string view = CharacterView(text);
-  return HandOut(CharacterRange(view, DecodeUTF8(view), FirstIndex(start),
-                                count));
+  return CharacterRange(text, FirstIndex(start), Count(count));
 }
 
 stringStorage* StringDBCSMid2(stringStorage* text, long start) {
-  string view = CharacterView(text);
-  CodePoints points = DecodeUTF8(view);
-  return HandOut(CharacterRange(view, points, FirstIndex(start),
-                                static_cast<long>(points.Count())));
+  CharacterText characters(text);
+  unsigned long first = characters.Advance(0, FirstIndex(start));
+  return HandOut(characters.Slice(first, characters.Length()));
 }
 
 long StringDBCSLen(stringStorage* text) {
-  return static_cast<long>(DecodeUTF8(CharacterView(text)).Count());
+  CharacterText characters(text);
+  return static_cast<long>(characters.CountBetween(0, characters.Length()));
 }
 
 long StringDBCSAsc(stringStorage* text) {
-  CodePoints points = DecodeUTF8(CharacterView(text));
-  return points.Count() ? static_cast<long>(points.codes[0]) : 0;
+  CharacterText characters(text);
+  return characters.Length() ? static_cast<long>(characters.CodeAt(0)) : 0;
 }
 
+// A character of ASCII is tagged so: positions in text made of such
+// characters then cost nothing to find.
 stringStorage* StringDBCSChr(long code) {
   if (code < 0 || code > 0x10FFFF) return nullptr;
+  if (code < 0x80) {
+    char byte = static_cast<char>(code);
+    return HandOut(MakeText(&byte, 1, kEncodingASCII));
+  }
   return HandOut(UnicodeChar(static_cast<unsigned long>(code), kEncodingUTF8));
 }
 
+// The search starts at the code point `start`; the answer counts the code
+// points up to the match from there.
 long StringInStr(long start, stringStorage* haystack, stringStorage* needle) {
-  CodePoints hay = DecodeFolded(CharacterView(haystack));
-  CodePoints pin = DecodeFolded(CharacterView(needle));
-  long found = FindCodes(hay.codes, pin.codes, FirstIndex(start));
-  return found + 1;
+  CharacterText hay(haystack);
+  std::vector<unsigned long> pin = FoldedCodes(CharacterText(needle));
+  unsigned long first = FirstIndex(start);
+  unsigned long from = hay.Advance(0, first);
+  TextMatch match;
+  if (!FindFolded(hay, pin, from, &match)) return 0;
+  return static_cast<long>(first + hay.CountBetween(from, match.start)) + 1;
 }
 
 long StringExtendsInStr(stringStorage* haystack, long start,

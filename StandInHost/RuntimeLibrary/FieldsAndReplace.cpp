@@ -6,95 +6,100 @@
 // makes the whole text one field; NthField below 1 or past the last field is
 // empty; an empty target leaves the text unchanged; ReplaceAll goes left to
 // right over matches that do not overlap.
-#include <utility>
-
 #include "StandInHost/RuntimeLibrary/LibraryEntries.h"
 #include "StandInHost/RuntimeLibrary/LibraryText.h"
+#include "Universal/StringAssembly.h"
 
 namespace quorl {
 namespace standin {
 namespace library {
 namespace {
 
-// Byte ranges [first, second) of matches, left to right.
-using Matches = std::vector<std::pair<unsigned long, unsigned long>>;
-
 const unsigned long kEveryMatch = ~0ul;
 
-Matches FoldedMatches(string const& text, string const& target,
-                      unsigned long limit) {
-  CodePoints hay = DecodeFolded(text), pin = DecodeFolded(target);
-  Matches matches;
-  long at = FindCodes(hay.codes, pin.codes, 0);
-  while (at >= 0 && matches.size() < limit) {
-    unsigned long end = at + pin.Count();
-    matches.push_back({hay.offsets[at], hay.offsets[end]});
-    at = FindCodes(hay.codes, pin.codes, end);
-  }
+// Matches of `target` in `text`, left to right, never overlapping, at most
+// `limit` of them.
+std::vector<TextMatch> FoldedMatches(CharacterText const& text,
+                                     string const& target,
+                                     unsigned long limit) {
+  std::vector<unsigned long> pin = FoldedCodes(CharacterText(target));
+  std::vector<TextMatch> matches;
+  TextMatch match;
+  for (unsigned long at = 0; matches.size() < limit &&
+                             FindFolded(text, pin, at, &match);
+       at = match.end)
+    matches.push_back(match);
   return matches;
 }
 
-Matches ExactMatches(string const& text, string const& target,
-                     unsigned long limit) {
-  Matches matches;
-  long at = FindBytes(text, target, 0);
-  while (at >= 0 && matches.size() < limit) {
-    unsigned long end = at + target.Length();
-    matches.push_back({static_cast<unsigned long>(at), end});
-    at = FindBytes(text, target, end);
-  }
+std::vector<TextMatch> ExactMatches(string const& text, string const& target,
+                                    unsigned long limit) {
+  std::vector<TextMatch> matches;
+  for (long at = FindBytes(text, target, 0);
+       at >= 0 && matches.size() < limit;
+       at = FindBytes(text, target, at + target.Length()))
+    matches.push_back({static_cast<unsigned long>(at), at + target.Length()});
   return matches;
 }
 
-// The text with every match replaced; pieces of different encodings are
-// brought to one by the string sum.
-string ReplaceMatches(string const& text, Matches const& matches,
-                      string const& replacement) {
-  if (matches.empty()) return text;
-  string result;
-  unsigned long done = 0;
-  for (auto const& match : matches) {
-    result += ByteSlice(text, done, match.first - done);
-    result += replacement;
-    done = match.second;
-  }
-  return result + ByteSlice(text, done, text.Length() - done);
+// The text with every match replaced, made at its final size at once.
+stringStorage* ReplaceMatches(string const& text,
+                              std::vector<TextMatch> const& matches,
+                              string const& replacement) {
+  if (matches.empty()) return HandOut(text);
+  return HandOut(AssembleString([&](auto piece) {
+    unsigned long done = 0;
+    for (TextMatch const& match : matches) {
+      piece(text, done, match.start - done);
+      piece(replacement, 0, replacement.Length());
+      done = match.end;
+    }
+    piece(text, done, text.Length() - done);
+  }));
 }
 
 long StringCountFields(stringStorage* text, stringStorage* delimiter) {
-  string view = CharacterView(text);
-  if (view.IsEmpty()) return 0;
-  Matches matches = FoldedMatches(view, CharacterView(delimiter), kEveryMatch);
-  return static_cast<long>(matches.size()) + 1;
+  CharacterText characters(text);
+  if (!characters.Length()) return 0;
+  return static_cast<long>(
+             FoldedMatches(characters, CharacterView(delimiter), kEveryMatch)
+                 .size()) +
+         1;
 }
 
+// The walk stops at the end of the field asked for.
 stringStorage* StringNthField(stringStorage* text, stringStorage* delimiter,
                               long index) {
-  string view = CharacterView(text);
   if (index < 1) return nullptr;
-  Matches matches = FoldedMatches(view, CharacterView(delimiter), index);
-  unsigned long field = static_cast<unsigned long>(index) - 1;
-  if (field > matches.size()) return nullptr;
-  unsigned long start = field ? matches[field - 1].second : 0;
-  unsigned long end =
-      field < matches.size() ? matches[field].first : view.Length();
-  return HandOut(ByteSlice(view, start, end - start));
+  CharacterText characters(text);
+  std::vector<unsigned long> pin =
+      FoldedCodes(CharacterText(CharacterView(delimiter)));
+  unsigned long start = 0;
+  TextMatch match;
+  for (long field = 1; field < index; field++) {
+    if (!FindFolded(characters, pin, start, &match)) return nullptr;
+    start = match.end;
+  }
+  unsigned long end = FindFolded(characters, pin, start, &match)
+                          ? match.start
+                          : characters.Length();
+  return HandOut(characters.Slice(start, end));
 }
 
 stringStorage* ReplaceFolded(stringStorage* source, stringStorage* target,
                              stringStorage* replacement, unsigned long limit) {
-  string view = CharacterView(source);
-  return HandOut(ReplaceMatches(
-      view, FoldedMatches(view, CharacterView(target), limit),
-      string(replacement)));
+  CharacterText characters(source);
+  return ReplaceMatches(
+      characters.View(),
+      FoldedMatches(characters, CharacterView(target), limit),
+      string(replacement));
 }
 
 stringStorage* ReplaceExact(stringStorage* source, stringStorage* target,
                             stringStorage* replacement, unsigned long limit) {
   string bytes(source);
-  return HandOut(ReplaceMatches(bytes,
-                                ExactMatches(bytes, string(target), limit),
-                                string(replacement)));
+  return ReplaceMatches(bytes, ExactMatches(bytes, string(target), limit),
+                        string(replacement));
 }
 
 stringStorage* StringReplace(stringStorage* s, stringStorage* o,

@@ -1,8 +1,13 @@
 // What the runtime library's string functions share: taking arguments and
-// handing results over the C boundary, and seeing text as code points.
+// handing results over the C boundary, and walking text as code points.
 //
 // Arguments arrive as borrowed `stringStorage*` words (nil is the empty
 // string); a result leaves with one reference that the caller owns.
+//
+// Cost: a function walks the text only as far as its answer needs, and
+// makes nothing but its result. Text tagged ASCII has one byte per
+// character, so a character position in it is found at once; in other text
+// it takes a walk from the start.
 #ifndef STANDINHOST_RUNTIMELIBRARY_LIBRARYTEXT_H
 #define STANDINHOST_RUNTIMELIBRARY_LIBRARYTEXT_H
 
@@ -34,24 +39,53 @@ string CharacterView(stringStorage* text);
 // (shared) when that is all of it.
 string ByteSlice(string const& text, unsigned long start, unsigned long count);
 
-// UTF-8 text as code points, each with the byte offset where it starts;
-// `offsets` has one more element, the byte length. A sequence cut short by
-// the end of the text counts as one code point.
-struct CodePoints {
-  std::vector<unsigned long> codes;
-  std::vector<unsigned long> offsets;
-  unsigned long Count() const { return codes.size(); }
-};
-CodePoints DecodeUTF8(string const& text);
-// The same with every code point mapped to upper case, for searches that
-// ignore case.
-CodePoints DecodeFolded(string const& text);
+// Text seen as code points, with positions as byte offsets. A sequence cut
+// short by the end of the text counts as one code point.
+class CharacterText {
+ public:
+  explicit CharacterText(stringStorage* text);
+  explicit CharacterText(string const& view);
 
-// First index at or after `from` where `needle` occurs in `haystack`, or -1.
-// An empty needle is never found.
-long FindCodes(std::vector<unsigned long> const& haystack,
-               std::vector<unsigned long> const& needle, unsigned long from);
-// The same over bytes.
+  string const& View() const { return mView; }
+  unsigned long Length() const { return mLength; }
+  // The code point that starts at `at`, and where the next one starts.
+  unsigned long CodeAt(unsigned long at) const;
+  unsigned long Next(unsigned long at) const;
+  // The offset `count` code points after `at`, or the length.
+  unsigned long Advance(unsigned long at, unsigned long count) const;
+  // The number of code points in bytes [from, to).
+  unsigned long CountBetween(unsigned long from, unsigned long to) const;
+  // Bytes [start, end) as a string of the text's tag.
+  string Slice(unsigned long start, unsigned long end) const {
+    return ByteSlice(mView, start, end - start);
+  }
+
+ private:
+  string mView;
+  unsigned char const* mBytes;
+  unsigned long mLength;
+  bool mOneBytePerCharacter;
+};
+
+// The code point as searches without regard to case see it.
+unsigned long FoldCase(unsigned long code);
+// The code points of a whole text, each folded.
+std::vector<unsigned long> FoldedCodes(CharacterText const& text);
+
+// A match: bytes [start, end).
+struct TextMatch {
+  unsigned long start;
+  unsigned long end;
+};
+
+// The first occurrence of the folded `needle` in `haystack` that starts at
+// or after byte `from` (a code point boundary). An empty needle is never
+// found.
+bool FindFolded(CharacterText const& haystack,
+                std::vector<unsigned long> const& needle, unsigned long from,
+                TextMatch* match);
+// First index at or after `from` where the bytes of `needle` occur in
+// `haystack`, or -1. An empty needle is never found.
 long FindBytes(string const& haystack, string const& needle,
                unsigned long from);
 

@@ -29,20 +29,20 @@ int RadixOfPrefix(char letter) {
 }
 
 // Digits of the radix from `at`; the value wraps at 64 bits.
-double ReadRadixDigits(std::string const& text, size_t at, int radix) {
+double ReadRadixDigits(std::string_view text, size_t at, int radix) {
   unsigned long long value = 0;
   for (; at < text.size() && DigitValue(text[at]) < radix; at++)
     value = value * radix + DigitValue(text[at]);
   return static_cast<double>(value);
 }
 
-bool IsDigit(std::string const& text, size_t at) {
+bool IsDigit(std::string_view text, size_t at) {
   return at < text.size() && text[at] >= '0' && text[at] <= '9';
 }
 
 // Copies a run of digits to `out`, skipping commas that stand between
 // digits when `thousands` allows; returns how many digits were copied.
-size_t CopyDigits(std::string const& text, size_t& at, std::string& out,
+size_t CopyDigits(std::string_view text, size_t& at, std::string& out,
                   bool thousands) {
   size_t copied = 0;
   while (IsDigit(text, at) ||
@@ -57,7 +57,7 @@ size_t CopyDigits(std::string const& text, size_t& at, std::string& out,
 }
 
 // An exponent counts only when at least one digit follows its sign.
-void CopyExponent(std::string const& text, size_t at, std::string& out) {
+void CopyExponent(std::string_view text, size_t at, std::string& out) {
   if (at >= text.size() || (text[at] != 'e' && text[at] != 'E')) return;
   std::string exponent = "e";
   at++;
@@ -68,7 +68,7 @@ void CopyExponent(std::string const& text, size_t at, std::string& out) {
 
 }  // namespace
 
-double ReadLeadingNumber(std::string const& text, bool thousands) {
+double ReadLeadingNumber(std::string_view text, bool thousands) {
   size_t at = 0;
   while (at < text.size() && (text[at] == ' ' || text[at] == '\t')) at++;
   if (at + 1 < text.size() && text[at] == '&' && RadixOfPrefix(text[at + 1]))

@@ -4,6 +4,7 @@
 #define STANDINHOST_RUNTIMELIBRARY_NUMBERREADING_H
 
 #include <string>
+#include <string_view>
 
 namespace quorl {
 namespace standin {
@@ -14,7 +15,7 @@ namespace library {
 // after "&h", "&o" or "&b" (any case). The rest is ignored; 0 when no
 // number stands there. With `thousands`, commas between the digits of the
 // integer part are skipped.
-double ReadLeadingNumber(std::string const& text, bool thousands);
+double ReadLeadingNumber(std::string_view text, bool thousands);
 
 // The shortest faithful decimal text of at most 15 significant digits, with
 // "." as the decimal point whatever the locale; "-0" is "0", and the

@@ -18,18 +18,16 @@ namespace standin {
 namespace library {
 namespace {
 
-std::string Bytes(stringStorage* text) {
+// The number is read in place: only its own digits are copied.
+double ReadNumber(stringStorage* text, bool thousands) {
   string view = CharacterView(text);
-  return std::string(view.CString(), view.Length());
+  return ReadLeadingNumber(std::string_view(view.CString(), view.Length()),
+                           thousands);
 }
 
-double StringVal(stringStorage* text) {
-  return ReadLeadingNumber(Bytes(text), false);
-}
+double StringVal(stringStorage* text) { return ReadNumber(text, false); }
 
-double runCDbl(stringStorage* text) {
-  return ReadLeadingNumber(Bytes(text), true);
-}
+double runCDbl(stringStorage* text) { return ReadNumber(text, true); }
 
 stringStorage* StringStrDouble(double value) {
   return HandOut(MakeText(DoubleText(value), kEncodingASCII));

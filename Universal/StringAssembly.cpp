@@ -1,0 +1,93 @@
+// One allocation for text made of many pieces; see the header.
+#include "Universal/StringAssembly.h"
+
+#include <string.h>
+
+#include "Universal/Encodings.h"
+#include "Universal/StringWorkCounters.h"
+
+namespace {
+
+// Bytes of a piece as a string of its own, for conversion.
+string PieceText(string const& text, unsigned long start, unsigned long count) {
+  if (start == 0 && count == text.Length()) return text;
+  return mid(text, static_cast<int>(start), static_cast<int>(count));
+}
+
+}  // namespace
+
+// As ConvertToSameEncoding chooses, on tags alone: equal tags stay; an
+// unknown tag makes the sum unknown, its bytes joined as they are; otherwise
+// the common encoding, or UTF-16 or UTF-8 when there is none.
+unsigned long SumEncoding(unsigned long a, unsigned long b) {
+  if (a == b) return a;
+  if (a == kEncodingUnknown || b == kEncodingUnknown) return kEncodingUnknown;
+  unsigned long common = CommonEncoding(a, b, false);
+  if (common != kEncodingUnknown) return common;
+  bool oneIsUTF16 = a == kEncodingUTF16 || b == kEncodingUTF16;
+  bool oneIsUTF8 = a == kEncodingUTF8 || b == kEncodingUTF8;
+  return oneIsUTF16 && !oneIsUTF8 ? kEncodingUTF16 : kEncodingUTF8;
+}
+
+// Bytes of one tag stand unchanged in text of another when the tags agree,
+// when the whole is untagged, or when ASCII goes into a byte encoding.
+bool StringAssembly::Converts(unsigned long tag) const {
+  if (tag == mTag || mTag == kEncodingUnknown) return false;
+  return !(tag == kEncodingASCII && !IsWideUnicodeEncoding(mTag));
+}
+
+void StringAssembly::Measure(string const& text, unsigned long start,
+                             unsigned long count) {
+  if (!count) return;
+  unsigned long tag = text.Encoding();
+  mTag = mPieces ? SumEncoding(mTag, tag) : tag;
+  // A piece that will need converting is only known once the final tag is:
+  // any second tag makes the check worth doing.
+  if (mPieces && tag != mFirst.Encoding()) mConvert = true;
+  if (!mPieces) {
+    mFirst = text;
+    mFirstStart = start;
+    mFirstCount = count;
+  }
+  mPieces++;
+  mLength += count;
+}
+
+void StringAssembly::CountConverted(string const& text, unsigned long start,
+                                    unsigned long count) {
+  if (!count) return;
+  if (!Converts(text.Encoding())) {
+    mConvertedLength += count;
+    return;
+  }
+  mConvertedLength +=
+      ConvertEncoding(PieceText(text, start, count), mTag).Length();
+}
+
+void StringAssembly::Allocate() {
+  if (mConvert) mLength = mConvertedLength;
+  if (mPieces == 1) {
+    mResult = PieceText(mFirst, mFirstStart, mFirstCount);
+    return;
+  }
+  if (!mLength) return;
+  mResult.AdoptReference(
+      NewStringStorage(nullptr, static_cast<uint32_t>(mLength),
+                       static_cast<uint32_t>(mTag)));
+  mCursor = mResult.GetStringStorage()->CString();
+}
+
+void StringAssembly::Write(string const& text, unsigned long start,
+                           unsigned long count) {
+  if (!count || !mCursor) return;
+  if (Converts(text.Encoding())) {
+    string converted = ConvertEncoding(PieceText(text, start, count), mTag);
+    memcpy(mCursor, converted.CString(), converted.Length());
+    mCursor += converted.Length();
+    CountStringCopy(converted.Length());
+    return;
+  }
+  memcpy(mCursor, text.CString() + start, count);
+  mCursor += count;
+  CountStringCopy(count);
+}

@@ -1,0 +1,28 @@
+// Counts of the work the string runtime does: storages made, the bytes they
+// hold, the bytes copied into them and the bytes of text walked by the
+// library's searches and position lookups.
+//
+// They are always kept (an addition per allocation or per call, never per
+// byte) so that tests can prove a function's cost proportional to its input
+// and output by comparing the counts at two sizes, without a clock. Each
+// copy of the runtime in a process keeps its own counts.
+#ifndef UNIVERSAL_STRINGWORKCOUNTERS_H
+#define UNIVERSAL_STRINGWORKCOUNTERS_H
+
+#include <stdint.h>
+
+struct StringWorkCounts {
+  uint64_t allocations;     // storages made
+  uint64_t allocatedBytes;  // text bytes of those storages
+  uint64_t copiedBytes;     // bytes copied into storages
+  uint64_t scannedBytes;    // bytes walked by searches and position lookups
+};
+
+StringWorkCounts CurrentStringWork();
+void ResetStringWork();
+
+void CountStringAllocation(uint64_t bytes);
+void CountStringCopy(uint64_t bytes);
+void CountStringScan(uint64_t bytes);
+
+#endif

@@ -1,0 +1,94 @@
+// Every library function that builds or scans text does work in proportion
+// to the text it reads and writes: counted at n and 16n bytes, never timed.
+#include "LibraryTestSupport.h"
+#include "tests/Universal/StringWorkTesting.h"
+
+#include <functional>
+
+namespace {
+
+class LibraryLinearity : public LibraryTest {
+ protected:
+  // Comma-separated words of about n bytes; with `accented`, UTF-8 text
+  // beyond ASCII, otherwise text tagged ASCII.
+  Str Words(unsigned long n, bool accented) {
+    std::string text;
+    while (text.size() < n) text += accented ? "alpha,B\xC3\xA9ta,gamma," : "alpha,Beta,gamma,";
+    return S(text.c_str(), accented ? kEncodingUTF8 : kEncodingASCII);
+  }
+
+  // The work of one call that returns a string, with its input and output
+  // bytes.
+  template <class... A>
+  MeasuredWork TextCall(char const* name, Str input, A... args) {
+    auto function = Library<Str(Str, A...)>(name);
+    Str result = nullptr;
+    double work = StringWorkOf([&] { result = function(input, args...); });
+    double bytes = Bytes(input).size() + Bytes(result).size();
+    UnlockStringStorage(result);
+    return {work, bytes};
+  }
+};
+
+TEST_F(LibraryLinearity, FunctionsThatBuildText) {
+  Str comma = S(","), semicolons = S(";;"), beta = S("BETA"), empty = nullptr;
+  std::pair<char const*, std::function<MeasuredWork(unsigned long, bool)>> rows[] = {
+      {"ReplaceAll", [&](unsigned long n, bool u) { return TextCall("StringReplaceAll", Words(n, u), comma, semicolons); }},
+      {"ReplaceAll to nothing", [&](unsigned long n, bool u) { return TextCall("StringReplaceAll", Words(n, u), beta, empty); }},
+      {"Replace", [&](unsigned long n, bool u) { return TextCall("StringReplace", Words(n, u), beta, semicolons); }},
+      {"ReplaceAllB", [&](unsigned long n, bool u) { return TextCall("StringReplaceAllB", Words(n, u), comma, semicolons); }},
+      {"ReplaceB", [&](unsigned long n, bool u) { return TextCall("StringReplaceB", Words(n, u), comma, semicolons); }},
+      {"Uppercase", [&](unsigned long n, bool u) { return TextCall("StringUCase", Words(n, u)); }},
+      {"Titlecase", [&](unsigned long n, bool u) { return TextCall("StringTitleCase", Words(n, u)); }},
+      {"Trim", [&](unsigned long n, bool u) { return TextCall("runTrim", Words(n, u)); }},
+      {"Left", [&](unsigned long n, bool u) { return TextCall("StringDBCSLeft", Words(n, u), long(n / 2)); }},
+      {"Right", [&](unsigned long n, bool u) { return TextCall("StringDBCSRight", Words(n, u), long(n / 2)); }},
+      {"Mid", [&](unsigned long n, bool u) { return TextCall("StringDBCSMid3", Words(n, u), long(n / 3), long(n / 3)); }},
+      {"Mid to the end", [&](unsigned long n, bool u) { return TextCall("StringDBCSMid2", Words(n, u), long(n / 2)); }},
+      {"NthField", [&](unsigned long n, bool u) { return TextCall("StringNthField", Words(n, u), comma, long(n / 20)); }},
+  };
+  for (auto const& row : rows)
+    for (bool accented : {false, true})
+      ExpectLinearWork(row.first, [&](unsigned long n) { return row.second(n, accented); });
+}
+
+TEST_F(LibraryLinearity, FunctionsThatScanText) {
+  Str comma = S(","), missing = S("gammaX");
+  auto instr = Library<long(long, Str, Str)>("StringInStr");
+  auto instrB = Library<long(long, Str, Str)>("StringInStrB");
+  auto count = Library<long(Str, Str)>("StringCountFields");
+  auto len = Library<long(Str)>("StringDBCSLen");
+  std::pair<char const*, std::function<double(Str, unsigned long)>> rows[] = {
+      {"InStr from a start", [&](Str t, unsigned long n) { return double(instr(long(n / 2), t, missing)); }},
+      {"InStrB from a start", [&](Str t, unsigned long n) { return double(instrB(long(n / 2), t, missing)); }},
+      {"CountFields", [&](Str t, unsigned long) { return double(count(t, comma)); }},
+      {"Len", [&](Str t, unsigned long) { return double(len(t)); }},
+  };
+  for (auto const& row : rows)
+    for (bool accented : {false, true})
+      ExpectLinearWork(row.first, [&](unsigned long n) {
+        Str text = Words(n, accented);
+        double work = StringWorkOf([&] { row.second(text, n); });
+        return MeasuredWork{work, double(text->mLength)};
+      });
+}
+
+// A program's walk over ASCII text, field by field with InStr and Mid: each
+// step costs its own field, not the text before it.
+TEST_F(LibraryLinearity, WalkingTextTaggedAsciiWithInStrAndMid) {
+  auto instr = Library<long(long, Str, Str)>("StringInStr");
+  auto mid = Library<Str(Str, long, long)>("StringDBCSMid3");
+  Str comma = S(",");
+  ExpectLinearWork("walk", [&](unsigned long n) {
+    Str text = Words(n, false);
+    long fields = 0;
+    double work = StringWorkOf([&] {
+      for (long at = 1, next; (next = instr(at, text, comma)) > 0; at = next + 1, fields++)
+        UnlockStringStorage(mid(text, at, next - at));
+    });
+    EXPECT_EQ(fields, long(text->mLength / 17 * 3));
+    return MeasuredWork{work, double(text->mLength)};
+  });
+}
+
+}  // namespace
