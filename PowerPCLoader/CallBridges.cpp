@@ -225,6 +225,23 @@ bool WritePointerCallGlue(PPCOpWriter& w, unsigned long codeStart,
   return WriteBridge(w, 0, true, shape);
 }
 
+enum { kEntryThunkFrame = 64, kSysVSavedLink = 4, kSavedBase = 20 };
+
+void WriteEntryThunk(PPCOpWriter& w, unsigned long entry) {
+  w.ppc_mflr(kR0);
+  w.ppc_stw(kR0, kSysVSavedLink, kSP);
+  w.ppc_stwu(kSP, -kEntryThunkFrame, kSP);
+  w.ppc_stw(2, kSavedBase, kSP);
+  w.ppc_lis(kR12, static_cast<int>(entry >> 16));
+  w.ppc_ori(kR12, kR12, static_cast<int>(entry & 0xffff));
+  w.ppc_mtctr(kR12);
+  w.ppc_bctrl();
+  w.ppc_lwz(kR0, kEntryThunkFrame + kSysVSavedLink, kSP);
+  w.ppc_mtlr(kR0);
+  w.ppc_addi(kSP, kSP, kEntryThunkFrame);
+  w.ppc_blr();
+}
+
 // The frame is large enough for the callee's linkage area and argument
 // area; r2 is kept where generated code reloads it from.
 asm(R"(

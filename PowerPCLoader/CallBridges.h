@@ -31,6 +31,11 @@ bool WriteCallBridge(PPCOpWriter& writer, unsigned long target,
 bool WritePointerCallGlue(PPCOpWriter& writer, unsigned long codeStart,
                           unsigned long codeEnd, std::string const& shape);
 
+// A function C may call through a pointer (a destructor, an event
+// handler): gives generated code at `entry` the frame it expects. Words in
+// registers pass as they are.
+void WriteEntryThunk(PPCOpWriter& writer, unsigned long entry);
+
 // Calls generated code at `entry` from C, in a frame that gives it the
 // linkage area it writes into.
 extern "C" void CallGeneratedCode(void* entry);

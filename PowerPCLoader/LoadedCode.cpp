@@ -92,6 +92,7 @@ bool LoadedCode::LayOutGlobals(Module const& module) {
   end = (end + 3) & ~3ul;
   unsigned long slots = end;
   unsigned long staticStart = slots + 4 * module.staticBlocks.size();
+  mStaticStart = staticStart;
   mGlobalData.assign(staticStart + module.staticData.size() + 8, 0);
   if (!module.staticData.empty())
     memcpy(mGlobalData.data() + staticStart, module.staticData.data(),
@@ -210,6 +211,65 @@ bool LoadedCode::PatchImport(Module const& module, ModuleImport const& import,
   }
 }
 
+unsigned long LoadedCode::FunctionPointer(std::string const& name,
+                                         FunctionTable const& functions,
+                                         std::string* error) {
+  auto local = mEntries.find(name);
+  if (local == mEntries.end()) {
+    auto outside = functions.find(name);
+    if (outside == functions.end() || !outside->second) {
+      *error = "The function " + name + " could not be found.";
+      return 0;
+    }
+    return reinterpret_cast<unsigned long>(outside->second);
+  }
+  auto made = mEntryThunks.find(name);
+  if (made != mEntryThunks.end()) return made->second;
+  MappingWriter writer(mMapping + mStubEnd, mMapping + mMappingSize);
+  WriteEntryThunk(writer, reinterpret_cast<unsigned long>(mMapping + local->second));
+  if (writer.mFull) {
+    *error = "no room for the entry thunks";
+    return 0;
+  }
+  unsigned long address = reinterpret_cast<unsigned long>(mMapping + mStubEnd);
+  mStubEnd = writer.mAt - mMapping;
+  mEntryThunks[name] = address;
+  return address;
+}
+
+// Static data holds absolute words.
+bool LoadedCode::PatchStaticImport(ModuleImport const& import,
+                                   FunctionTable const& functions,
+                                   std::string* error) {
+  unsigned long value = 0;
+  switch (import.type) {
+    case kImportStringLiteral:
+      value = LiteralAddress(import.name, true);
+      break;
+    case kImportFunctionPtr:
+      value = FunctionPointer(import.name.bytes, functions, error);
+      if (!value) return false;
+      break;
+    case kImportGlobal32:
+      value = GlobalAddress(import.name.bytes);
+      if (!value) {
+        *error = "Could not find data: " + import.name.bytes;
+        return false;
+      }
+      break;
+    default:
+      *error = "an import of kind " + std::to_string(import.type) +
+               " has no place in static data";
+      return false;
+  }
+  if (mStaticStart + import.offset + 4 > mGlobalData.size()) {
+    *error = "a static data import out of its block";
+    return false;
+  }
+  Set32(mGlobalData.data() + mStaticStart + import.offset, value);
+  return true;
+}
+
 bool LoadedCode::Link(Module const& module, FunctionTable const& functions,
                       std::string* error) {
   mMappingSize = (module.code.size() + kBridgeSpace + 4095) & ~4095ul;
@@ -226,10 +286,8 @@ bool LoadedCode::Link(Module const& module, FunctionTable const& functions,
   LayOutGlobals(module);
   for (ModuleImport const& import : module.imports)
     if (!PatchImport(module, import, functions, error)) return false;
-  if (!module.staticImports.empty()) {
-    *error = "static data with imports is not supported by this loader";
-    return false;
-  }
+  for (ModuleImport const& import : module.staticImports)
+    if (!PatchStaticImport(import, functions, error)) return false;
   sCodeStart = mMapping;
   sCodeEnd = mMapping + module.code.size();
   __builtin___clear_cache(reinterpret_cast<char*>(mMapping),

@@ -29,6 +29,14 @@ class LoadedCode {
   bool PatchImport(Module const& module, ModuleImport const& import,
                    FunctionTable const& functions, std::string* error);
   bool LayOutGlobals(Module const& module);
+  bool PatchStaticImport(ModuleImport const& import,
+                         FunctionTable const& functions, std::string* error);
+  // What a pointer in static data holds for a function: C calls these
+  // (destructors, event handlers), so a generated one is reached through
+  // an entry thunk.
+  unsigned long FunctionPointer(std::string const& name,
+                                FunctionTable const& functions,
+                                std::string* error);
   unsigned long GlobalAddress(std::string const& name) const;
   unsigned long LiteralAddress(Name const& text, bool keepSite);
   // The bridge to an outside function, written on first use.
@@ -40,6 +48,8 @@ class LoadedCode {
   unsigned long mStubEnd = 0;  // offset of the next bridge
   std::map<std::string, unsigned long> mEntries;
   std::map<std::string, unsigned long> mBridges;
+  std::map<std::string, unsigned long> mEntryThunks;
+  unsigned long mStaticStart = 0;  // of the static data in mGlobalData
   std::vector<unsigned char> mGlobalData;
   std::map<std::string, unsigned long> mGlobalOffsets;
   std::map<std::string, string> mLiterals;

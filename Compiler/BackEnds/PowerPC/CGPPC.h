@@ -214,6 +214,7 @@ class CGPPC : public CodeGenerator, public PPCOpBufWriter {
 
   // ---- labels and branches (CGPPCLabels.cpp). The program's labels are
   // positive, the generator's own negative.
+  int FindLabel(long label, bool conditional);
   void PlaceLabel(long label);
   long NewLocalLabel() { return --mNextLocalLabel; }
   void EmitJump(long label);

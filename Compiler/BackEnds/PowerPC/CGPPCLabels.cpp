@@ -52,32 +52,33 @@ void CGPPC::PlaceLabel(long label) {
   }
 }
 
-void CGPPC::EmitJump(long label) {
-  unsigned int target;
-  if (FindPlaced(mLabels, label, &target)) {
-    ppc_b(static_cast<int>(target - CodeBufferLength()));
-    return;
-  }
-  LabelPosition ref = {label, CodeBufferLength()};
-  mForwardRefs.push_back(ref);
-  ppc_b(0);
-}
-
-void CGPPC::EmitConditionalBranch(int bo, int bi, long label) {
+// The displacement to the label when it is placed and in reach of the
+// branch; otherwise 0, with the branch about to be written noted among the
+// forward references of its kind.
+int CGPPC::FindLabel(long label, bool conditional) {
   unsigned int target;
   if (FindPlaced(mLabels, label, &target)) {
     int displacement = static_cast<int>(target - CodeBufferLength());
-    if (displacement >= -32768) {
-      ppc_bc(bo, bi, displacement);
-    } else {
-      ppc_bc(Inverted(bo), bi, 8);
-      ppc_b(displacement - 4);
-    }
-    return;
+    if (!conditional || displacement >= -32768) return displacement;
   }
   LabelPosition ref = {label, CodeBufferLength()};
-  mFarBranches.push_back(ref);
-  ppc_bc(bo, bi, 0);
+  (conditional ? mFarBranches : mForwardRefs).push_back(ref);
+  return 0;
+}
+
+void CGPPC::EmitJump(long label) { ppc_b(FindLabel(label, false)); }
+
+// A label behind the branch and out of its reach is jumped to by an
+// unconditional branch that the inverted condition skips.
+void CGPPC::EmitConditionalBranch(int bo, int bi, long label) {
+  unsigned int target;
+  if (FindPlaced(mLabels, label, &target) &&
+      static_cast<int>(target - CodeBufferLength()) < -32768) {
+    ppc_bc(Inverted(bo), bi, 8);
+    ppc_b(static_cast<int>(target - CodeBufferLength()));
+    return;
+  }
+  ppc_bc(bo, bi, FindLabel(label, true));
 }
 
 void CGPPC::CheckForLongJumps() {
