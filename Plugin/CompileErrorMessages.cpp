@@ -112,6 +112,7 @@ MessageRow const kMessages[] = {
     {135, 135, "constant declared twice"},
     {136, 136, "too many imports"},
     {137, 137, "unresolved forward reference"},
+    {138, 138, "a function's local storage is too large"},
 };
 
 // The longest stretch of source quoted in a message: the name at fault,

@@ -82,6 +82,10 @@ class QuorlScriptInterface : public QuorlScriptCorrespondent,
   // listing of the program's three-address code; false after compile
   // errors, which are reported as usual. The developer's view of a compile.
   bool CompileToTacListing(string* listing);
+  // Compiles the source for 32-bit PowerPC, for a loader on that machine,
+  // with the argument shapes of its calls by name; nil after compile
+  // errors, which are reported as usual. The engine itself never runs it.
+  Ref<CodeModule> CompileForPowerPC(StringMapCase<string>* callShapes);
   // Compiles if needed, then runs the ready code, if any, on this thread.
   virtual void Run();
   virtual void CompilerError(CompileErrorCode code, unsigned long line) {}
@@ -137,7 +141,10 @@ class QuorlScriptInterface : public QuorlScriptCorrespondent,
   void EncodeHostCallbacks(ModuleSymbol* symbols, StringMap<void*>* table);
   // Declarations, scan, merge, resolve and compile: a module, or nil after
   // errors. The listing, when asked for, is taken after the front end.
-  Ref<CodeModule> CompileSource(StringMap<void*>* functionTable, string* listing);
+  // With `powerPCShapes` the code is PowerPC's, and the shapes of its calls
+  // go there.
+  Ref<CodeModule> CompileSource(StringMap<void*>* functionTable, string* listing,
+                                StringMapCase<string>* powerPCShapes = nullptr);
   void EncodeHostMethods(ModuleSymbol* symbols, StringMap<void*>* table);
   void EncodeHostProperties(ModuleSymbol* symbols, StringMap<void*>* table);
   void EncodeHostFunctions(ModuleSymbol* symbols, StringMap<void*>* table);

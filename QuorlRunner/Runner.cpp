@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "QuorlRunner/ExitStatus.h"
+#include "QuorlRunner/PowerPCModule.h"
 #include "QuorlRunner/ScriptText.h"
 #include "QuorlRunner/TacDump.h"
 
@@ -84,6 +85,8 @@ int RunScript(RunnerOptions const& options, std::string const& text,
               Console const& console) {
   try {
     if (options.dumpTac) return DumpTac(options, text, console);
+    if (!options.emitObject.empty())
+      return EmitPowerPCModule(options, text, console);
     HostOptions host;
     host.optimize = options.optimize;
     host.yieldHook = TimeLimitHook(options);

@@ -24,6 +24,9 @@ TEST(RunnerCommandLine, FilesOptionsAndValues) {
   CommandLine separate = Parse({"--plugin", "/x/p.so", "a.qs"});
   EXPECT_EQ(separate.options.pluginPath, "/x/p.so");
   EXPECT_EQ(separate.options.file, "a.qs");
+  CommandLine ppc = Parse({"--target=ppc", "--emit-object", "m.q", "a.qs"});
+  EXPECT_EQ(ppc.error, "");
+  EXPECT_EQ(ppc.options.emitObject, "m.q");
   CommandLine dashes = Parse({"--", "--check"});
   EXPECT_EQ(dashes.options.file, "--check");
   EXPECT_FALSE(dashes.options.check);
@@ -34,7 +37,9 @@ TEST(RunnerCommandLine, UsageErrorsSayWhatIsWrong) {
       {{}, "no script file"}, {{"--frobnicate", "a.qs"}, "'--frobnicate'"},
       {{"-x", "a.qs"}, "unknown option"}, {{"a.qs", "b.qs"}, "'b.qs'"},
       {{"--check=yes", "a.qs"}, "takes no value"}, {{"--check"}, ""},
-      {{"a.qs", "--plugin"}, ""}};
+      {{"a.qs", "--plugin"}, ""}, {{"--target", "arm", "a.qs"}, "ia32 or ppc"},
+      {{"--target", "ppc", "a.qs"}, "go together"},
+      {{"--emit-object", "m.q", "a.qs"}, "go together"}};
   for (auto const& row : rows) {
     std::string error = Parse(row.first).error;
     EXPECT_NE(error, "") << row.second;
