@@ -15,6 +15,7 @@
 #include "Compiler/Miner/Miner.h"
 #include "Compiler/SymbolTable/GlobalSymbolTable.h"
 #include "Compiler/compiler.h"
+#include "Plugin/CompileLock.h"
 #include "Plugin/HostCalls.h"
 #include "Plugin/QuorlScriptInterface.h"
 #include "Plugin/RuntimeLibraryTable.h"
@@ -49,6 +50,7 @@ static bool DeclareSource(GlobalSymbolTable* symbols, string const& source,
 Ref<CodeModule> QuorlScriptInterface::CompileSource(
     StringMap<void*>* functionTable, string* listing,
     StringMapCase<string>* powerPCShapes) {
+  std::lock_guard<std::mutex> compiling(CompileLock());
   Compiler compiler;
   compiler.mIntrinsicNames = IntrinsicFunctionNames();
   SetTargetConstants(compiler.mConditionalConstants, powerPCShapes);
