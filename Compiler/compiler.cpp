@@ -9,6 +9,7 @@
 #include "Compiler/Optimizer/optimizer.h"
 #include "Compiler/TacListing.h"
 #include "Compiler/SymbolTable/GlobalSymbolTable.h"
+#include "Compiler/SymbolTable/LocalSymbolTable.h"
 #include "Universal/Assertion.h"
 
 // Room for every intrinsic's link name.

@@ -160,15 +160,12 @@ bool LoadedCode::PatchImport(Module const& module, ModuleImport const& import,
   std::string const& name = import.name.bytes;
   unsigned long address = 0;
   switch (import.type) {
-    case kImportPPCBranch:
-    case kImportPPCFunctionHigh:
-    case kImportPPCFunctionLow: {
+    case kImportPPCBranch: {
       auto local = mEntries.find(name);
       if (local != mEntries.end() && import.library.empty()) {
         address = reinterpret_cast<unsigned long>(mMapping + local->second);
       } else if (name.compare(0, kPointerGluePrefix.size(), kPointerGluePrefix) == 0) {
         address = BridgeTo(name, nullptr, module, error);
-        if (!address) return false;
       } else {
         auto outside = functions.find(name);
         if (outside == functions.end() || !outside->second) {
@@ -176,19 +173,24 @@ bool LoadedCode::PatchImport(Module const& module, ModuleImport const& import,
           return false;
         }
         address = BridgeTo(name, outside->second, module, error);
-        if (!address) return false;
       }
-      if (import.type == kImportPPCBranch) {
-        if (!SetBranch(site, address)) {
-          *error = "a call out of the branch's reach";
-          return false;
-        }
-      } else {
-        SetHalf(site, import.type == kImportPPCFunctionHigh ? address >> 16
-                                                             : address);
+      if (!address) return false;
+      if (!SetBranch(site, address)) {
+        *error = "a call out of the branch's reach";
+        return false;
       }
       return true;
     }
+    // A function's address may reach C as well as generated code: it is
+    // the one C can call, and calls through pointers from generated code
+    // go through the glue.
+    case kImportPPCFunctionHigh:
+    case kImportPPCFunctionLow:
+      address = FunctionPointer(name, functions, error);
+      if (!address) return false;
+      SetHalf(site, import.type == kImportPPCFunctionHigh ? address >> 16
+                                                           : address);
+      return true;
     case kImportPPCGlobal:
       address = GlobalAddress(name);
       if (!address) {
