@@ -179,8 +179,16 @@ void CGIA32::tac_BitXor(TacLine const& line) {
 
 // A nil opB categorises as UInt32, so a 64-bit operand stops at the
 // category check.
+// The operand is alone: its own type gives the width.
 void CGIA32::tac_BitNot(TacLine const& line) {
-  ArithmeticCategory category = CategorizeBinop(line);
+  ArithmeticCategory category = CategorizeType(line.opA->mType);
+  if (category == kCategorySInt64 || category == kCategoryUInt64) {
+    int hi, lo;
+    LoadInt64TacAddr(line.opA, &hi, &lo, kSelectAnyGPR);
+    ia32_not(3, hi);
+    ia32_not(3, lo);
+    return StoreInt64TacAddr(hi, lo, line.result);
+  }
   QASSERT_TEXT(category <= kCategoryUInt32, "0");
   int a = LoadTacAddr(line.opA, kSelectAnyGPR);
   Touch(a);
