@@ -217,7 +217,7 @@ void CGIA32::IntegerShift(TacLine const& line, bool left) {
     else
       ia32_sar_imm8(3, a, count);
   } else {
-    QASSERT(kECX == LoadTacAddr(line.opB, 1 << kECX));
+    QASSERT(kECX == LoadTacAddr(line.opB, RegisterBit(kECX)));
     Touch(a);
     if (left)
       ia32_sal_cl(3, a);

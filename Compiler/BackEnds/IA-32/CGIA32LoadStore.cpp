@@ -205,7 +205,7 @@ int CGIA32::LoadTacAddr(TacAddr const* addr, int scheme) {
   } else {
     reg = AllocateRegister(restricted, preferred);
     int baseScheme = xmm ? kSelectAnyGPR : SchemeExclude(reg, scheme);
-    if (baseScheme == 0) baseScheme = 1 << reg;  // the value's register serves
+    if (baseScheme == 0) baseScheme = RegisterBit(reg);  // the value's register serves
     IA32Operand where = AddressOf(addr, baseScheme);
     LoadFromMemory(reg, addr, where);
   }
@@ -238,7 +238,7 @@ void CGIA32::LoadInt64TacAddr(TacAddr const* addr, int* hi, int* lo,
   } else {
     AllocateInt64Registers(hi, lo, scheme);
     // A field's base goes into the low register, read last.
-    IA32Operand where = AddressOf(addr, 1 << *lo);
+    IA32Operand where = AddressOf(addr, RegisterBit(*lo));
     IA32Operand high = where;
     high.disp += 4;
     if (!where.global) high.mod = ModDisp(high.disp);

@@ -8,13 +8,13 @@ bool CGIA32::RegMatchesScheme(int reg, int scheme) {
 }
 
 bool CGIA32::IsXMMScheme(int scheme) {
-  return (static_cast<unsigned int>(scheme) & 0xFF000000u) != 0;
+  return (static_cast<unsigned int>(scheme) & kXMMSchemeBits) != 0;
 }
 
 int CGIA32::SchemeExclude(int reg, int scheme) {
   QASSERT_TEXT(reg >= 0 and reg < kRegisterCount,
                "reg >= 0 and reg < kRegisterCount");
-  return scheme & ~(1 << reg);
+  return scheme & ~RegisterBit(reg);
 }
 
 int CGIA32::SchemeExclude2(int reg1, int reg2, int scheme) {
