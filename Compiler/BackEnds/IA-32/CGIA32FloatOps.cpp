@@ -35,9 +35,9 @@ void CGIA32::FloatCompare(TacLine const& line, bool swap, int mask, int value,
   int r = AllocateRegister(kSelect8BitGPR, kEAX);
   QASSERT(r == kEAX);
   ia32_fnstsw();
-  ia32_and_imm32(3, kEAX, mask);
-  ia32_cmp_imm32(3, kEAX, value);
+  ia32_and_imm32(kModRegister, kEAX, mask);
+  ia32_cmp_imm32(kModRegister, kEAX, value);
   (this->*setcc)(3, r);
-  ia32_and_imm8_se(3, r, 1);
+  ia32_and_imm8_se(kModRegister, r, 1);
   StoreBoolean(r, line.result);
 }

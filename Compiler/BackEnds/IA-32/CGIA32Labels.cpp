@@ -49,7 +49,7 @@ void CGIA32::CompareAndBranch(TacLine const& line, Branch branch) {
   if (ExprIsInt64(line)) QFAIL("not yet supported for Int64");
   int a = LoadTacAddr(line.opA, kSelectAnyGPR);
   int b = LoadTacAddr(line.opB, SchemeExclude(a, kSelectAnyGPR));
-  ia32_cmp(3, a, b);
+  ia32_cmp(kModRegister, a, b);
   EmitBranch(branch, 2, line.result->GetValue()->uSInt32);
 }
 

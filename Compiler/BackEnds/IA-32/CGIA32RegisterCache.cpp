@@ -25,7 +25,9 @@ int CGIA32::SchemeExclude3(int reg1, int reg2, int reg3, int scheme) {
   return SchemeExclude(reg3, SchemeExclude2(reg1, reg2, scheme));
 }
 
-int CGIA32::ModDisp(int disp) { return disp >= -128 && disp <= 127 ? 1 : 2; }
+int CGIA32::ModDisp(int disp) {
+  return disp >= -128 && disp <= 127 ? kModDisplacement8 : kModDisplacement32;
+}
 
 // Only the bank the scheme names is searched: floats live in the SSE bank,
 // everything else in the general one. A hit outside the scheme still
