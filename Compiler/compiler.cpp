@@ -103,7 +103,8 @@ Ref<CodeModule> Compiler::Compile(string const& source, string const& name,
   AddIntrinsicConstantDeclarations(symbols, context);
   if (RunFrontEnd(source)) {
     if (mTacListing && context->mProgramCode)
-      *mTacListing = ListTacBlock(*context->mProgramCode->Code());
+      *mTacListing =
+          ListTacBlock(*context->mProgramCode->Code(), &mTacListingStandIns);
     module = RunBackEnd(name);
   }
   if (module) HandOverToModule(&*module, context);

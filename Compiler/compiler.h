@@ -6,6 +6,7 @@
 #include "Compiler/CompilerDelegate.h"
 #include "Compiler/Frontend/LanguageOptions.h"
 #include "Compiler/SmartRef.h"
+#include "Compiler/TacListing.h"
 #include "Universal/SimpleVector.h"
 #include "Universal/stringmap.h"
 #include "Universal/ustring.h"
@@ -49,6 +50,8 @@ class Compiler {
   // When set, receives the listing of the program's three-address code
   // once the front end has succeeded: the developer's view of a compile.
   string* mTacListing;
+  // What the listing names in place of run-dependent constants.
+  TacListingStandIns mTacListingStandIns;
 
  private:
   Compiler(Compiler const&) = delete;

@@ -3,6 +3,8 @@
 // address in hex, and the function table learns that name. No call is
 // interpreted: compiled code calls the host function directly, and the
 // context object reaches it as a hidden parameter baked into the code.
+#include <ctype.h>
+
 #include "Compiler/Frontend/SrcContext.h"
 #include "Compiler/Miner/DeclarationParser.h"
 #include "Compiler/SymbolTable/GlobalSymbolTable.h"
@@ -22,6 +24,13 @@ bool TypeNotContextSafe(IRDataType type) {
 
 static string HostLinkName(void* entry) {
   return string("_") + ultohexa((unsigned long)entry);
+}
+
+bool IsHostLinkName(string const& name) {
+  if (name.Length() != 9 || name[0] != '_') return false;
+  for (int i = 1; i < 9; i++)
+    if (!isxdigit(static_cast<unsigned char>(name[i]))) return false;
+  return true;
 }
 
 // A hidden Int32 parameter whose value is baked into every call.

@@ -116,4 +116,8 @@ class QuorlScriptInterface : public QuorlScriptCorrespondent,
   SimpleVector<HostProperty> mHostProperties;
 };
 
+// Whether a link name is one that the host callbacks made from an entry's
+// address.
+bool IsHostLinkName(string const& name);
+
 #endif
