@@ -52,6 +52,10 @@ class Compiler {
   string* mTacListing;
   // What the listing names in place of run-dependent constants.
   TacListingStandIns mTacListingStandIns;
+  // Run the optimizing passes and let the back end generate its faster
+  // forms; on unless the caller asks for the code exactly as written. The
+  // listing shows the code after the passes.
+  bool mOptimize;
 
  private:
   Compiler(Compiler const&) = delete;

@@ -7,7 +7,8 @@
 
 CGIA32::CGIA32()
     : mLocals(nullptr), mObjectBase(nilTacAddr), mObjectBaseOffset(0),
-      mClock(0), mCallingConvention(0), mNextLocalLabel(0) {
+      mClock(0), mCallingConvention(0), mNextLocalLabel(0),
+      mFlagsHold(nilTacAddr), mFlagsLeft(nilTacAddr) {
   for (int reg = 0; reg < kRegisterCount; reg++) mSavedRegisters[reg] = false;
 }
 
@@ -37,6 +38,8 @@ void CGIA32::ia32_Write32(int value) {
 unsigned int CGIA32::CodeBufferLength() { return mFunc->Length(); }
 
 void CGIA32::CompileLineBefore(TacLine const& line) {
+  mFlagsHold = mFlagsLeft;
+  mFlagsLeft = nilTacAddr;
   if (mFunc)
     mFunc->mLineTable.AddEntry(CodeBufferLength(),
                                static_cast<unsigned int>(line.mLine));
@@ -53,6 +56,8 @@ void CGIA32::BeginFunction(string const& name) {
   mObjectBaseOffset = 0;
   mCallingConvention = 0;
   mNextLocalLabel = 0;
+  mConstantPool.deleteAll();
+  mConstantReferences.deleteAll();
   ResetRegisters();
   for (int reg = 0; reg < kRegisterCount; reg++) mSavedRegisters[reg] = false;
 }
@@ -72,9 +77,9 @@ void CGIA32::EmitRegMem(RegMemPlain plain, RegMemDisp displaced,
                         RegMemSIB sib, int reg, IA32Operand const& where) {
   if (where.index != kNoRegister) {
     QASSERT(where.mod == kModIndirect);
-    (this->*sib)(0, reg, 4, 0, where.index, where.rm);
+    (this->*sib)(kModIndirect, reg, 4, 0, where.index, where.rm);
   } else if (where.mod == kModIndirect && !where.global) {
-    (this->*plain)(0, reg, where.rm);
+    (this->*plain)(kModIndirect, reg, where.rm);
   } else {
     (this->*displaced)(where.mod, reg, where.rm, where.disp);
   }
@@ -85,7 +90,7 @@ void CGIA32::EmitGroup(GroupPlain plain, GroupDisp displaced,
                        IA32Operand const& where) {
   QASSERT(where.index == kNoRegister);
   if (where.mod == kModIndirect && !where.global)
-    (this->*plain)(0, where.rm);
+    (this->*plain)(kModIndirect, where.rm);
   else
     (this->*displaced)(where.mod, where.rm, where.disp);
   if (where.global) LoadGlobal(where.global, -4);
