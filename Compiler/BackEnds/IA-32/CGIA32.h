@@ -161,8 +161,6 @@ class CGIA32 : public CodeGenerator, public IA32OpWriter {
   void ResetRegisters();
   // The operand is no longer what any register holds (its memory changed).
   void ForgetAddr(TacAddr const* addr);
-  // Debug check: after a label no register may claim to hold an operand.
-  void AssertCacheEmpty() const;
 
   // ---- moving operands (CGIA32LoadStore.cpp)
   int LoadTacAddr(TacAddr const* addr, int scheme);

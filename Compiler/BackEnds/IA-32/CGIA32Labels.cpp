@@ -37,7 +37,6 @@ void CGIA32::tac_Label(TacLine const& line) {
   QASSERT(line.opA->IsConstant() &&
           line.opA->mType.GetMainType() == kSInt32Type);
   InvalidateRegisters();
-  AssertCacheEmpty();
   PlaceLabel(line.opA->GetValue()->uSInt32);
 }
 

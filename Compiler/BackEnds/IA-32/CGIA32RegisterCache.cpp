@@ -103,11 +103,3 @@ void CGIA32::ForgetAddr(TacAddr const* addr) {
     while (mXMMRegisters[reg].Contains(addr)) mXMMRegisters[reg].Clear(addr);
   }
 }
-
-void CGIA32::AssertCacheEmpty() const {
-#ifndef NDEBUG
-  for (int reg = 0; reg < kRegisterCount; reg++)
-    QASSERT_TEXT(!mRegisters[reg].Valid() && !mXMMRegisters[reg].Valid(),
-                 "stale register cache after a label");
-#endif
-}

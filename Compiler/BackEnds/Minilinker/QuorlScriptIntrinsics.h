@@ -54,9 +54,6 @@ void RuntimeCheckStack();
 void RuntimeDebugEntry();
 void RemoteDebuggerStartup();
 
-// The object raised by RuntimeCheckStack.
-RuntimeObject* StackOverflowExceptionObject();
-
 // ---- the table the linker resolves against
 // A new table, owned by the caller: the plug-in's own entries first, then
 // every intrinsic name through `resolver`.
