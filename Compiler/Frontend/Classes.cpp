@@ -18,9 +18,6 @@
 
 namespace {
 
-// Two events of one name on a class's chain.
-CompileErrorCode const kErrorDuplicateEvent = CompileErrorCode(58);
-
 bool StaticClassData() { return gContext->mStaticClassData != 0; }
 
 // Calls `take` for each member of a class body: one item or a flat list.
