@@ -12,7 +12,7 @@
 #include "Compiler/Frontend/GeneratedFunctions.h"
 #include "Compiler/Frontend/Lexer.h"
 #include "Compiler/Frontend/Namespaces.h"
-#include "Compiler/Frontend/NameMangler.h"
+#include "Compiler/SymbolTable/NameMangler.h"
 #include "Compiler/Frontend/ParserError.h"
 #include "Compiler/Frontend/ParserScopes.h"
 #include "Compiler/Frontend/Pragmas.h"
