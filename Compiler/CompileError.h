@@ -120,6 +120,7 @@ enum CompileErrorCode {
   kErrorDuplicateConstant = 135,
   kErrorImportLimit = 136,
   kErrorUnresolvedForwardReference = 137,
+  kErrorLocalStorageTooLarge = 138,
 };
 
 // One reported fault: its number, where it is, and optional text arguments

@@ -3,6 +3,7 @@
 #define COMPILER_COMPILER_H
 
 #include "Compiler/BackEnds/IA-32/CGIA32.h"
+#include "Compiler/BackEnds/PowerPC/CGPPC.h"
 #include "Compiler/CompilerDelegate.h"
 #include "Compiler/Frontend/LanguageOptions.h"
 #include "Compiler/SmartRef.h"
@@ -40,6 +41,10 @@ class Compiler {
   SimpleVector<string> mIntrinsicNames;  // link name per intrinsic number
   long mCodeType;                        // a CompilerCodeType
   CGIA32Options mIA32Options;
+  CGPPCOptions mPPCOptions;
+  // When set, receives the argument shapes of the calls by name of a
+  // PowerPC compile (CGPPC::CallShapes).
+  StringMapCase<string>* mCallShapes;
   // The conditional-compilation constants ("TargetLinux"...), in order.
   StringMap<bool> mConditionalConstants;
   unsigned char mLibrary;          // no main body in this unit
