@@ -197,7 +197,7 @@ bool HasLine(std::vector<std::string> const& lines, std::string const& text) {
 }
 
 std::string Intrinsic(long which) {
-  return "Intrinsic intrinsic " + std::to_string(which);
+  return std::string("Intrinsic ") + IntrinsicFunctionNames()[which].CString();
 }
 
 }  // namespace
