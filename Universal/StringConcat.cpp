@@ -3,6 +3,7 @@
 #include <string.h>
 
 #include "Universal/Encodings.h"
+#include "Universal/StringAssembly.h"
 #include "Universal/StringWorkCounters.h"
 #include "Universal/ustring.h"
 
@@ -22,16 +23,21 @@ string Join(char const* a, unsigned long lengthA, char const* b,
 
 }  // namespace
 
-// Either side empty gives the other side, shared.
+// Either side empty gives the other side, shared. Text of two encodings is
+// brought to one, as ConvertToSameEncoding does; a side whose bytes stand
+// as they are in that encoding (ASCII in UTF-8) is not copied first.
 string operator+(string const& a, string const& b) {
   if (a.IsEmpty()) return b;
   if (b.IsEmpty()) return a;
   if (a.Encoding() == b.Encoding())
     return Join(a.CString(), a.Length(), b.CString(), b.Length(),
-                CommonEncoding(a.Encoding(), b.Encoding(), false));
+                a.Encoding());
+  unsigned long tag = SumEncoding(a.Encoding(), b.Encoding());
+  if (BytesStandAs(a.Encoding(), tag) && BytesStandAs(b.Encoding(), tag))
+    return Join(a.CString(), a.Length(), b.CString(), b.Length(), tag);
   string first = a, second = b;
   EnterStringCriticalSection();
-  unsigned long tag = ConvertToSameEncoding(&first, &second);
+  tag = ConvertToSameEncoding(&first, &second);
   LeaveStringCriticalSection();
   return Join(first.CString(), first.Length(), second.CString(),
               second.Length(), tag);

@@ -18,11 +18,18 @@ struct StringWorkCounts {
   uint64_t scannedBytes;    // bytes walked by searches and position lookups
 };
 
-StringWorkCounts CurrentStringWork();
-void ResetStringWork();
+// Written by the string functions of this copy of the runtime, read and
+// cleared by tests; lives as long as the process.
+extern StringWorkCounts gStringWork;
 
-void CountStringAllocation(uint64_t bytes);
-void CountStringCopy(uint64_t bytes);
-void CountStringScan(uint64_t bytes);
+inline StringWorkCounts CurrentStringWork() { return gStringWork; }
+inline void ResetStringWork() { gStringWork = StringWorkCounts(); }
+
+inline void CountStringAllocation(uint64_t bytes) {
+  gStringWork.allocations++;
+  gStringWork.allocatedBytes += bytes;
+}
+inline void CountStringCopy(uint64_t bytes) { gStringWork.copiedBytes += bytes; }
+inline void CountStringScan(uint64_t bytes) { gStringWork.scannedBytes += bytes; }
 
 #endif

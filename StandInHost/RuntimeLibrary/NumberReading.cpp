@@ -4,6 +4,7 @@
 #include <ctype.h>
 #include <math.h>
 #include <stdio.h>
+#include <string.h>
 
 #include "Universal/ByteHelpers.h"
 
@@ -66,16 +67,58 @@ void CopyExponent(std::string_view text, size_t at, std::string& out) {
   if (CopyDigits(text, at, exponent, false)) out += exponent;
 }
 
+// Up to 15 digits make an integer that a double holds exactly: such a number
+// needs none of the general (and locale-guarded) conversion.
+const size_t kExactDigits = 15;
+// Integers below this print as their digits under "%.15g" too.
+const double kLargestShortInteger = 1e15;
+
+// The plain integer of at most 15 digits that stands at `at` (after any
+// sign), when nothing that would continue the number follows it.
+bool ReadShortInteger(std::string_view text, size_t at, bool thousands,
+                      double* value) {
+  size_t first = at;
+  unsigned long long digits = 0;
+  for (; IsDigit(text, at); at++) digits = digits * 10 + (text[at] - '0');
+  size_t count = at - first;
+  if (!count || count > kExactDigits) return false;
+  if (at < text.size() && (text[at] == '.' || text[at] == 'e' ||
+                           text[at] == 'E' || (thousands && text[at] == ',')))
+    return false;
+  *value = static_cast<double>(digits);
+  return true;
+}
+
 }  // namespace
+
+bool ShortIntegerText(double value, char* buffer, size_t* length) {
+  if (value != trunc(value) || !(fabs(value) < kLargestShortInteger))
+    return false;
+  unsigned long long magnitude =
+      static_cast<unsigned long long>(value < 0 ? -value : value);
+  char* end = buffer + kShortIntegerTextSize;
+  char* at = end;
+  do {
+    *--at = static_cast<char>('0' + magnitude % 10);
+    magnitude /= 10;
+  } while (magnitude);
+  if (value < 0) *--at = '-';
+  *length = end - at;
+  memmove(buffer, at, *length);
+  return true;
+}
 
 double ReadLeadingNumber(std::string_view text, bool thousands) {
   size_t at = 0;
   while (at < text.size() && (text[at] == ' ' || text[at] == '\t')) at++;
   if (at + 1 < text.size() && text[at] == '&' && RadixOfPrefix(text[at + 1]))
     return ReadRadixDigits(text, at + 2, RadixOfPrefix(text[at + 1]));
-  std::string number;
-  if (at < text.size() && (text[at] == '-' || text[at] == '+'))
-    number += text[at++];
+  size_t sign = at;
+  if (at < text.size() && (text[at] == '-' || text[at] == '+')) at++;
+  double integer;
+  if (ReadShortInteger(text, at, thousands, &integer))
+    return at > sign && text[sign] == '-' ? -integer : integer;
+  std::string number(text.substr(sign, at - sign));
   size_t digits = CopyDigits(text, at, number, thousands);
   if (at < text.size() && text[at] == '.') {
     number += text[at++];
@@ -90,6 +133,10 @@ std::string DoubleText(double value) {
   if (isnan(value)) return "NaN";
   if (isinf(value)) return value < 0 ? "-INF" : "INF";
   if (value == 0) return "0";
+  char digits[kShortIntegerTextSize];
+  size_t length;
+  if (ShortIntegerText(value, digits, &length))
+    return std::string(digits, length);
   char text[40];
   snprintf(text, sizeof text, "%.15g", value);
   for (char* c = text; *c; c++)
