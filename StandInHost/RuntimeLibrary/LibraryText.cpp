@@ -17,11 +17,18 @@ string MakeText(char const* bytes, unsigned long length, unsigned long tag) {
   return result;
 }
 
+namespace {
+
+bool WalksAsUTF8(unsigned long tag) {
+  return tag == kEncodingUTF8 || tag == kEncodingASCII ||
+         tag == kEncodingUnknown;
+}
+
+}  // namespace
+
 string CharacterView(stringStorage* text) {
   string view(text);
-  unsigned long tag = view.Encoding();
-  if (tag == kEncodingUTF8 || tag == kEncodingASCII || tag == kEncodingUnknown)
-    return view;
+  if (WalksAsUTF8(view.Encoding())) return view;
   return view.GetUTF8String();
 }
 
@@ -68,14 +75,19 @@ void RememberText(string const& view) {
 
 void ForgetCharacterPositions() { sPositionMemo = PositionMemo(); }
 
-CharacterText::CharacterText(stringStorage* text)
-    : CharacterText(CharacterView(text)) {}
+// Text that walks as UTF-8 is shared as it is: no copy, no conversion.
+CharacterText::CharacterText(stringStorage* text) : mView(text) {
+  if (!WalksAsUTF8(mView.Encoding())) mView = mView.GetUTF8String();
+  Describe();
+}
 
-CharacterText::CharacterText(string const& view)
-    : mView(view),
-      mBytes(reinterpret_cast<unsigned char const*>(view.CString())),
-      mLength(view.Length()),
-      mOneBytePerCharacter(view.Encoding() == kEncodingASCII) {}
+CharacterText::CharacterText(string const& view) : mView(view) { Describe(); }
+
+void CharacterText::Describe() {
+  mBytes = reinterpret_cast<unsigned char const*>(mView.CString());
+  mLength = mView.Length();
+  mOneBytePerCharacter = mView.Encoding() == kEncodingASCII;
+}
 
 // A sequence that the end of the text cuts short is its lead byte alone.
 unsigned long CharacterText::CodeOfSequenceAt(unsigned long at) const {

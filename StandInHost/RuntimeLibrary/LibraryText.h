@@ -76,6 +76,7 @@ class CharacterText {
   }
 
  private:
+  void Describe();
   unsigned long CodeOfSequenceAt(unsigned long at) const;
   unsigned long EndOfSequenceAt(unsigned long at) const;
 

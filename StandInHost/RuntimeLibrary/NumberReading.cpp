@@ -3,6 +3,7 @@
 
 #include <ctype.h>
 #include <math.h>
+#include <stdint.h>
 #include <stdio.h>
 #include <string.h>
 
@@ -78,30 +79,68 @@ const double kLargestShortInteger = 1e15;
 bool ReadShortInteger(std::string_view text, size_t at, bool thousands,
                       double* value) {
   size_t first = at;
-  unsigned long long digits = 0;
+  double digits = 0;  // exact: at most 15 digits are kept
   for (; IsDigit(text, at); at++) digits = digits * 10 + (text[at] - '0');
   size_t count = at - first;
   if (!count || count > kExactDigits) return false;
   if (at < text.size() && (text[at] == '.' || text[at] == 'e' ||
                            text[at] == 'E' || (thousands && text[at] == ',')))
     return false;
-  *value = static_cast<double>(digits);
+  *value = digits;
   return true;
 }
 
 }  // namespace
 
+namespace {
+
+// The integer that a non-negative double below 2^63 holds, if it holds
+// one, read from its bits: converting with the FPU costs two changes of its
+// rounding mode on this target, more than the digits themselves.
+bool IntegerOf(double whole, uint64_t* integer) {
+  const int kFractionBits = 52, kExponentBias = 1023;
+  uint64_t bits;
+  memcpy(&bits, &whole, sizeof bits);
+  int exponent = static_cast<int>(bits >> kFractionBits) - kExponentBias;
+  uint64_t significand = (bits & ((uint64_t(1) << kFractionBits) - 1)) |
+                         (uint64_t(1) << kFractionBits);
+  if (whole == 0) {
+    *integer = 0;
+    return true;
+  }
+  if (exponent < 0) return false;
+  if (exponent >= kFractionBits) {
+    *integer = significand << (exponent - kFractionBits);
+    return true;
+  }
+  int fractionBits = kFractionBits - exponent;
+  *integer = significand >> fractionBits;
+  return (significand & ((uint64_t(1) << fractionBits) - 1)) == 0;
+}
+
+}  // namespace
+
+// The digits of the usual numbers come from 32-bit divisions.
 bool ShortIntegerText(double value, char* buffer, size_t* length) {
-  if (value != trunc(value) || !(fabs(value) < kLargestShortInteger))
+  const uint32_t kNineDigits = 1000000000;
+  double whole = value < 0 ? -value : value;
+  uint64_t integer;
+  if (!(whole < kLargestShortInteger) || !IntegerOf(whole, &integer))
     return false;
-  unsigned long long magnitude =
-      static_cast<unsigned long long>(value < 0 ? -value : value);
+  uint32_t high = 0, low = static_cast<uint32_t>(integer);
+  if (integer >= kNineDigits) {
+    high = static_cast<uint32_t>(integer / kNineDigits);
+    low = static_cast<uint32_t>(integer % kNineDigits);
+  }
   char* end = buffer + kShortIntegerTextSize;
   char* at = end;
-  do {
-    *--at = static_cast<char>('0' + magnitude % 10);
-    magnitude /= 10;
-  } while (magnitude);
+  // Nine digits of the low half, leading zeros included when a high half
+  // follows; at least one digit.
+  for (int digit = 0; digit < 9 && (low || high || at == end); digit++) {
+    *--at = static_cast<char>('0' + low % 10);
+    low /= 10;
+  }
+  for (; high; high /= 10) *--at = static_cast<char>('0' + high % 10);
   if (value < 0) *--at = '-';
   *length = end - at;
   memmove(buffer, at, *length);
