@@ -3,10 +3,10 @@
 // address in hex, and the function table learns that name. No call is
 // interpreted: compiled code calls the host function directly, and the
 // context object reaches it as a hidden parameter baked into the code.
-#include "Compiler/Frontend/NameMangler.h"
 #include "Compiler/Frontend/SrcContext.h"
 #include "Compiler/Miner/DeclarationParser.h"
 #include "Compiler/SymbolTable/GlobalSymbolTable.h"
+#include "Compiler/SymbolTable/NameMangler.h"
 #include "Plugin/QuorlScriptInterface.h"
 #include "Universal/Assertion.h"
 #include "Universal/ByteHelpers.h"

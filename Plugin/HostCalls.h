@@ -23,6 +23,7 @@ void RegisterPluginVersion(int version);
 void VELDRegisterClass(VELDClassDefinition* cls);
 double VELDGetQuorlVersion();
 int VELDinRuntime();
+int VELDOptimizeScripts();
 void* VELDGetClassData(VELDObject object, VELDClassDefinition* cls);
 void* VELDGetEventInstance(VELDObject object, VELDEvent* event);
 VELDString VELDBuildString(void const* bytes, int length);

@@ -119,6 +119,9 @@ typedef VELDObject (*VELDnewInstanceProc)(char const* className);
 // returns; the host delivers the exception once control is back with it.
 typedef void (*VELDRaiseExceptionProc)(VELDObject exception);
 typedef void (*VELDYieldToQuorlProc)();
+// Non-zero (the default for a host without it) lets the engine optimize the
+// scripts it compiles; zero keeps the code exactly as the source reads.
+typedef int (*VELDOptimizeScriptsProc)();
 typedef int (*VELDCountClassMethodsProc)(VELDClassRef cls);
 // True when the item exists; the declaration comes with one reference.
 typedef int (*VELDGetClassMethodProc)(VELDClassRef cls, int index, void** entry,

@@ -15,6 +15,7 @@
 #include "Compiler/Miner/Miner.h"
 #include "Compiler/SymbolTable/GlobalSymbolTable.h"
 #include "Compiler/compiler.h"
+#include "Plugin/HostCalls.h"
 #include "Plugin/QuorlScriptInterface.h"
 #include "Plugin/ScriptRuntime.h"
 
@@ -52,6 +53,7 @@ Ref<CodeModule> QuorlScriptInterface::CompileSource(StringMap<void*>* functionTa
   // stack at every call, and the runtime and the host are such code.
   compiler.mIA32Options.mAlignStack16 = true;
   compiler.mTacListing = listing;
+  compiler.mOptimize = VELDOptimizeScripts() != 0;
   GlobalSymbolTable* symbols = MakeQuorlScriptRuntimeDeclarations(this);
   EncodeHostCallbacks(symbols, functionTable);
   string source(mSourceText);

@@ -1,3 +1,4 @@
+#include "Compiler/Frontend/Classes.h"
 #include "Compiler/Frontend/FunctionCalls.h"
 
 #include "Compiler/Frontend/Expressions.h"

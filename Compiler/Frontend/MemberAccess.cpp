@@ -1,3 +1,4 @@
+#include "Compiler/Frontend/Classes.h"
 #include "Compiler/Frontend/MemberAccess.h"
 
 #include "Compiler/Frontend/Assignments.h"
@@ -8,6 +9,7 @@
 #include "Compiler/Frontend/Arrays.h"
 #include "Compiler/Frontend/PendingForms.h"
 #include "Compiler/Frontend/SrcContext.h"
+#include "Compiler/Frontend/SymbolUtilities.h"
 #include "Compiler/SemBase.h"
 #include "Compiler/SymbolTable/GlobalSymbolTable.h"
 #include "Universal/Assertion.h"
@@ -22,6 +24,12 @@ SemBase* ReadValue(SemBase* value, SemBase* args) {
 // `place = assignValue` or `place(args) = assignValue`, as a statement.
 SemBase* WriteValue(SemBase* place, SemBase* args, SemBase* assignValue) {
   SemBase* code = SemCode::New(IRDataType(), &assignValue->Location());
+  // A field of an object is a place that code computes.
+  if (!args && place->Code()) {
+    SemBase* flat = FlattenExpression(place, code);
+    AssignToSymbol(flat->GetAddr(), assignValue, code);
+    return code;
+  }
   if (args)
     SetArrayElementValue(place, args, assignValue, code);
   else
@@ -144,9 +152,12 @@ SemBase* AccessSelfProperty(PropertySymbol* prop, SourceLocation const& where,
     Error(InsideAccessor() ? kErrorSelfPropertyAccessInAccessor
                            : kErrorSelfPropertyAccess,
           where);
-    return SemCode::New(IRDataType(), &where);
+    return FailedLookupValue(where, mode);
   }
-  SemBase* base = instance ? CompileSelf() : nullptr;
+  // A stored field is reached through the base the code has set, which
+  // field initialisers have without any Self.
+  SemBase* base =
+      instance && prop->HasCustomAccessors() ? CompileSelf() : nullptr;
   SemBase* storage = prop->HasCustomAccessors()
                          ? nullptr
                          : StoredPropertyValue(prop, instance, where);

@@ -1,3 +1,4 @@
+#include "Compiler/Frontend/Classes.h"
 #include "Compiler/Frontend/ObjectExpressions.h"
 
 #include "Compiler/Frontend/Expressions.h"
@@ -78,7 +79,8 @@ SemBase* CompileNew(SemBase* type, SemBase* arguments, bool callConstructor) {
   ResetReturnTemp(code->GetAddr(), code);
   TypeSymbol* decl = newType.Declaration();
   if (decl && decl->IsA(Symbol::kClass)) {
-    CreateNewClassInstance(decl, arguments, code, callConstructor);
+    CreateNewClassInstance(static_cast<ClassSymbol*>(decl), arguments, code,
+                           callConstructor);
   } else if (decl && decl->IsA(Symbol::kDelegate)) {
     QASSERT(callConstructor);
     CreateNewDelegateInstance(decl, arguments, code);

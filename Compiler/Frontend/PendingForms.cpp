@@ -80,16 +80,10 @@ SemBase* StaticVariantScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
   return UnavailableMember(expr, ident, mode);
 }
 
-SemBase* LookupClassRecord(TypeSymbol* decl) {
+SemBase* LookupDelegateSignature(TypeSymbol* decl) {
   QASSERT(decl);
   ReportUnavailable(SourceLocation(current_line()), decl->Name());
   return nullptr;
-}
-SemBase* LookupInterfaceRecord(TypeSymbol* decl) {
-  return LookupClassRecord(decl);
-}
-SemBase* LookupDelegateSignature(TypeSymbol* decl) {
-  return LookupClassRecord(decl);
 }
 
 // Until signatures can be compared, only the same delegate type matches.
@@ -97,30 +91,8 @@ bool DelegateSignaturesMatch(IRDataType const& a, IRDataType const& b) {
   return a.Declaration() == b.Declaration();
 }
 
-void CreateNewClassInstance(TypeSymbol* decl, SemBase* args, SemBase* code,
-                            bool callConstructor) {
-  ReportUnavailable(code->Location(), decl->Name());
-}
 void CreateNewDelegateInstance(TypeSymbol* decl, SemBase* args, SemBase* code) {
   ReportUnavailable(code->Location(), decl->Name());
-}
-
-SemBase* CallPropertyGetter(SemBase* base, PropertySymbol* property) {
-  return Unavailable(base, property->Name());
-}
-SemBase* CallPropertySetter(SemBase* base, PropertySymbol* property,
-                            SemBase* value) {
-  return Unavailable(value, property->Name(), kProhibitFunctionResult);
-}
-SemBase* CallModulePropertyGetter(PropertySymbol* property) {
-  return Unavailable(nullptr, property->Name());
-}
-SemBase* CallModulePropertySetter(PropertySymbol* property, SemBase* value) {
-  return Unavailable(value, property->Name(), kProhibitFunctionResult);
-}
-SemBase* CreatePropertyStorageReference(SemBase* base,
-                                        PropertySymbol* property) {
-  return Unavailable(base, property->Name());
 }
 
 SemBase* StructureScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
@@ -134,10 +106,6 @@ SemBase* StaticStructureScopeLookup(SemBase* expr, SemBase* ident,
 }
 SemBase* EnumScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
                          SemBase* assignValue, FunctionResultMode mode) {
-  return UnavailableMember(expr, ident, mode);
-}
-SemBase* ClassScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
-                          SemBase* assignValue, FunctionResultMode mode) {
   return UnavailableMember(expr, ident, mode);
 }
 SemBase* StaticDelegateScopeLookup(SemBase* expr, SemBase* ident,

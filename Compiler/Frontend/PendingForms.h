@@ -1,6 +1,6 @@
 // The forms of expressions that belong to other themes of the front end
-// (operator methods, variants, delegates, class records, computed
-// properties, calls) and that expressions and lookups hand over to.
+// (operator methods, variants, delegates, structures, enums, built-in
+// members) and that expressions and lookups hand over to.
 //
 // STAND-INS FOR NOW: until its theme exists, each of these reports compile
 // error 26 with the text of what was asked for, and gives a harmless value,
@@ -36,27 +36,13 @@ SemBase* StaticVariantScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
                                   SemBase* assignValue,
                                   FunctionResultMode mode);
 
-// The run-time records of declared types, as values; null when there is
-// none.
-SemBase* LookupClassRecord(TypeSymbol* decl);
-SemBase* LookupInterfaceRecord(TypeSymbol* decl);
+// The signature of a delegate type, as a value.
 SemBase* LookupDelegateSignature(TypeSymbol* decl);
 // Whether a delegate of type `b` may stand where one of type `a` is wanted.
 bool DelegateSignaturesMatch(IRDataType const& a, IRDataType const& b);
 
-// New instances into `code`'s result.
-void CreateNewClassInstance(TypeSymbol* decl, SemBase* args, SemBase* code,
-                            bool callConstructor);
+// A new delegate into `code`'s result.
 void CreateNewDelegateInstance(TypeSymbol* decl, SemBase* args, SemBase* code);
-
-// Computed properties and the storage of instance properties.
-SemBase* CallPropertyGetter(SemBase* base, PropertySymbol* property);
-SemBase* CallPropertySetter(SemBase* base, PropertySymbol* property,
-                            SemBase* value);
-SemBase* CallModulePropertyGetter(PropertySymbol* property);
-SemBase* CallModulePropertySetter(PropertySymbol* property, SemBase* value);
-SemBase* CreatePropertyStorageReference(SemBase* base,
-                                        PropertySymbol* property);
 
 // `expr.name` on the types that have lookups of their own. `expr` is a
 // namespace or a typed identifier for the static forms.
@@ -67,8 +53,6 @@ SemBase* StaticStructureScopeLookup(SemBase* expr, SemBase* ident,
                                     FunctionResultMode mode);
 SemBase* EnumScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
                          SemBase* assignValue, FunctionResultMode mode);
-SemBase* ClassScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
-                          SemBase* assignValue, FunctionResultMode mode);
 SemBase* StaticDelegateScopeLookup(SemBase* expr, SemBase* ident,
                                    SemBase* args, SemBase* assignValue,
                                    FunctionResultMode mode);

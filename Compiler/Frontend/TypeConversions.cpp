@@ -1,5 +1,6 @@
 // The conversion emitters: CompileRefAs and the code of each kind of
 // conversion. The rules of which pair converts are in ConversionRules.cpp.
+#include "Compiler/Frontend/Classes.h"
 #include "Compiler/Frontend/TypeConversions.h"
 
 #include "Compiler/Frontend/ConstantFolding.h"

@@ -1,5 +1,6 @@
 // `Type(expr)`: checked casts between object types, and reinterpretation of
 // the same bits between integers, Color and Ptr.
+#include "Compiler/Frontend/Classes.h"
 #include "Compiler/Frontend/Expressions.h"
 #include "Compiler/Frontend/ParserError.h"
 #include "Compiler/Frontend/PendingForms.h"

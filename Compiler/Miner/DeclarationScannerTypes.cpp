@@ -48,6 +48,8 @@ long long IntegerLiteralValue() {
 // an unresolved type whose name keeps the dots.
 IRDataType DeclarationScanner::ParseDataType() {
   ReadInLine();
+  // "As New T" declares a T.
+  if (mToken == kTokNew) ReadInLine();
   IRDataType type;
   string text;
   if (mToken == kTokObject) {
