@@ -5,13 +5,14 @@
 #include "Compiler/Frontend/ParserSupport.h"
 #include "Compiler/Frontend/SrcContext.h"
 #include "Compiler/SemBase.h"
+#include "Compiler/Intrinsics.h"
 #include "Compiler/Optimizer/optimizer.h"
 #include "Compiler/TacListing.h"
 #include "Compiler/SymbolTable/GlobalSymbolTable.h"
 #include "Universal/Assertion.h"
 
 // Room for every intrinsic's link name.
-static unsigned long const kIntrinsicNameCapacity = 137;
+static unsigned long const kIntrinsicNameCapacity = kQtyIntrinsics;
 
 Compiler::Compiler()
     : mCodeType(kCodeTypePowerPC), mLibrary(0), mDebug(0), mStaticClassData(0),

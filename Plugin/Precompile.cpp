@@ -15,6 +15,7 @@
 #include "Compiler/Miner/Miner.h"
 #include "Compiler/SymbolTable/GlobalSymbolTable.h"
 #include "Compiler/compiler.h"
+#include "Plugin/CompileLock.h"
 #include "Plugin/HostCalls.h"
 #include "Plugin/QuorlScriptInterface.h"
 #include "Plugin/ScriptRuntime.h"
@@ -45,6 +46,7 @@ static bool DeclareSource(GlobalSymbolTable* symbols, string const& source,
 
 Ref<CodeModule> QuorlScriptInterface::CompileSource(StringMap<void*>* functionTable,
                                                     string* listing) {
+  std::lock_guard<std::mutex> compiling(CompileLock());
   Compiler compiler;
   compiler.mIntrinsicNames = IntrinsicFunctionNames();
   SetTargetConstants(compiler.mConditionalConstants);

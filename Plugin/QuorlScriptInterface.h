@@ -23,6 +23,14 @@ struct HostMethod {
   string mDeclaration;
 };
 
+// A host function that needs no context object: it gets its data word
+// silently as its first argument.
+struct HostFunction {
+  void* mEntry = nullptr;
+  void* mData = nullptr;
+  string mDeclaration;
+};
+
 // A host property callable from scripts through its getter and setter.
 struct HostProperty {
   void* mGetter = nullptr;
@@ -32,6 +40,23 @@ struct HostProperty {
 };
 
 typedef void* RuntimeEntry;
+
+// The detail of the compile error being reported, for hosts that take more
+// than the number and the line. Lines and columns count from 1; 0 unknown.
+struct CompileErrorDetail {
+  bool mValid = false;
+  int mNumber = 0;
+  string mMessage;
+  unsigned long mLine = 0;
+  unsigned long mColumn = 0;
+};
+
+struct QuorlSignature;
+
+// Reads a host function's declaration as a compilation will, and gives the
+// types of its result and parameters; kQuorlBadDeclaration when it does not
+// read.
+int32_t DescribeHostDeclaration(char const* declaration, QuorlSignature* signature);
 
 class QuorlScriptInterface : public QuorlScriptCorrespondent,
                              public CompilerDelegate {
@@ -48,6 +73,8 @@ class QuorlScriptInterface : public QuorlScriptCorrespondent,
   virtual void RegisterHostProperty(void* getter, void* setter, long parameter,
                                     char const* declaration);
   virtual void ClearHostCallbacks();
+  // Host functions stay when the context changes; these are the host's own.
+  void RegisterHostFunction(void* entry, void* data, char const* declaration);
   // Compiles the source into ready code, if there is a source and no ready
   // code yet. Errors go out as CompilerError reports.
   virtual void Precompile();
@@ -69,6 +96,10 @@ class QuorlScriptInterface : public QuorlScriptCorrespondent,
   void ScriptError(RuntimeErrorCode code, unsigned long line) override;
   void ScriptYield() override;
 
+  // Asks the run in progress to stop at its next yield; nothing when no
+  // run is in progress. Safe from any thread while this object lives.
+  void RequestStop();
+
   // Drops the ready code, so that the next run compiles again. Every
   // operation that can change what the code means calls it first.
   void ForceCompile();
@@ -78,6 +109,9 @@ class QuorlScriptInterface : public QuorlScriptCorrespondent,
   void const* Context() const { return mContext; }
   SimpleVector<HostMethod> const& HostMethods() const { return mHostMethods; }
   SimpleVector<HostProperty> const& HostProperties() const { return mHostProperties; }
+  // The detail of the compile error now being reported; mValid is false
+  // for a report that came without one.
+  CompileErrorDetail const& PendingCompileError() const { return mPendingError; }
 
   // The runtime's fourteen entry words, filled when the runtime is installed.
   RuntimeEntry mRuntimeStringCompare = nullptr;
@@ -106,6 +140,7 @@ class QuorlScriptInterface : public QuorlScriptCorrespondent,
   Ref<CodeModule> CompileSource(StringMap<void*>* functionTable, string* listing);
   void EncodeHostMethods(ModuleSymbol* symbols, StringMap<void*>* table);
   void EncodeHostProperties(ModuleSymbol* symbols, StringMap<void*>* table);
+  void EncodeHostFunctions(ModuleSymbol* symbols, StringMap<void*>* table);
   QuorlScriptInterface& operator=(QuorlScriptInterface const&) = delete;
 
   char* mSourceText = nullptr;
@@ -114,6 +149,10 @@ class QuorlScriptInterface : public QuorlScriptCorrespondent,
   void const* mContext = nullptr;
   SimpleVector<HostMethod> mHostMethods;
   SimpleVector<HostProperty> mHostProperties;
+  SimpleVector<HostFunction> mHostFunctions;
+  CompileErrorDetail mPendingError;
+  // A ScriptStopState; written by other threads.
+  volatile long mStopWord = 0;
 };
 
 #endif

@@ -2,12 +2,10 @@
 #include <gtest/gtest.h>
 
 #include "QuorlRunner/CommandLine.h"
-#include "QuorlRunner/CompileErrorMessages.h"
 
 namespace {
 
 using quorl::runner::CommandLine;
-using quorl::runner::CompileErrorMessage;
 
 CommandLine Parse(std::vector<std::string> const& arguments) {
   return quorl::runner::ParseCommandLine(arguments);
@@ -47,19 +45,6 @@ TEST(RunnerCommandLine, UsageErrorsSayWhatIsWrong) {
   for (char const* text : {"--help", "-h", "--check", "--plugin PATH", "'-'",
                            "  0 ", "  1 ", "  2 ", "  64", "  66", "  69", "  70"})
     EXPECT_NE(help.find(text), std::string::npos) << text;
-}
-
-TEST(RunnerMessages, EveryNumberTheEngineRaisesHasItsOwnText) {
-  std::string generic = CompileErrorMessage(9999);
-  int const raised[][2] = {{1, 2}, {5, 7}, {9, 12}, {14, 22}, {24, 35}, {37, 37}, {41, 48},
-                           {52, 52}, {62, 63}, {65, 65}, {67, 73}, {75, 87}, {89, 90},
-                           {93, 93}, {95, 100}, {103, 110}, {112, 122}, {124, 131}, {133, 137}};
-  for (auto const& range : raised)
-    for (int number = range[0]; number <= range[1]; ++number)
-      EXPECT_NE(CompileErrorMessage(number), generic) << "error " << number;
-  EXPECT_STREQ(CompileErrorMessage(82), "parameter after ParamArray");
-  for (int number : {0, -1, 3, 4, 8, 13, 23, 88, 138, 100000})
-    EXPECT_STREQ(CompileErrorMessage(number), "compile error") << number;
 }
 
 }  // namespace

@@ -16,6 +16,8 @@ enum RuntimeErrorCode {
   kRuntimeErrorNilObject = 11,
   kRuntimeErrorIllegalCast = 12,
   kRuntimeErrorOutOfMemory = 13,
+  // Not an error of the script: the host stopped it. No RuntimeError event.
+  kRuntimeErrorStopped = 14,
 };
 
 class QuorlScriptCorrespondent {
