@@ -9,15 +9,20 @@
 
 namespace {
 
-string Join(char const* a, unsigned long lengthA, char const* b,
-            unsigned long lengthB, unsigned long tag) {
-  string result;
+stringStorage* JoinBytes(char const* a, unsigned long lengthA, char const* b,
+                         unsigned long lengthB, unsigned long tag) {
   stringStorage* storage = NewStringStorage(
       nullptr, lengthA + lengthB, static_cast<uint32_t>(tag));
   memcpy(storage->CString(), a, lengthA);
   memcpy(storage->CString() + lengthA, b, lengthB);
   CountStringCopy(lengthA + lengthB);
-  result.AdoptReference(storage);
+  return storage;
+}
+
+string Join(char const* a, unsigned long lengthA, char const* b,
+            unsigned long lengthB, unsigned long tag) {
+  string result;
+  result.AdoptReference(JoinBytes(a, lengthA, b, lengthB, tag));
   return result;
 }
 
@@ -26,21 +31,33 @@ string Join(char const* a, unsigned long lengthA, char const* b,
 // Either side empty gives the other side, shared. Text of two encodings is
 // brought to one, as ConvertToSameEncoding does; a side whose bytes stand
 // as they are in that encoding (ASCII in UTF-8) is not copied first.
-string operator+(string const& a, string const& b) {
-  if (a.IsEmpty()) return b;
-  if (b.IsEmpty()) return a;
-  if (a.Encoding() == b.Encoding())
-    return Join(a.CString(), a.Length(), b.CString(), b.Length(),
-                a.Encoding());
-  unsigned long tag = SumEncoding(a.Encoding(), b.Encoding());
-  if (BytesStandAs(a.Encoding(), tag) && BytesStandAs(b.Encoding(), tag))
-    return Join(a.CString(), a.Length(), b.CString(), b.Length(), tag);
-  string first = a, second = b;
+stringStorage* ConcatenateStorages(stringStorage* a, stringStorage* b) {
+  if (!a || !a->mLength) {
+    LockStringStorage(b);
+    return b;
+  }
+  if (!b || !b->mLength) {
+    LockStringStorage(a);
+    return a;
+  }
+  unsigned long tag = a->mEncoding == b->mEncoding
+                          ? a->mEncoding
+                          : SumEncoding(a->mEncoding, b->mEncoding);
+  if (BytesStandAs(a->mEncoding, tag) && BytesStandAs(b->mEncoding, tag))
+    return JoinBytes(a->CString(), a->mLength, b->CString(), b->mLength, tag);
+  string first(a), second(b);
   EnterStringCriticalSection();
   tag = ConvertToSameEncoding(&first, &second);
   LeaveStringCriticalSection();
-  return Join(first.CString(), first.Length(), second.CString(),
-              second.Length(), tag);
+  return JoinBytes(first.CString(), first.Length(), second.CString(),
+                   second.Length(), tag);
+}
+
+string operator+(string const& a, string const& b) {
+  string sum;
+  sum.AdoptReference(
+      ConcatenateStorages(a.GetStringStorage(), b.GetStringStorage()));
+  return sum;
 }
 
 // A byte of ASCII keeps what the tag allows; a byte with the top bit set

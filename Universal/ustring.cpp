@@ -111,17 +111,6 @@ void string::AllocateBuffer(unsigned int n) {
   AdoptReference(n ? NewStringStorage(nullptr, n, kEncodingUnknown) : nullptr);
 }
 
-void string::AdoptReference(stringStorage* storage) {
-  stringStorage* old = mStorage;
-  mStorage = storage;
-  UnlockStringStorage(old);
-}
-
-stringStorage* string::ExtractStringStorage() const {
-  LockStringStorage(mStorage);
-  return mStorage;
-}
-
 // ---------------------------------------------------------------------------
 // Access
 

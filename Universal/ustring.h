@@ -114,10 +114,17 @@ class string {
   void AllocateBuffer(unsigned int n);
 
   // Takes over a reference without adding one.
-  void AdoptReference(stringStorage* storage);
+  void AdoptReference(stringStorage* storage) {
+    stringStorage* old = mStorage;
+    mStorage = storage;
+    UnlockStringStorage(old);
+  }
   // Adds a reference and returns the storage, to hand the value out to
   // generated code or to the host. Null for the empty string.
-  stringStorage* ExtractStringStorage() const;
+  stringStorage* ExtractStringStorage() const {
+    LockStringStorage(mStorage);
+    return mStorage;
+  }
   // The storage without a new reference; null for the empty string.
   stringStorage* GetStringStorage() const { return mStorage; }
 
@@ -179,6 +186,9 @@ string rtrim(string const& s);
 string trim(string const& s);
 
 string operator+(string const& a, string const& b);
+// The same on bare storages, for the runtime: a new reference, or a shared
+// side with one more reference when the other is empty.
+stringStorage* ConcatenateStorages(stringStorage* a, stringStorage* b);
 string operator+(string const& a, char c);
 
 // All defined by Compare: equality of `string` ignores case. This is the

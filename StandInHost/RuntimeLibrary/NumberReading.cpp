@@ -79,14 +79,14 @@ const double kLargestShortInteger = 1e15;
 bool ReadShortInteger(std::string_view text, size_t at, bool thousands,
                       double* value) {
   size_t first = at;
-  double digits = 0;  // exact: at most 15 digits are kept
+  uint64_t digits = 0;  // wraps harmlessly past 15 digits, which are refused
   for (; IsDigit(text, at); at++) digits = digits * 10 + (text[at] - '0');
   size_t count = at - first;
   if (!count || count > kExactDigits) return false;
   if (at < text.size() && (text[at] == '.' || text[at] == 'e' ||
                            text[at] == 'E' || (thousands && text[at] == ',')))
     return false;
-  *value = digits;
+  *value = static_cast<double>(static_cast<int64_t>(digits));
   return true;
 }
 
