@@ -71,6 +71,8 @@ void CopyExponent(std::string_view text, size_t at, std::string& out) {
 // Up to 15 digits make an integer that a double holds exactly: such a number
 // needs none of the general (and locale-guarded) conversion.
 const size_t kExactDigits = 15;
+// Exact powers of ten for the digits after the ninth.
+const double kPowersOfTen[] = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6};
 // Integers below this print as their digits under "%.15g" too.
 const double kLargestShortInteger = 1e15;
 
@@ -78,15 +80,24 @@ const double kLargestShortInteger = 1e15;
 // sign), when nothing that would continue the number follows it.
 bool ReadShortInteger(std::string_view text, size_t at, bool thousands,
                       double* value) {
+  // Nine digits fit 32 bits, whose conversion to a double is the cheap one
+  // here; the six that may follow make a second part.
+  const size_t kLeadingDigits = 9;
   size_t first = at;
-  uint64_t digits = 0;  // wraps harmlessly past 15 digits, which are refused
-  for (; IsDigit(text, at); at++) digits = digits * 10 + (text[at] - '0');
+  uint32_t leading = 0, trailing = 0;
+  for (; IsDigit(text, at) && at - first < kLeadingDigits; at++)
+    leading = leading * 10 + (text[at] - '0');
+  size_t trailingFirst = at;
+  for (; IsDigit(text, at); at++) trailing = trailing * 10 + (text[at] - '0');
   size_t count = at - first;
   if (!count || count > kExactDigits) return false;
   if (at < text.size() && (text[at] == '.' || text[at] == 'e' ||
                            text[at] == 'E' || (thousands && text[at] == ',')))
     return false;
-  *value = static_cast<double>(static_cast<int64_t>(digits));
+  *value = static_cast<int32_t>(leading);
+  if (at > trailingFirst)
+    *value = *value * kPowersOfTen[at - trailingFirst] +
+             static_cast<int32_t>(trailing);
   return true;
 }
 
@@ -94,21 +105,20 @@ bool ReadShortInteger(std::string_view text, size_t at, bool thousands,
 
 namespace {
 
-// The integer that a non-negative double below 2^63 holds, if it holds
-// one, read from its bits: converting with the FPU costs two changes of its
-// rounding mode on this target, more than the digits themselves.
-bool IntegerOf(double whole, uint64_t* integer) {
-  const int kFractionBits = 52, kExponentBias = 1023;
-  uint64_t bits;
-  memcpy(&bits, &whole, sizeof bits);
-  int exponent = static_cast<int>(bits >> kFractionBits) - kExponentBias;
-  uint64_t significand = (bits & ((uint64_t(1) << kFractionBits) - 1)) |
-                         (uint64_t(1) << kFractionBits);
-  if (whole == 0) {
+// The integer that the magnitude bits of a double hold, if they hold one.
+// Read from the bits alone: on this target every conversion between a
+// double and an integer goes through the FPU and memory, and costs more
+// than the digits themselves.
+bool IntegerOf(uint64_t magnitude, uint64_t* integer) {
+  const int kFractionBits = 52, kExponentBias = 1023, kIntegerBits = 63;
+  if (!magnitude) {
     *integer = 0;
     return true;
   }
-  if (exponent < 0) return false;
+  int exponent = static_cast<int>(magnitude >> kFractionBits) - kExponentBias;
+  if (exponent < 0 || exponent >= kIntegerBits) return false;
+  uint64_t significand = (magnitude & ((uint64_t(1) << kFractionBits) - 1)) |
+                         (uint64_t(1) << kFractionBits);
   if (exponent >= kFractionBits) {
     *integer = significand << (exponent - kFractionBits);
     return true;
@@ -123,9 +133,11 @@ bool IntegerOf(double whole, uint64_t* integer) {
 // The digits of the usual numbers come from 32-bit divisions.
 bool ShortIntegerText(double value, char* buffer, size_t* length) {
   const uint32_t kNineDigits = 1000000000;
-  double whole = value < 0 ? -value : value;
-  uint64_t integer;
-  if (!(whole < kLargestShortInteger) || !IntegerOf(whole, &integer))
+  const uint64_t kSignBit = uint64_t(1) << 63;
+  uint64_t bits, integer;
+  memcpy(&bits, &value, sizeof bits);
+  if (!IntegerOf(bits & ~kSignBit, &integer) ||
+      integer >= static_cast<uint64_t>(kLargestShortInteger))
     return false;
   uint32_t high = 0, low = static_cast<uint32_t>(integer);
   if (integer >= kNineDigits) {
@@ -141,7 +153,7 @@ bool ShortIntegerText(double value, char* buffer, size_t* length) {
     low /= 10;
   }
   for (; high; high /= 10) *--at = static_cast<char>('0' + high % 10);
-  if (value < 0) *--at = '-';
+  if ((bits & kSignBit) && integer) *--at = '-';
   *length = end - at;
   memmove(buffer, at, *length);
   return true;
