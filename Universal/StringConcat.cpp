@@ -40,9 +40,10 @@ stringStorage* ConcatenateStorages(stringStorage* a, stringStorage* b) {
     LockStringStorage(a);
     return a;
   }
-  unsigned long tag = a->mEncoding == b->mEncoding
-                          ? a->mEncoding
-                          : SumEncoding(a->mEncoding, b->mEncoding);
+  if (a->mEncoding == b->mEncoding)
+    return JoinBytes(a->CString(), a->mLength, b->CString(), b->mLength,
+                     a->mEncoding);
+  unsigned long tag = SumEncoding(a->mEncoding, b->mEncoding);
   if (BytesStandAs(a->mEncoding, tag) && BytesStandAs(b->mEncoding, tag))
     return JoinBytes(a->CString(), a->mLength, b->CString(), b->mLength, tag);
   string first(a), second(b);

@@ -146,9 +146,7 @@ unsigned long CharacterText::CountBetween(unsigned long from,
 // ---------------------------------------------------------------------------
 // Searching
 
-// ASCII letters fold here without the table lookup that the rest needs.
-unsigned long FoldCase(unsigned long code) {
-  if (code < 0x80) return code >= 'a' && code <= 'z' ? code - 32 : code;
+unsigned long FoldCaseBeyondASCII(unsigned long code) {
   return UnicodeCharToUpper(code);
 }
 
