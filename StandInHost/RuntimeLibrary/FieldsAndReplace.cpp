@@ -38,7 +38,8 @@ std::vector<TextMatch> ExactMatches(string const& text, string const& target,
   for (long at = FindBytes(text, target, 0);
        at >= 0 && matches.size() < limit;
        at = FindBytes(text, target, at + target.Length()))
-    matches.push_back({static_cast<unsigned long>(at), at + target.Length(), 0});
+    matches.push_back(
+        {static_cast<unsigned long>(at), at + target.Length(), 0});
   return matches;
 }
 

@@ -111,7 +111,8 @@ unsigned long CharacterText::Advance(unsigned long at,
 }
 
 unsigned long CharacterText::OffsetOf(unsigned long index) const {
-  if (mOneBytePerCharacter || !mLength) return index < mLength ? index : mLength;
+  if (mOneBytePerCharacter || !mLength)
+    return index < mLength ? index : mLength;
   RememberText(mView);
   unsigned long at = 0, reached = 0;
   if (sPositionMemo.index <= index) {
