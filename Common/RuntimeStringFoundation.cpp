@@ -64,7 +64,7 @@ void RuntimeLockUnlockStrings(stringStorage* newValue,
 }
 
 stringStorage* RuntimeAddString(stringStorage* a, stringStorage* b) {
-  return HandOut(string(a) + string(b));
+  return ConcatenateStorages(a, b);
 }
 
 long RuntimeStringCompare(stringStorage* a, stringStorage* b) {

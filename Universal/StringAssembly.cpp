@@ -29,11 +29,13 @@ unsigned long SumEncoding(unsigned long a, unsigned long b) {
   return oneIsUTF16 && !oneIsUTF8 ? kEncodingUTF16 : kEncodingUTF8;
 }
 
-// Bytes of one tag stand unchanged in text of another when the tags agree,
-// when the whole is untagged, or when ASCII goes into a byte encoding.
+bool BytesStandAs(unsigned long tag, unsigned long target) {
+  if (tag == target || target == kEncodingUnknown) return true;
+  return tag == kEncodingASCII && !IsWideUnicodeEncoding(target);
+}
+
 bool StringAssembly::Converts(unsigned long tag) const {
-  if (tag == mTag || mTag == kEncodingUnknown) return false;
-  return !(tag == kEncodingASCII && !IsWideUnicodeEncoding(mTag));
+  return !BytesStandAs(tag, mTag);
 }
 
 void StringAssembly::Measure(string const& text, unsigned long start,

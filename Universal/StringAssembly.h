@@ -47,6 +47,10 @@ class StringAssembly {
 
 // The tag of text of tag `b` added to text of tag `a`: the rule of `+`.
 unsigned long SumEncoding(unsigned long a, unsigned long b);
+// True when bytes of tag `tag` stand unchanged in text of tag `target`, so
+// that no conversion is needed: equal tags, an unknown target, or ASCII in
+// any encoding of bytes.
+bool BytesStandAs(unsigned long tag, unsigned long target);
 
 template <class Pieces>
 string AssembleString(Pieces const& pieces) {

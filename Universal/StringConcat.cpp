@@ -3,38 +3,62 @@
 #include <string.h>
 
 #include "Universal/Encodings.h"
+#include "Universal/StringAssembly.h"
 #include "Universal/StringWorkCounters.h"
 #include "Universal/ustring.h"
 
 namespace {
 
-string Join(char const* a, unsigned long lengthA, char const* b,
-            unsigned long lengthB, unsigned long tag) {
-  string result;
+stringStorage* JoinBytes(char const* a, unsigned long lengthA, char const* b,
+                         unsigned long lengthB, unsigned long tag) {
   stringStorage* storage = NewStringStorage(
       nullptr, lengthA + lengthB, static_cast<uint32_t>(tag));
   memcpy(storage->CString(), a, lengthA);
   memcpy(storage->CString() + lengthA, b, lengthB);
   CountStringCopy(lengthA + lengthB);
-  result.AdoptReference(storage);
+  return storage;
+}
+
+string Join(char const* a, unsigned long lengthA, char const* b,
+            unsigned long lengthB, unsigned long tag) {
+  string result;
+  result.AdoptReference(JoinBytes(a, lengthA, b, lengthB, tag));
   return result;
 }
 
 }  // namespace
 
-// Either side empty gives the other side, shared.
-string operator+(string const& a, string const& b) {
-  if (a.IsEmpty()) return b;
-  if (b.IsEmpty()) return a;
-  if (a.Encoding() == b.Encoding())
-    return Join(a.CString(), a.Length(), b.CString(), b.Length(),
-                CommonEncoding(a.Encoding(), b.Encoding(), false));
-  string first = a, second = b;
+// Either side empty gives the other side, shared. Text of two encodings is
+// brought to one, as ConvertToSameEncoding does; a side whose bytes stand
+// as they are in that encoding (ASCII in UTF-8) is not copied first.
+stringStorage* ConcatenateStorages(stringStorage* a, stringStorage* b) {
+  if (!a || !a->mLength) {
+    LockStringStorage(b);
+    return b;
+  }
+  if (!b || !b->mLength) {
+    LockStringStorage(a);
+    return a;
+  }
+  if (a->mEncoding == b->mEncoding)
+    return JoinBytes(a->CString(), a->mLength, b->CString(), b->mLength,
+                     a->mEncoding);
+  unsigned long tag = SumEncoding(a->mEncoding, b->mEncoding);
+  if (BytesStandAs(a->mEncoding, tag) && BytesStandAs(b->mEncoding, tag))
+    return JoinBytes(a->CString(), a->mLength, b->CString(), b->mLength, tag);
+  string first(a), second(b);
   EnterStringCriticalSection();
-  unsigned long tag = ConvertToSameEncoding(&first, &second);
+  tag = ConvertToSameEncoding(&first, &second);
   LeaveStringCriticalSection();
-  return Join(first.CString(), first.Length(), second.CString(),
-              second.Length(), tag);
+  return JoinBytes(first.CString(), first.Length(), second.CString(),
+                   second.Length(), tag);
+}
+
+string operator+(string const& a, string const& b) {
+  string sum;
+  sum.AdoptReference(
+      ConcatenateStorages(a.GetStringStorage(), b.GetStringStorage()));
+  return sum;
 }
 
 // A byte of ASCII keeps what the tag allows; a byte with the top bit set

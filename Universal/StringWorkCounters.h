@@ -2,10 +2,10 @@
 // hold, the bytes copied into them and the bytes of text walked by the
 // library's searches and position lookups.
 //
-// They are always kept (an addition per allocation or per call, never per
-// byte) so that tests can prove a function's cost proportional to its input
-// and output by comparing the counts at two sizes, without a clock. Each
-// copy of the runtime in a process keeps its own counts.
+// They are always kept (an addition in line per allocation or per call,
+// never per byte) so that tests can prove a function's cost proportional to
+// its input and output by comparing the counts at two sizes, without a
+// clock. Each copy of the runtime in a process keeps its own counts.
 #ifndef UNIVERSAL_STRINGWORKCOUNTERS_H
 #define UNIVERSAL_STRINGWORKCOUNTERS_H
 
@@ -18,11 +18,22 @@ struct StringWorkCounts {
   uint64_t scannedBytes;    // bytes walked by searches and position lookups
 };
 
-StringWorkCounts CurrentStringWork();
-void ResetStringWork();
+// Written by the string functions of this copy of the runtime, read and
+// cleared by tests; lives as long as the process.
+extern StringWorkCounts gStringWork;
 
-void CountStringAllocation(uint64_t bytes);
-void CountStringCopy(uint64_t bytes);
-void CountStringScan(uint64_t bytes);
+inline StringWorkCounts CurrentStringWork() { return gStringWork; }
+inline void ResetStringWork() { gStringWork = StringWorkCounts(); }
+
+inline void CountStringAllocation(uint64_t bytes) {
+  gStringWork.allocations++;
+  gStringWork.allocatedBytes += bytes;
+}
+inline void CountStringCopy(uint64_t bytes) {
+  gStringWork.copiedBytes += bytes;
+}
+inline void CountStringScan(uint64_t bytes) {
+  gStringWork.scannedBytes += bytes;
+}
 
 #endif

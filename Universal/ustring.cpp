@@ -15,7 +15,6 @@ namespace {
 const uint32_t kStorageOverhead = 26;
 const uint32_t kHeaderSize = 20;
 
-char const kEmptyCString[4] = {0, 0, 0, 0};
 unsigned char const kEmptyPString[5] = {0, 0, 0, 0, 0};
 wchar_t const kEmptyWString[1] = {0};
 char gNilScratchByte;
@@ -51,39 +50,14 @@ stringStorage* NewStringStorage(char const* bytes, uint32_t length,
   return storage;
 }
 
-void LockStringStorage(stringStorage* storage) {
-  if (!storage) return;
-  EnterStringCriticalSection();
-  storage->mRefCount++;
-  LeaveStringCriticalSection();
-}
-
-void UnlockStringStorage(stringStorage* storage) {
-  if (!storage) return;
-  EnterStringCriticalSection();
-  bool last = --storage->mRefCount == 0;
-  LeaveStringCriticalSection();
-  if (last) free(storage);
-}
-
-// Script and compiler run on one thread at a time: nothing to guard.
-void InitializeStringCriticalSection() {}
-void deleteStringCriticalSection() {}
-void EnterStringCriticalSection() {}
-void LeaveStringCriticalSection() {}
+void FreeStringStorage(stringStorage* storage) { free(storage); }
 
 bool PlatformSupportsUTF32() { return sizeof(wchar_t) == 4; }
 
+char const string::sEmptyText[4] = {0, 0, 0, 0};
+
 // ---------------------------------------------------------------------------
 // Construction
-
-string::string(string const& other) : mStorage(other.mStorage) {
-  LockStringStorage(mStorage);
-}
-
-string::string(stringStorage* storage) : mStorage(storage) {
-  LockStringStorage(mStorage);
-}
 
 string::string(char const* text) : mStorage(nullptr) {
   unsigned long length = text ? strlen(text) : 0;
@@ -97,15 +71,6 @@ string::string(unsigned char const* pascalText) : mStorage(nullptr) {
 }
 
 string::string(char c) : mStorage(NewStringStorage(&c, 1, kEncodingASCII)) {}
-
-string::~string() { UnlockStringStorage(mStorage); }
-
-string& string::operator=(string const& other) {
-  LockStringStorage(other.mStorage);
-  UnlockStringStorage(mStorage);
-  mStorage = other.mStorage;
-  return *this;
-}
 
 // The source may lie inside the current storage, so the new block is made
 // before the old reference goes.
@@ -146,30 +111,11 @@ void string::AllocateBuffer(unsigned int n) {
   AdoptReference(n ? NewStringStorage(nullptr, n, kEncodingUnknown) : nullptr);
 }
 
-void string::AdoptReference(stringStorage* storage) {
-  stringStorage* old = mStorage;
-  mStorage = storage;
-  UnlockStringStorage(old);
-}
-
-stringStorage* string::ExtractStringStorage() const {
-  LockStringStorage(mStorage);
-  return mStorage;
-}
-
 // ---------------------------------------------------------------------------
 // Access
 
-unsigned long string::Length() const {
-  return mStorage ? mStorage->mLength : 0;
-}
-
 unsigned long string::WLength() const {
   return Encoding() == kEncodingUTF16 ? Length() / 2 : Length() / 4;
-}
-
-char const* string::CString() const {
-  return mStorage ? mStorage->CString() : kEmptyCString;
 }
 
 unsigned char const* string::PString() const {
@@ -203,10 +149,6 @@ char& string::MutableChar(int index) {
         NewStringStorage(mStorage->CString(), mStorage->mLength,
                          kEncodingUnknown));
   return mStorage->CString()[index];
-}
-
-unsigned long string::Encoding() const {
-  return mStorage ? mStorage->mEncoding : kEncodingASCII;
 }
 
 void string::SetEncoding(unsigned long encoding) {

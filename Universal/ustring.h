@@ -48,25 +48,60 @@ static_assert(sizeof(stringStorage) == 20 || sizeof(void*) != 4,
 // copied from `bytes` when given, left for the caller to fill otherwise.
 stringStorage* NewStringStorage(char const* bytes, uint32_t length,
                                 uint32_t encoding);
+
+// The bracket around reference counts and multi-step string operations. They
+// do nothing: script and compiler run on one thread at a time. A build that
+// needs real threads fills them in here. They are inline, being on the path
+// of every count.
+inline void InitializeStringCriticalSection() {}
+inline void deleteStringCriticalSection() {}
+inline void EnterStringCriticalSection() {}
+inline void LeaveStringCriticalSection() {}
+
+// Frees a storage whose last reference is gone.
+void FreeStringStorage(stringStorage* storage);
+
 // Reference counting of a bare storage; null is the empty string and is
-// ignored. The last release frees the block.
-void LockStringStorage(stringStorage* storage);
-void UnlockStringStorage(stringStorage* storage);
+// ignored. The last release frees the block. Inline: every copy of a
+// `string` passes here.
+inline void LockStringStorage(stringStorage* storage) {
+  if (!storage) return;
+  EnterStringCriticalSection();
+  storage->mRefCount++;
+  LeaveStringCriticalSection();
+}
+
+inline void UnlockStringStorage(stringStorage* storage) {
+  if (!storage) return;
+  EnterStringCriticalSection();
+  bool last = --storage->mRefCount == 0;
+  LeaveStringCriticalSection();
+  if (last) FreeStringStorage(storage);
+}
 
 class string {
  public:
   string() : mStorage(nullptr) {}
-  string(string const& other);
+  string(string const& other) : mStorage(other.mStorage) {
+    LockStringStorage(mStorage);
+  }
   // Shares the storage: adds a reference.
-  explicit string(stringStorage* storage);
+  explicit string(stringStorage* storage) : mStorage(storage) {
+    LockStringStorage(mStorage);
+  }
   // Copies a C string; nil for null or "". Tagged ASCII when not empty.
   string(char const* text);
   // Copies a Pascal string (length in its first byte). Tagged ASCII.
   explicit string(unsigned char const* pascalText);
   // One byte. Tagged ASCII.
   explicit string(char c);
-  ~string();
-  string& operator=(string const& other);
+  ~string() { UnlockStringStorage(mStorage); }
+  string& operator=(string const& other) {
+    LockStringStorage(other.mStorage);
+    UnlockStringStorage(mStorage);
+    mStorage = other.mStorage;
+    return *this;
+  }
 
   // Reallocates to `length` bytes and copies them from `bytes`; a null source
   // leaves the text for the caller to fill. The tag stays 0xFFFF. Length 0
@@ -79,20 +114,29 @@ class string {
   void AllocateBuffer(unsigned int n);
 
   // Takes over a reference without adding one.
-  void AdoptReference(stringStorage* storage);
+  void AdoptReference(stringStorage* storage) {
+    stringStorage* old = mStorage;
+    mStorage = storage;
+    UnlockStringStorage(old);
+  }
   // Adds a reference and returns the storage, to hand the value out to
   // generated code or to the host. Null for the empty string.
-  stringStorage* ExtractStringStorage() const;
+  stringStorage* ExtractStringStorage() const {
+    LockStringStorage(mStorage);
+    return mStorage;
+  }
   // The storage without a new reference; null for the empty string.
   stringStorage* GetStringStorage() const { return mStorage; }
 
-  unsigned long Length() const;
+  unsigned long Length() const { return mStorage ? mStorage->mLength : 0; }
   // Units: bytes / 2 for UTF-16, bytes / 4 otherwise.
   unsigned long WLength() const;
   bool IsEmpty() const { return Length() == 0; }
 
   // Text or the shared empty C string, never null.
-  char const* CString() const;
+  char const* CString() const {
+    return mStorage ? mStorage->CString() : sEmptyText;
+  }
   // Pascal view, or the shared empty Pascal string.
   unsigned char const* PString() const;
   // Text view of UTF-16 text; asserts the tag.
@@ -110,7 +154,9 @@ class string {
   char& MutableChar(int index);
 
   // Nil reports ASCII; setting on nil does nothing.
-  unsigned long Encoding() const;
+  unsigned long Encoding() const {
+    return mStorage ? mStorage->mEncoding : kEncodingASCII;
+  }
   void SetEncoding(unsigned long encoding);
 
   string GetUTF8String() const;
@@ -126,6 +172,8 @@ class string {
   string& operator+=(char const* text);
 
  private:
+  // What the nil string shows as text: four zero bytes.
+  static char const sEmptyText[4];
   stringStorage* mStorage;
 };
 
@@ -138,6 +186,9 @@ string rtrim(string const& s);
 string trim(string const& s);
 
 string operator+(string const& a, string const& b);
+// The same on bare storages, for the runtime: a new reference, or a shared
+// side with one more reference when the other is empty.
+stringStorage* ConcatenateStorages(stringStorage* a, stringStorage* b);
 string operator+(string const& a, char c);
 
 // All defined by Compare: equality of `string` ignores case. This is the
@@ -158,13 +209,5 @@ string UnicodeChar(unsigned long code, unsigned long encoding);
 // True where wchar_t holds a whole code point (4 bytes): wide text is then
 // UTF-32, otherwise UTF-16.
 bool PlatformSupportsUTF32();
-
-// The bracket around reference counts and multi-step string operations. They
-// do nothing: script and compiler run on one thread at a time. A build that
-// needs real threads fills them in here.
-void InitializeStringCriticalSection();
-void deleteStringCriticalSection();
-void EnterStringCriticalSection();
-void LeaveStringCriticalSection();
 
 #endif

@@ -17,7 +17,8 @@
 namespace {
 
 // What a handler works on: the array as a value of its one-dimensional
-// type (or of its own type, for a method of any number of dimensions), the code it goes into and the element type.
+// type (or of its own type, for a method of any number of dimensions), the
+// code it goes into and the element type.
 struct ArrayCall {
   SemBase* code;
   TacAddr const* array;

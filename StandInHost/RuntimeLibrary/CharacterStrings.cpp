@@ -29,7 +29,7 @@ stringStorage* CharacterRange(stringStorage* text, unsigned long first,
                               unsigned long count) {
   if (!count) return nullptr;
   CharacterText characters(text);
-  unsigned long start = characters.Advance(0, first);
+  unsigned long start = characters.OffsetOf(first);
   return HandOut(characters.Slice(start, characters.Advance(start, count)));
 }
 
@@ -37,14 +37,12 @@ stringStorage* StringDBCSLeft(stringStorage* text, long count) {
   return CharacterRange(text, 0, Count(count));
 }
 
-// The start of the last code points takes a count of the whole text unless
-// each byte is a character.
 stringStorage* StringDBCSRight(stringStorage* text, long count) {
   if (count <= 0) return nullptr;
   CharacterText characters(text);
-  unsigned long total = characters.CountBetween(0, characters.Length());
+  unsigned long total = characters.CharacterCount();
   unsigned long wanted = Count(count) < total ? Count(count) : total;
-  unsigned long start = characters.Advance(0, total - wanted);
+  unsigned long start = characters.OffsetOf(total - wanted);
   return HandOut(characters.Slice(start, characters.Length()));
 }
 
@@ -54,13 +52,12 @@ stringStorage* StringDBCSMid3(stringStorage* text, long start, long count) {
 
 stringStorage* StringDBCSMid2(stringStorage* text, long start) {
   CharacterText characters(text);
-  unsigned long first = characters.Advance(0, FirstIndex(start));
+  unsigned long first = characters.OffsetOf(FirstIndex(start));
   return HandOut(characters.Slice(first, characters.Length()));
 }
 
 long StringDBCSLen(stringStorage* text) {
-  CharacterText characters(text);
-  return static_cast<long>(characters.CountBetween(0, characters.Length()));
+  return static_cast<long>(CharacterText(text).CharacterCount());
 }
 
 long StringDBCSAsc(stringStorage* text) {
@@ -83,12 +80,11 @@ stringStorage* StringDBCSChr(long code) {
 // points up to the match from there.
 long StringInStr(long start, stringStorage* haystack, stringStorage* needle) {
   CharacterText hay(haystack);
-  std::vector<unsigned long> pin = FoldedCodes(CharacterText(needle));
+  FoldedNeedle pin{CharacterText(needle)};
   unsigned long first = FirstIndex(start);
-  unsigned long from = hay.Advance(0, first);
   TextMatch match;
-  if (!FindFolded(hay, pin, from, &match)) return 0;
-  return static_cast<long>(first + hay.CountBetween(from, match.start)) + 1;
+  if (!FindFolded(hay, pin, hay.OffsetOf(first), &match)) return 0;
+  return static_cast<long>(first + match.skipped) + 1;
 }
 
 long StringExtendsInStr(stringStorage* haystack, long start,

@@ -22,7 +22,7 @@ const unsigned long kEveryMatch = ~0ul;
 std::vector<TextMatch> FoldedMatches(CharacterText const& text,
                                      string const& target,
                                      unsigned long limit) {
-  std::vector<unsigned long> pin = FoldedCodes(CharacterText(target));
+  FoldedNeedle pin{CharacterText(target)};
   std::vector<TextMatch> matches;
   TextMatch match;
   for (unsigned long at = 0; matches.size() < limit &&
@@ -38,7 +38,8 @@ std::vector<TextMatch> ExactMatches(string const& text, string const& target,
   for (long at = FindBytes(text, target, 0);
        at >= 0 && matches.size() < limit;
        at = FindBytes(text, target, at + target.Length()))
-    matches.push_back({static_cast<unsigned long>(at), at + target.Length()});
+    matches.push_back(
+        {static_cast<unsigned long>(at), at + target.Length(), 0});
   return matches;
 }
 
@@ -72,8 +73,7 @@ stringStorage* StringNthField(stringStorage* text, stringStorage* delimiter,
                               long index) {
   if (index < 1) return nullptr;
   CharacterText characters(text);
-  std::vector<unsigned long> pin =
-      FoldedCodes(CharacterText(CharacterView(delimiter)));
+  FoldedNeedle pin{CharacterText(delimiter)};
   unsigned long start = 0;
   TextMatch match;
   for (long field = 1; field < index; field++) {

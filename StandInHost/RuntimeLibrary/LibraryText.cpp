@@ -17,11 +17,18 @@ string MakeText(char const* bytes, unsigned long length, unsigned long tag) {
   return result;
 }
 
+namespace {
+
+bool WalksAsUTF8(unsigned long tag) {
+  return tag == kEncodingUTF8 || tag == kEncodingASCII ||
+         tag == kEncodingUnknown;
+}
+
+}  // namespace
+
 string CharacterView(stringStorage* text) {
   string view(text);
-  unsigned long tag = view.Encoding();
-  if (tag == kEncodingUTF8 || tag == kEncodingASCII || tag == kEncodingUnknown)
-    return view;
+  if (WalksAsUTF8(view.Encoding())) return view;
   return view.GetUTF8String();
 }
 
@@ -36,24 +43,60 @@ string ByteSlice(string const& text, unsigned long start, unsigned long count) {
 // ---------------------------------------------------------------------------
 // Walking code points
 
-CharacterText::CharacterText(stringStorage* text)
-    : CharacterText(CharacterView(text)) {}
+namespace {
 
-CharacterText::CharacterText(string const& view)
-    : mView(view),
-      mBytes(reinterpret_cast<unsigned char const*>(view.CString())),
-      mLength(view.Length()),
-      mOneBytePerCharacter(view.Encoding() == kEncodingASCII) {}
+// The last character position looked up in text that is not one byte per
+// character, and the text's count of code points once known (-1 before).
+// It keeps a reference to its text, so that the text can be neither freed,
+// with its address given to other text, nor changed in place while its
+// positions are remembered. Set by the lookups below, dropped by
+// ForgetCharacterPositions or at the end of the process.
+struct PositionMemo {
+  string text;
+  unsigned long index = 0;
+  unsigned long offset = 0;
+  long count = -1;
+};
+PositionMemo sPositionMemo;
 
-unsigned long CharacterText::CodeAt(unsigned long at) const {
-  if (mOneBytePerCharacter || mBytes[at] < 0x80) return mBytes[at];
+bool Remembers(string const& view) {
+  return view.GetStringStorage() &&
+         sPositionMemo.text.GetStringStorage() == view.GetStringStorage();
+}
+
+// Makes the memo the one of `view`, keeping what it knew of the same text.
+void RememberText(string const& view) {
+  if (Remembers(view)) return;
+  sPositionMemo = PositionMemo();
+  sPositionMemo.text = view;
+}
+
+}  // namespace
+
+void ForgetCharacterPositions() { sPositionMemo = PositionMemo(); }
+
+// Text that walks as UTF-8 is shared as it is: no copy, no conversion.
+CharacterText::CharacterText(stringStorage* text) : mView(text) {
+  if (!WalksAsUTF8(mView.Encoding())) mView = mView.GetUTF8String();
+  Describe();
+}
+
+CharacterText::CharacterText(string const& view) : mView(view) { Describe(); }
+
+void CharacterText::Describe() {
+  mBytes = reinterpret_cast<unsigned char const*>(mView.CString());
+  mLength = mView.Length();
+  mOneBytePerCharacter = mView.Encoding() == kEncodingASCII;
+}
+
+// A sequence that the end of the text cuts short is its lead byte alone.
+unsigned long CharacterText::CodeOfSequenceAt(unsigned long at) const {
   unsigned long size = UTF8SequenceLength(mBytes[at]);
   return at + size <= mLength ? UTF8Decode(mBytes + at) : mBytes[at];
 }
 
-unsigned long CharacterText::Next(unsigned long at) const {
-  unsigned long size =
-      mOneBytePerCharacter ? 1 : UTF8SequenceLength(mBytes[at]);
+unsigned long CharacterText::EndOfSequenceAt(unsigned long at) const {
+  unsigned long size = UTF8SequenceLength(mBytes[at]);
   return at + size < mLength ? at + size : mLength;
 }
 
@@ -65,6 +108,31 @@ unsigned long CharacterText::Advance(unsigned long at,
   for (; count && at < mLength; count--) at = Next(at);
   CountStringScan(at - from);
   return at;
+}
+
+unsigned long CharacterText::OffsetOf(unsigned long index) const {
+  if (mOneBytePerCharacter || !mLength)
+    return index < mLength ? index : mLength;
+  RememberText(mView);
+  unsigned long at = 0, reached = 0;
+  if (sPositionMemo.index <= index) {
+    at = sPositionMemo.offset;
+    reached = sPositionMemo.index;
+  }
+  unsigned long from = at;
+  for (; reached < index && at < mLength; reached++) at = Next(at);
+  CountStringScan(at - from);
+  sPositionMemo.index = reached;
+  sPositionMemo.offset = at;
+  return at;
+}
+
+unsigned long CharacterText::CharacterCount() const {
+  if (mOneBytePerCharacter || !mLength) return mLength;
+  RememberText(mView);
+  if (sPositionMemo.count < 0)
+    sPositionMemo.count = static_cast<long>(CountBetween(0, mLength));
+  return static_cast<unsigned long>(sPositionMemo.count);
 }
 
 unsigned long CharacterText::CountBetween(unsigned long from,
@@ -79,27 +147,27 @@ unsigned long CharacterText::CountBetween(unsigned long from,
 // ---------------------------------------------------------------------------
 // Searching
 
-// ASCII letters fold here without the table lookup that the rest needs.
-unsigned long FoldCase(unsigned long code) {
-  if (code < 0x80) return code >= 'a' && code <= 'z' ? code - 32 : code;
+unsigned long FoldCaseBeyondASCII(unsigned long code) {
   return UnicodeCharToUpper(code);
 }
 
-std::vector<unsigned long> FoldedCodes(CharacterText const& text) {
-  std::vector<unsigned long> codes;
-  for (unsigned long at = 0; at < text.Length(); at = text.Next(at))
-    codes.push_back(FoldCase(text.CodeAt(at)));
-  return codes;
+FoldedNeedle::FoldedNeedle(CharacterText const& text) {
+  for (unsigned long at = 0; at < text.Length(); at = text.Next(at), mCount++) {
+    unsigned long code = FoldCase(text.CodeAt(at));
+    if (mCount < kInlineCodes)
+      mInline[mCount] = code;
+    else
+      mRest.push_back(code);
+  }
 }
 
 namespace {
 
-// Whether the folded needle stands at `at`; if so, where the match ends.
-bool MatchesAt(CharacterText const& haystack,
-               std::vector<unsigned long> const& needle, unsigned long at,
-               unsigned long* end) {
-  for (unsigned long code : needle) {
-    if (at >= haystack.Length() || FoldCase(haystack.CodeAt(at)) != code)
+// Whether the needle stands at `at`; if so, where the match ends.
+bool MatchesAt(CharacterText const& haystack, FoldedNeedle const& needle,
+               unsigned long at, unsigned long* end) {
+  for (unsigned long k = 0; k < needle.size(); k++) {
+    if (at >= haystack.Length() || FoldCase(haystack.CodeAt(at)) != needle[k])
       return false;
     at = haystack.Next(at);
   }
@@ -109,16 +177,18 @@ bool MatchesAt(CharacterText const& haystack,
 
 }  // namespace
 
-bool FindFolded(CharacterText const& haystack,
-                std::vector<unsigned long> const& needle, unsigned long from,
-                TextMatch* match) {
+// Code points are counted on the way, so that a caller that wants the
+// match's position in characters need not walk the text again.
+bool FindFolded(CharacterText const& haystack, FoldedNeedle const& needle,
+                unsigned long from, TextMatch* match) {
   if (needle.empty()) return false;
+  unsigned long first = needle[0], skipped = 0, at = from;
   bool found = false;
-  unsigned long at = from;
-  for (; at < haystack.Length(); at = haystack.Next(at)) {
-    if (FoldCase(haystack.CodeAt(at)) != needle[0]) continue;
-    if (MatchesAt(haystack, needle, at, &match->end)) {
+  for (; at < haystack.Length(); at = haystack.Next(at), skipped++) {
+    if (FoldCase(haystack.CodeAt(at)) == first &&
+        MatchesAt(haystack, needle, at, &match->end)) {
       match->start = at;
+      match->skipped = skipped;
       found = true;
       break;
     }

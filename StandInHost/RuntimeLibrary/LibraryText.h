@@ -6,8 +6,11 @@
 //
 // Cost: a function walks the text only as far as its answer needs, and
 // makes nothing but its result. Text tagged ASCII has one byte per
-// character, so a character position in it is found at once; in other text
-// it takes a walk from the start.
+// character, so a character position in it is found at once. In other text
+// a position takes a walk, which starts from the last position looked up in
+// the same text when that lies before it: a program that walks forward
+// through a text (InStr from a start, Mid from there, InStr from further
+// on) pays for each stretch once.
 #ifndef STANDINHOST_RUNTIMELIBRARY_LIBRARYTEXT_H
 #define STANDINHOST_RUNTIMELIBRARY_LIBRARYTEXT_H
 
@@ -49,10 +52,22 @@ class CharacterText {
   string const& View() const { return mView; }
   unsigned long Length() const { return mLength; }
   // The code point that starts at `at`, and where the next one starts.
-  unsigned long CodeAt(unsigned long at) const;
-  unsigned long Next(unsigned long at) const;
+  // Inline, with ASCII first: every search and walk goes through them.
+  unsigned long CodeAt(unsigned long at) const {
+    if (mOneBytePerCharacter || mBytes[at] < 0x80) return mBytes[at];
+    return CodeOfSequenceAt(at);
+  }
+  unsigned long Next(unsigned long at) const {
+    if (mOneBytePerCharacter || mBytes[at] < 0x80) return at + 1;
+    return EndOfSequenceAt(at);
+  }
   // The offset `count` code points after `at`, or the length.
   unsigned long Advance(unsigned long at, unsigned long count) const;
+  // The offset of the code point `index` code points from the start, or the
+  // length; remembered for the next lookup in this text.
+  unsigned long OffsetOf(unsigned long index) const;
+  // The number of code points of the whole text; remembered as well.
+  unsigned long CharacterCount() const;
   // The number of code points in bytes [from, to).
   unsigned long CountBetween(unsigned long from, unsigned long to) const;
   // Bytes [start, end) as a string of the text's tag.
@@ -61,29 +76,58 @@ class CharacterText {
   }
 
  private:
+  void Describe();
+  unsigned long CodeOfSequenceAt(unsigned long at) const;
+  unsigned long EndOfSequenceAt(unsigned long at) const;
+
   string mView;
   unsigned char const* mBytes;
   unsigned long mLength;
   bool mOneBytePerCharacter;
 };
 
-// The code point as searches without regard to case see it.
-unsigned long FoldCase(unsigned long code);
-// The code points of a whole text, each folded.
-std::vector<unsigned long> FoldedCodes(CharacterText const& text);
+// Drops the remembered position, and the reference to its text that comes
+// with it.
+void ForgetCharacterPositions();
 
-// A match: bytes [start, end).
+// The code point as searches without regard to case see it. ASCII folds
+// in line, without the table lookup that the rest needs.
+unsigned long FoldCaseBeyondASCII(unsigned long code);
+inline unsigned long FoldCase(unsigned long code) {
+  if (code >= 0x80) return FoldCaseBeyondASCII(code);
+  return code >= 'a' && code <= 'z' ? code - ('a' - 'A') : code;
+}
+
+// The code points of a text, each folded: what a search without regard to
+// case looks for. Short needles, the usual ones, need no allocation.
+class FoldedNeedle {
+ public:
+  explicit FoldedNeedle(CharacterText const& text);
+  unsigned long size() const { return mCount; }
+  bool empty() const { return !mCount; }
+  unsigned long operator[](unsigned long k) const {
+    return k < kInlineCodes ? mInline[k] : mRest[k - kInlineCodes];
+  }
+
+ private:
+  static const unsigned long kInlineCodes = 16;
+  unsigned long mInline[kInlineCodes];
+  std::vector<unsigned long> mRest;
+  unsigned long mCount = 0;
+};
+
+// A match: bytes [start, end), and the number of code points between where
+// the search began and `start`.
 struct TextMatch {
   unsigned long start;
   unsigned long end;
+  unsigned long skipped;
 };
 
-// The first occurrence of the folded `needle` in `haystack` that starts at
-// or after byte `from` (a code point boundary). An empty needle is never
-// found.
-bool FindFolded(CharacterText const& haystack,
-                std::vector<unsigned long> const& needle, unsigned long from,
-                TextMatch* match);
+// The first occurrence of `needle` in `haystack` that starts at or after
+// byte `from` (a code point boundary). An empty needle is never found.
+bool FindFolded(CharacterText const& haystack, FoldedNeedle const& needle,
+                unsigned long from, TextMatch* match);
 // First index at or after `from` where the bytes of `needle` occur in
 // `haystack`, or -1. An empty needle is never found.
 long FindBytes(string const& haystack, string const& needle,

@@ -17,6 +17,12 @@ namespace library {
 // integer part are skipped.
 double ReadLeadingNumber(std::string_view text, bool thousands);
 
+// The digits of an integral `value` below 1e15 in magnitude, as DoubleText
+// writes them, into `buffer` of kShortIntegerTextSize bytes (no NUL), and
+// their count; false for any other value.
+const size_t kShortIntegerTextSize = 24;
+bool ShortIntegerText(double value, char* buffer, size_t* length);
+
 // The shortest faithful decimal text of at most 15 significant digits, with
 // "." as the decimal point whatever the locale; "-0" is "0", and the
 // non-numbers read "NaN", "INF" and "-INF".

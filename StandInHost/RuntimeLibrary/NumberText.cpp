@@ -30,6 +30,10 @@ double StringVal(stringStorage* text) { return ReadNumber(text, false); }
 double runCDbl(stringStorage* text) { return ReadNumber(text, true); }
 
 stringStorage* StringStrDouble(double value) {
+  char digits[kShortIntegerTextSize];
+  size_t length;
+  if (ShortIntegerText(value, digits, &length))
+    return HandOut(MakeText(digits, length, kEncodingASCII));
   return HandOut(MakeText(DoubleText(value), kEncodingASCII));
 }
 

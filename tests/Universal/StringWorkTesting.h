@@ -29,7 +29,7 @@ double StringWorkOf(Call call) {
 template <class Measure>
 void ExpectLinearWork(char const* what, Measure measure,
                       unsigned long n = 2000) {
-  const double kMostWorkPerByte = 6;
+  const double kMostWorkPerByte = 8;
   const double kLeeway = 1.25;
   MeasuredWork small = measure(n), large = measure(16 * n);
   double perByteSmall = small.work / small.bytes;

@@ -73,22 +73,46 @@ TEST_F(LibraryLinearity, FunctionsThatScanText) {
       });
 }
 
-// A program's walk over ASCII text, field by field with InStr and Mid: each
-// step costs its own field, not the text before it.
-TEST_F(LibraryLinearity, WalkingTextTaggedAsciiWithInStrAndMid) {
+// A program's walk through a text, field by field with InStr, Mid and Len:
+// each step costs its own field, not the text before it, whether a
+// character is a byte or not.
+TEST_F(LibraryLinearity, WalkingForwardThroughText) {
   auto instr = Library<long(long, Str, Str)>("StringInStr");
   auto mid = Library<Str(Str, long, long)>("StringDBCSMid3");
+  auto len = Library<long(Str)>("StringDBCSLen");
   Str comma = S(",");
-  ExpectLinearWork("walk", [&](unsigned long n) {
-    Str text = Words(n, false);
-    long fields = 0;
-    double work = StringWorkOf([&] {
-      for (long at = 1, next; (next = instr(at, text, comma)) > 0; at = next + 1, fields++)
-        UnlockStringStorage(mid(text, at, next - at));
+  for (bool accented : {false, true}) {
+    ExpectLinearWork(accented ? "walk through UTF-8" : "walk through ASCII", [&](unsigned long n) {
+      Str text = Words(n, accented);
+      long fields = 0;
+      double work = StringWorkOf([&] {
+        for (long at = 1, next; at <= len(text) && (next = instr(at, text, comma)) > 0;
+             at = next + 1, fields++)
+          UnlockStringStorage(mid(text, at, next - at));
+      });
+      EXPECT_EQ(fields, long(text->mLength / (accented ? 18 : 17) * 3));
+      return MeasuredWork{work, double(text->mLength)};
     });
-    EXPECT_EQ(fields, long(text->mLength / 17 * 3));
-    return MeasuredWork{work, double(text->mLength)};
-  });
+    quorl::standin::library::ForgetCharacterPositions();
+  }
+}
+
+// Positions remembered in one text never answer for another; the text is
+// kept alive while remembered, so that no other text can take its address.
+TEST_F(LibraryLinearity, RememberedPositionsBelongToTheirText) {
+  auto mid = Library<Str(Str, long, long)>("StringDBCSMid3");
+  auto instr = Library<long(long, Str, Str)>("StringInStr");
+  Str first = NewStringStorage("\xC3\xA9\xC3\xA9" "abc", 7, kEncodingUTF8);
+  EXPECT_EQ(instr(3, first, S("b")), 4);
+  UnlockStringStorage(first);
+  EXPECT_EQ(first->mRefCount, 1) << "the remembered text is kept alive";
+  Str second = S("xy\xC3\xA9\xC3\xA9" "b");
+  EXPECT_EQ(Text("StringDBCSMid3", second, 3L, 2L), "\xC3\xA9\xC3\xA9");
+  EXPECT_EQ(instr(2, second, S("b")), 5);
+  Str piece = mid(second, 5, 1);
+  EXPECT_EQ(Bytes(piece), "b");
+  UnlockStringStorage(piece);
+  quorl::standin::library::ForgetCharacterPositions();
 }
 
 }  // namespace
