@@ -5,6 +5,7 @@
 #include <stdint.h>
 #include <string.h>
 
+#include "Common/ObjectModel/RuntimeExceptionFoundation.h"
 #include "Universal/Assertion.h"
 #include "Universal/Encodings.h"
 #include "Universal/IntMap.h"
@@ -63,8 +64,11 @@ void RuntimeLockUnlockStrings(stringStorage* newValue,
   UnlockStringStorage(oldValue);
 }
 
+// A sum that cannot be stored is nil only when both sides have text.
 stringStorage* RuntimeAddString(stringStorage* a, stringStorage* b) {
-  return ConcatenateStorages(a, b);
+  stringStorage* sum = ConcatenateStorages(a, b);
+  if (!sum && a && a->mLength && b && b->mLength) RaiseOutOfMemoryException();
+  return sum;
 }
 
 long RuntimeStringCompare(stringStorage* a, stringStorage* b) {

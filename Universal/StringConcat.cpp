@@ -2,6 +2,7 @@
 // that the sum carries one honest tag.
 #include <string.h>
 
+#include "Universal/Assertion.h"
 #include "Universal/Encodings.h"
 #include "Universal/StringAssembly.h"
 #include "Universal/StringWorkCounters.h"
@@ -9,10 +10,15 @@
 
 namespace {
 
+// Nil when the sum would pass the length field or the heap refuses it; the
+// lengths are compared before they are added, so that no sum wraps.
 stringStorage* JoinBytes(char const* a, unsigned long lengthA, char const* b,
                          unsigned long lengthB, unsigned long tag) {
-  stringStorage* storage = NewStringStorage(
-      nullptr, lengthA + lengthB, static_cast<uint32_t>(tag));
+  if (lengthA > kLongestStringLength || lengthB > kLongestStringLength - lengthA)
+    return nullptr;
+  stringStorage* storage = TryNewStringStorage(
+      nullptr, uint32_t(lengthA + lengthB), static_cast<uint32_t>(tag));
+  if (!storage) return nullptr;
   memcpy(storage->CString(), a, lengthA);
   memcpy(storage->CString() + lengthA, b, lengthB);
   CountStringCopy(lengthA + lengthB);
@@ -21,8 +27,10 @@ stringStorage* JoinBytes(char const* a, unsigned long lengthA, char const* b,
 
 string Join(char const* a, unsigned long lengthA, char const* b,
             unsigned long lengthB, unsigned long tag) {
+  stringStorage* storage = JoinBytes(a, lengthA, b, lengthB, tag);
+  QASSERT(storage);
   string result;
-  result.AdoptReference(JoinBytes(a, lengthA, b, lengthB, tag));
+  result.AdoptReference(storage);
   return result;
 }
 
@@ -55,9 +63,11 @@ stringStorage* ConcatenateStorages(stringStorage* a, stringStorage* b) {
 }
 
 string operator+(string const& a, string const& b) {
+  stringStorage* storage =
+      ConcatenateStorages(a.GetStringStorage(), b.GetStringStorage());
+  QASSERT(storage || !a.Length() || !b.Length());
   string sum;
-  sum.AdoptReference(
-      ConcatenateStorages(a.GetStringStorage(), b.GetStringStorage()));
+  sum.AdoptReference(storage);
   return sum;
 }
 

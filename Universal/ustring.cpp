@@ -2,6 +2,7 @@
 // Slicing, concatenation and comparison live in their own files.
 #include "Universal/ustring.h"
 
+#include <stdint.h>
 #include <stdlib.h>
 #include <string.h>
 
@@ -27,11 +28,22 @@ char gNilScratchByte;
 // A fresh block with every field written: the buffer sits at offset 20, or 21
 // when that keeps the Pascal pointer even, and the text is followed by a
 // 32-bit zero.
+const uint32_t kLongestStringLength = UINT32_MAX - kStorageOverhead;
+
 stringStorage* NewStringStorage(char const* bytes, uint32_t length,
                                 uint32_t encoding) {
-  unsigned char* block =
-      static_cast<unsigned char*>(malloc(length + kStorageOverhead));
-  QASSERT(block);
+  stringStorage* storage = TryNewStringStorage(bytes, length, encoding);
+  QASSERT(storage);
+  return storage;
+}
+
+stringStorage* TryNewStringStorage(char const* bytes, uint32_t length,
+                                   uint32_t encoding) {
+  if (length > kLongestStringLength) return nullptr;
+  size_t size = size_t(length) + kStorageOverhead;
+  if (size < length) return nullptr;  // a size_t narrower than 32 bits
+  unsigned char* block = static_cast<unsigned char*>(malloc(size));
+  if (!block) return nullptr;
   CountStringAllocation(length);
   stringStorage* storage = reinterpret_cast<stringStorage*>(block);
   unsigned char* pascal = block + kHeaderSize;

@@ -48,6 +48,13 @@ static_assert(sizeof(stringStorage) == 20 || sizeof(void*) != 4,
 // copied from `bytes` when given, left for the caller to fill otherwise.
 stringStorage* NewStringStorage(char const* bytes, uint32_t length,
                                 uint32_t encoding);
+// The longest text a storage can hold: its block, overhead included, must
+// have a 32-bit size.
+extern const uint32_t kLongestStringLength;
+// The same, or nil when `length` passes kLongestStringLength or the heap
+// refuses the block: for text whose size a script decides.
+stringStorage* TryNewStringStorage(char const* bytes, uint32_t length,
+                                   uint32_t encoding);
 
 // The bracket around reference counts and multi-step string operations. They
 // do nothing: script and compiler run on one thread at a time. A build that
@@ -187,7 +194,8 @@ string trim(string const& s);
 
 string operator+(string const& a, string const& b);
 // The same on bare storages, for the runtime: a new reference, or a shared
-// side with one more reference when the other is empty.
+// side with one more reference when the other is empty; nil, with nothing
+// written, when both sides have text and their sum cannot be stored.
 stringStorage* ConcatenateStorages(stringStorage* a, stringStorage* b);
 string operator+(string const& a, char c);
 

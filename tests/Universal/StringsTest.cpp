@@ -5,6 +5,8 @@
 #include <stdint.h>
 #include <string.h>
 
+#include <string>
+
 #include "Universal/ByteHelpers.h"
 #include "Universal/Encodings.h"
 #include "Universal/ustring.h"
@@ -39,6 +41,28 @@ TEST(StringStorage, LayoutOfTheRecord) {
   EXPECT_EQ(memcmp(pascal + 1, "hello", 5), 0);
   EXPECT_EQ(Word(s, (int)offset + 1 + 5), 0u);  // 32-bit terminator
   UnlockStringStorage(s);
+}
+
+// Sums whose length a script decides: past the length field, or past what
+// the heap can give, the sum is nil and nothing is copied. The sides are
+// records that claim lengths they do not have, so that nothing large is
+// ever allocated; only their headers are read.
+TEST(StringStorage, SumsThatCannotBeStoredAreNilBeforeAnyCopy) {
+  stringStorage* small = NewStringStorage("ab", 2, kEncodingASCII);
+  stringStorage huge = *small;
+  huge.mLength = 0xC0000000u;
+  EXPECT_EQ(ConcatenateStorages(&huge, &huge), nullptr) << "past 32 bits";
+  stringStorage longest = *small;
+  longest.mLength = kLongestStringLength;
+  EXPECT_EQ(ConcatenateStorages(&longest, small), nullptr) << "one byte over";
+  EXPECT_EQ(TryNewStringStorage(nullptr, kLongestStringLength + 1,
+                                kEncodingASCII), nullptr);
+  stringStorage* sum = ConcatenateStorages(small, small);
+  ASSERT_NE(sum, nullptr);
+  EXPECT_EQ(std::string(sum->CString(), sum->mLength), "abab");
+  EXPECT_EQ(small->mRefCount, 1) << "no side was locked by the failed sums";
+  FreeStringStorage(sum);
+  FreeStringStorage(small);
 }
 
 TEST(StringStorage, LengthByteSaturatesAt255) {
