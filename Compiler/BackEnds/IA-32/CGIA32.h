@@ -146,7 +146,7 @@ class CGIA32 : public CodeGenerator, public IA32OpWriter {
   long HitClock() { return ++mClock; }
   bool LocateLoadedAddr(TacAddr const* addr, int scheme, int* foundWhere);
   void Touch(RegisterState* state);
-  void Touch(int reg) { Touch(&mRegisters[reg]); }
+  void Touch(int reg);
   int AllocateRegister(int scheme, int preferred);
   void AllocateInt64Registers(int* hi, int* lo, int scheme);
   void InvalidateRegisters();
@@ -155,6 +155,23 @@ class CGIA32 : public CodeGenerator, public IA32OpWriter {
   void ForgetAddr(TacAddr const* addr);
   // Debug check: after a label no register may claim to hold an operand.
   void AssertCacheEmpty() const;
+
+  // ---- register homes of an optimized function (CGIA32RegisterHomes.cpp)
+  // Picks the variables that live in EBX, ESI and EDI from the lines after
+  // `enter` up to the function's end.
+  void ChooseRegisterHomes(TacLine const* enter);
+  int HomeRegisterOf(TacAddr const* addr) const;
+  void StartOptimizedBody(TacLine const& enter);
+  void ClearRegisterHomes();
+  void KeepHomeRecords();
+  // Reads the homes again from memory: the globals only after code that
+  // may have changed a global, all of them where a raise lands.
+  void ReloadHomeRegisters(bool globalsOnly);
+  // The operand in a register that the caller will not change: a home
+  // register itself, or what LoadTacAddr gives.
+  int LoadForReading(TacAddr const* addr, int scheme);
+  // After `reg` was stored to `dest`: dest's home register takes the value.
+  void FollowHome(int reg, TacAddr const* dest);
 
   // ---- moving operands (CGIA32LoadStore.cpp)
   int LoadTacAddr(TacAddr const* addr, int scheme);
@@ -299,6 +316,11 @@ class CGIA32 : public CodeGenerator, public IA32OpWriter {
   long mNextLocalLabel;
   // The Boolean whose value the flags hold for the current line, and the
   // one the line under way leaves in them (nilTacAddr for none).
+  // The variable each register is home to (nilTacAddr for none), the
+  // mask of those registers, and whether a raise may land in the function.
+  TacAddr const* mHomes[kRegisterCount];
+  int mHomeMask;
+  bool mHasLandingPad;
   SimpleVector<unsigned long long> mConstantPool;
   SimpleVector<ConstantReference> mConstantReferences;
   TacAddr const* mFlagsHold;

@@ -21,7 +21,7 @@ void CGIA32::PushTacAddr(TacAddr const* addr) {
     }
     return;
   }
-  ia32_push(LoadTacAddr(addr, kSelectAnyGPR));
+  ia32_push(LoadForReading(addr, kSelectAnyGPR));
 }
 
 void CGIA32::PushInt64TacAddr(TacAddr const* addr) {
@@ -75,6 +75,7 @@ void CGIA32::ClearCallParameters() {
   int disp = -static_cast<int>(StoredESPOffset());
   ia32_mov(ModDisp(disp), kESP, kEBP, disp);
   InvalidateRegisters();
+  ReloadHomeRegisters(true);
 }
 
 void CGIA32::BackFromFunctionCall(TacAddr const* result) {

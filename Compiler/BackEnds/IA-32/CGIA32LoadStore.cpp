@@ -196,6 +196,7 @@ int CGIA32::LoadTacAddr(TacAddr const* addr, int scheme) {
   SimpleDataType type = addr->mType.GetMainType();
   int preferred;
   int restricted = RestrictScheme(type, scheme, &preferred);
+  if (!xmm) restricted &= ~mHomeMask;
   RegisterState* bank = Bank(scheme);
   int reg;
   int found;
@@ -326,8 +327,11 @@ void CGIA32::StoreTacAddr(int reg, TacAddr const* dest) {
   if (dest == mObjectBase) InvalidateRegisters();
   int baseScheme = isFloat ? kSelectAnyGPR : SchemeExclude(reg, kSelectAnyGPR);
   StoreToMemory(reg, dest, AddressOf(dest, baseScheme));
-  bank[reg].Record(dest);
-  bank[reg].mLastUse = HitClock();
+  if (isFloat || !(mHomeMask & (1 << reg))) {
+    bank[reg].Record(dest);
+    bank[reg].mLastUse = HitClock();
+  }
+  if (!isFloat) FollowHome(reg, dest);
 }
 
 void CGIA32::StoreInt64TacAddr(int hi, int lo, TacAddr const* dest) {

@@ -45,7 +45,7 @@ void CGIA32::tac_Store(TacLine const& line) {
     int dest = LoadSymbolAddress(line.result, SchemeExclude(src, kSelectAnyGPR));
     CopyStructure(dest, src, line.result->mType.StorageSize(), kSelectAnyGPR);
   } else {
-    StoreTacAddr(LoadTacAddr(line.opA, kSelectAnyGPR), line.result);
+    StoreTacAddr(LoadForReading(line.opA, kSelectAnyGPR), line.result);
   }
 }
 
@@ -276,6 +276,7 @@ void CGIA32::tac_Poke(TacLine const& line) {
       EmitRegMem(QUORL_RM(ia32_mov_store), reg, where);
   }
   InvalidateRegisters();
+  ReloadHomeRegisters(true);
 }
 
 // Reads from one home and writes the reversed bytes to the other.

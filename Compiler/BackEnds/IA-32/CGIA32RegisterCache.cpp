@@ -44,6 +44,11 @@ bool CGIA32::LocateLoadedAddr(TacAddr const* addr, int scheme,
   return found;
 }
 
+void CGIA32::Touch(int reg) {
+  QASSERT_TEXT(!(mHomeMask & (1 << reg)), "a home register is never changed");
+  Touch(&mRegisters[reg]);
+}
+
 void CGIA32::Touch(RegisterState* state) {
   state->Clear();
   state->mUsed = true;
@@ -54,6 +59,8 @@ void CGIA32::Touch(RegisterState* state) {
 // least recently hit, the lowest number on a tie.
 int CGIA32::AllocateRegister(int scheme, int preferred) {
   QASSERT_TEXT(0 != scheme, "0 != scheme");
+  if (!IsXMMScheme(scheme)) scheme &= ~mHomeMask;
+  QASSERT_TEXT(0 != scheme, "a scheme of home registers only");
   RegisterState* bank = Bank(scheme);
   int chosen = kNoRegister;
   if (!IsXMMScheme(scheme) && RegMatchesScheme(preferred, scheme) &&
@@ -86,6 +93,7 @@ void CGIA32::InvalidateRegisters() {
     mRegisters[reg].Clear();
     mXMMRegisters[reg].Clear();
   }
+  KeepHomeRecords();
 }
 
 void CGIA32::ResetRegisters() {
@@ -105,7 +113,8 @@ void CGIA32::ForgetAddr(TacAddr const* addr) {
 void CGIA32::AssertCacheEmpty() const {
 #ifndef NDEBUG
   for (int reg = 0; reg < kRegisterCount; reg++)
-    QASSERT_TEXT(!mRegisters[reg].Valid() && !mXMMRegisters[reg].Valid(),
+    QASSERT_TEXT((!mRegisters[reg].Valid() || mHomes[reg] != nilTacAddr) &&
+                     !mXMMRegisters[reg].Valid(),
                  "stale register cache after a label");
 #endif
 }
