@@ -303,6 +303,12 @@ class CGIA32 : public CodeGenerator, public IA32OpWriter {
   // The per-iteration yield as a countdown in the module's data: the call
   // happens once every kYieldInterval passes, all registers kept.
   void YieldInLine();
+  // The entry's stack check as a compare with the limit kept in the
+  // module's data; the runtime is called when the limit is not known yet
+  // or the stack has reached it.
+  void CheckStackInLine();
+  void CallByName(string const& name);
+  void StoreEAXTo(TacAddr const* global);
   void CompareAndBranch(TacLine const& line, Branch branch);
   void StoreBoolean(int reg, TacAddr const* dest);
   void LockOperation(TacLine const& line, int stringID, int objectID,

@@ -150,9 +150,10 @@ void CGIA32::tac_Intrinsic(TacLine const& line) {
   QASSERT_TEXT(functionID < kQtyIntrinsics, "functionID < kQtyIntrinsics");
   QASSERT_TEXT(functionID < mIntrinsicLinkNames.size(),
                "functionID < mIntrinsicLinkNames.size()");
-  if (mOptions.mOptimizeCode && functionID == kIntrinsicVELDYieldToQuorl &&
-      !mArguments.size() && line.result == nilTacAddr)
-    return YieldInLine();
+  bool plain = mOptions.mOptimizeCode && !mArguments.size() &&
+               line.result == nilTacAddr;
+  if (plain && functionID == kIntrinsicVELDYieldToQuorl) return YieldInLine();
+  if (plain && functionID == kIntrinsicRuntimeCheckStack) return CheckStackInLine();
   CallIntrinsic(functionID, line.result);
 }
 
