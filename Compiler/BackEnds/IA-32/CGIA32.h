@@ -164,9 +164,25 @@ class CGIA32 : public CodeGenerator, public IA32OpWriter {
   void StartOptimizedBody(TacLine const& enter);
   void ClearRegisterHomes();
   void KeepHomeRecords();
-  // Reads the homes again from memory: the globals only after code that
-  // may have changed a global, all of them where a raise lands.
-  void ReloadHomeRegisters(bool globalsOnly);
+  // Which homes to read again from memory: the globals after a write
+  // through a pointer; those and every SSE home after a call; every SSE
+  // home after the rare path of an in-line check; all where a raise lands
+  // and where the body starts.
+  enum HomesToReload {
+    kReloadGlobalHomes, kReloadAfterCall, kReloadSSEHomes, kReloadAllHomes
+  };
+  void ReloadHomeRegisters(HomesToReload which);
+  struct HomeCandidate {
+    TacAddr const* addr;
+    long weight;     // uses, weighted by loop depth
+    bool addressed;  // its address is taken, or it was already offered
+    int bank;        // 0 general, 1 SSE
+  };
+  void PickHomes(SimpleVector<HomeCandidate>& candidates,
+                 SimpleVector<TacAddr const*> const& others, int bank,
+                 int const* registers, int count);
+  // A float place the x87 stack wrote: its home register reads it back.
+  void RefreshHome(TacAddr const* dest);
   // The operand in a register that the caller will not change: a home
   // register itself, or what LoadTacAddr gives.
   int LoadForReading(TacAddr const* addr, int scheme);
@@ -308,6 +324,7 @@ class CGIA32 : public CodeGenerator, public IA32OpWriter {
   // or the stack has reached it.
   void CheckStackInLine();
   void CallByName(string const& name);
+  void ForgetSSERegisters();
   void StoreEAXTo(TacAddr const* global);
   void CompareAndBranch(TacLine const& line, Branch branch);
   void StoreBoolean(int reg, TacAddr const* dest);
@@ -326,6 +343,8 @@ class CGIA32 : public CodeGenerator, public IA32OpWriter {
   // mask of those registers, and whether a raise may land in the function.
   TacAddr const* mHomes[kRegisterCount];
   int mHomeMask;
+  TacAddr const* mXMMHomes[kXMMRegisterCount];
+  int mXMMHomeMask;
   bool mHasLandingPad;
   SimpleVector<unsigned long long> mConstantPool;
   SimpleVector<ConstantReference> mConstantReferences;

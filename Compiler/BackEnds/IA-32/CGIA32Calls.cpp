@@ -75,7 +75,7 @@ void CGIA32::ClearCallParameters() {
   int disp = -static_cast<int>(StoredESPOffset());
   ia32_mov(ModDisp(disp), kESP, kEBP, disp);
   InvalidateRegisters();
-  ReloadHomeRegisters(true);
+  ReloadHomeRegisters(kReloadAfterCall);
 }
 
 void CGIA32::BackFromFunctionCall(TacAddr const* result) {

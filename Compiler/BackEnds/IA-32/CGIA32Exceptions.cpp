@@ -54,5 +54,5 @@ void CGIA32::tac_HandleException(TacLine const& line) {
   QASSERT_TEXT(CodeBufferLength() == expectedCodeLength,
                "CodeBufferLength() == expectedCodeLength");
   InvalidateRegisters();
-  ReloadHomeRegisters(false);
+  ReloadHomeRegisters(kReloadAllHomes);
 }

@@ -38,7 +38,7 @@ void CGIA32::StartOptimizedBody(TacLine const& enter) {
   ChooseRegisterHomes(&enter);
   if (mHasLandingPad)
     for (int i = 0; i < kCalleeSavedCount; i++) mRegisters[kCalleeSaved[i]].mUsed = true;
-  ReloadHomeRegisters(false);
+  ReloadHomeRegisters(kReloadAllHomes);
 }
 
 void CGIA32::tac_GetParam(TacLine const& line) {

@@ -31,7 +31,7 @@ void CGIA32::tac_Store(TacLine const& line) {
   QASSERT_TEXT(not line.result->IsConstant(), "not line.result->IsConstant()");
   if (line.result->mType.IsFloat()) {
     if (mOptions.mUseSSE2FloatingPointMath) {
-      StoreTacAddr(LoadTacAddr(line.opA, kSelectAnyXMM), line.result);
+      StoreTacAddr(LoadForReading(line.opA, kSelectAnyXMM), line.result);
     } else {
       PushFloatTacAddr(line.opA);
       PopFloatTacAddr(line.result);
@@ -276,7 +276,7 @@ void CGIA32::tac_Poke(TacLine const& line) {
       EmitRegMem(QUORL_RM(ia32_mov_store), reg, where);
   }
   InvalidateRegisters();
-  ReloadHomeRegisters(true);
+  ReloadHomeRegisters(kReloadGlobalHomes);
 }
 
 // Reads from one home and writes the reversed bytes to the other.

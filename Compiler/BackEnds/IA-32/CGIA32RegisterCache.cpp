@@ -59,7 +59,7 @@ void CGIA32::Touch(RegisterState* state) {
 // least recently hit, the lowest number on a tie.
 int CGIA32::AllocateRegister(int scheme, int preferred) {
   QASSERT_TEXT(0 != scheme, "0 != scheme");
-  if (!IsXMMScheme(scheme)) scheme &= ~mHomeMask;
+  scheme &= ~(IsXMMScheme(scheme) ? mXMMHomeMask : mHomeMask);
   QASSERT_TEXT(0 != scheme, "a scheme of home registers only");
   RegisterState* bank = Bank(scheme);
   int chosen = kNoRegister;
@@ -114,7 +114,7 @@ void CGIA32::AssertCacheEmpty() const {
 #ifndef NDEBUG
   for (int reg = 0; reg < kRegisterCount; reg++)
     QASSERT_TEXT((!mRegisters[reg].Valid() || mHomes[reg] != nilTacAddr) &&
-                     !mXMMRegisters[reg].Valid(),
+                     (!mXMMRegisters[reg].Valid() || mXMMHomes[reg] != nilTacAddr),
                  "stale register cache after a label");
 #endif
 }

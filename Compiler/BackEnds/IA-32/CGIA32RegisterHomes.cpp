@@ -1,5 +1,6 @@
 // Register homes: in an optimized function, the Int32 variables used most
-// inside loops live in EBX, ESI and EDI for the whole function.
+// inside loops live in EBX, ESI and EDI for the whole function, and the
+// Double variables used most inside loops in XMM4 to XMM7.
 //
 // The memory home stays the truth: every store writes memory and the
 // register together, so the register can be given up (a call that may
@@ -7,7 +8,9 @@
 // again, and the exception machinery and callees see what they always saw.
 // What the register adds is that it survives labels, which the cache of
 // the other registers does not: every path into a label keeps the
-// register equal to memory, so there is nothing to reconcile.
+// register equal to memory, so there is nothing to reconcile. The SSE
+// registers are nobody's to keep across a call, so their homes are read
+// again after every call, and on the rare paths of the in-line checks.
 //
 // A pinned register is never handed out by AllocateRegister and never
 // holds anything but its variable; code that changes a loaded value gets a
@@ -21,17 +24,23 @@ namespace {
 
 int const kHomeRegisters[] = {kEBX, kESI, kEDI};
 int const kHomeRegisterCount = 3;
+// The SSE registers below these stay for the operations' own use.
+int const kXMMHomeRegisters[] = {4, 5, 6, 7};
+int const kXMMHomeRegisterCount = 4;
 // A use inside n nested loops counts kLoopWeight^n; a variable must be used
 // inside a loop to earn a register.
 long const kLoopWeight = 8;
 int const kDeepestWeightedLoop = 5;
 
-bool MayLiveInRegister(TacAddr const* addr) {
-  if (addr == nilTacAddr || addr->IsConstant()) return false;
-  SimpleDataType type = addr->mType.GetMainType();
-  if (type != kSInt32Type && type != kUInt32Type) return false;
+// 0 for a general register, 1 for an SSE register, -1 for neither.
+int RegisterBankFor(TacAddr const* addr) {
+  if (addr == nilTacAddr || addr->IsConstant()) return -1;
   StorageClass home = addr->GetStorageClass();
-  return home == kStackDataStorage || home == kGlobalDataStorage;
+  if (home != kStackDataStorage && home != kGlobalDataStorage) return -1;
+  SimpleDataType type = addr->mType.GetMainType();
+  if (type == kSInt32Type || type == kUInt32Type) return 0;
+  if (type == kReal64Type) return 1;
+  return -1;
 }
 
 bool SameOrOverlappingHome(TacAddr const* a, TacAddr const* b) {
@@ -58,12 +67,6 @@ bool RulesOutRegisterHomes(TacLine const& line) {
 bool TakesAddress(TacLine const& line) {
   return line.opcode == kTacVarptr || line.opcode == kTacEndianSwap;
 }
-
-struct Candidate {
-  TacAddr const* addr;
-  long weight;
-  bool addressed;
-};
 
 unsigned int Key(TacAddr const* addr) {
   return static_cast<unsigned int>(reinterpret_cast<unsigned long>(addr) >> 2);
@@ -98,7 +101,7 @@ void CGIA32::ChooseRegisterHomes(TacLine const* enter) {
       depthChange[i + 1]--;
     }
   }
-  SimpleVector<Candidate> candidates;
+  SimpleVector<HomeCandidate> candidates;
   SimpleVector<TacAddr const*> others;
   IntMap<unsigned long> candidateIndex;
   IntMap<int> seen;
@@ -115,27 +118,38 @@ void CGIA32::ChooseRegisterHomes(TacLine const* enter) {
         seen.AddEntry(Key(addr), 1);
         others.push_back(addr);
       }
-      if (!MayLiveInRegister(addr)) continue;
+      int bank = RegisterBankFor(addr);
+      if (bank < 0) continue;
       unsigned long index;
       if (!candidateIndex.GetEntry(Key(addr), index)) {
         index = candidates.size();
         candidateIndex.AddEntry(Key(addr), index);
-        Candidate fresh = {addr, 0, false};
+        HomeCandidate fresh = {addr, 0, false, bank};
         candidates.push_back(fresh);
       }
       candidates[index].weight += weight;
       if (TakesAddress(line)) candidates[index].addressed = true;
     }
   }
-  for (int home = 0; home < kHomeRegisterCount; home++) {
+  PickHomes(candidates, others, 0, kHomeRegisters, kHomeRegisterCount);
+  if (mOptions.mUseSSE2FloatingPointMath)
+    PickHomes(candidates, others, 1, kXMMHomeRegisters, kXMMHomeRegisterCount);
+}
+
+// The heaviest candidates of the bank that share their home with no other
+// operand, one per register.
+void CGIA32::PickHomes(SimpleVector<HomeCandidate>& candidates,
+                       SimpleVector<TacAddr const*> const& others, int bank,
+                       int const* registers, int count) {
+  for (int home = 0; home < count; home++) {
     long best = -1;
     for (unsigned long i = 0; i < candidates.size(); i++) {
-      Candidate const& c = candidates[i];
-      if (c.addressed || c.weight < kLoopWeight) continue;
+      HomeCandidate const& c = candidates[i];
+      if (c.bank != bank || c.addressed || c.weight < kLoopWeight) continue;
       if (best < 0 || c.weight > candidates[best].weight) best = i;
     }
     if (best < 0) break;
-    Candidate& chosen = candidates[best];
+    HomeCandidate& chosen = candidates[best];
     chosen.addressed = true;  // taken: not offered again
     bool shared = false;
     for (unsigned long i = 0; i < others.size() && !shared; i++)
@@ -144,47 +158,63 @@ void CGIA32::ChooseRegisterHomes(TacLine const* enter) {
       home--;
       continue;
     }
-    int reg = kHomeRegisters[home];
-    mHomes[reg] = chosen.addr;
-    mHomeMask |= 1 << reg;
-    mRegisters[reg].mUsed = true;
-    mRegisters[reg].Record(chosen.addr);
+    int reg = registers[home];
+    RegisterState* states = bank ? mXMMRegisters : mRegisters;
+    (bank ? mXMMHomes : mHomes)[reg] = chosen.addr;
+    (bank ? mXMMHomeMask : mHomeMask) |= 1 << reg;
+    states[reg].mUsed = true;
+    states[reg].Record(chosen.addr);
   }
 }
 
 int CGIA32::HomeRegisterOf(TacAddr const* addr) const {
-  if (!mHomeMask) return kNoRegister;
-  for (int i = 0; i < kHomeRegisterCount; i++) {
-    int reg = kHomeRegisters[i];
-    if (mHomes[reg] == addr) return reg;
-  }
+  TacAddr const* const* homes = addr->mType.IsFloat() ? mXMMHomes : mHomes;
+  if (!(addr->mType.IsFloat() ? mXMMHomeMask : mHomeMask)) return kNoRegister;
+  for (int reg = 0; reg < kRegisterCount; reg++)
+    if (homes[reg] == addr) return reg;
   return kNoRegister;
 }
 
 void CGIA32::ClearRegisterHomes() {
-  for (int reg = 0; reg < kRegisterCount; reg++) mHomes[reg] = nilTacAddr;
+  for (int reg = 0; reg < kRegisterCount; reg++) {
+    mHomes[reg] = nilTacAddr;
+    mXMMHomes[reg] = nilTacAddr;
+  }
   mHomeMask = 0;
+  mXMMHomeMask = 0;
   mHasLandingPad = false;
 }
 
 // After the cache is dropped, each home register still holds its variable.
 void CGIA32::KeepHomeRecords() {
-  for (int i = 0; i < kHomeRegisterCount; i++) {
-    int reg = kHomeRegisters[i];
-    if (mHomes[reg] == nilTacAddr) continue;
-    mRegisters[reg].Clear();
-    mRegisters[reg].Record(mHomes[reg]);
+  for (int reg = 0; reg < kRegisterCount; reg++) {
+    if (mHomes[reg] != nilTacAddr) {
+      mRegisters[reg].Clear();
+      mRegisters[reg].Record(mHomes[reg]);
+    }
+    if (mXMMHomes[reg] != nilTacAddr) {
+      mXMMRegisters[reg].Clear();
+      mXMMRegisters[reg].Record(mXMMHomes[reg]);
+    }
   }
 }
 
-void CGIA32::ReloadHomeRegisters(bool globalsOnly) {
-  for (int i = 0; i < kHomeRegisterCount; i++) {
-    int reg = kHomeRegisters[i];
+void CGIA32::ReloadHomeRegisters(HomesToReload which) {
+  for (int reg = 0; reg < kRegisterCount; reg++) {
     TacAddr const* addr = mHomes[reg];
-    if (addr == nilTacAddr) continue;
-    if (globalsOnly && addr->GetStorageClass() != kGlobalDataStorage) continue;
+    if (addr == nilTacAddr || which == kReloadSSEHomes) continue;
+    if (which != kReloadAllHomes && addr->GetStorageClass() != kGlobalDataStorage)
+      continue;
     EmitRegMem(&IA32OpWriter::ia32_mov, &IA32OpWriter::ia32_mov,
                &IA32OpWriter::ia32_mov, reg, AddressOf(addr, kSelectAnyGPR));
+  }
+  for (int reg = 0; reg < kRegisterCount; reg++) {
+    TacAddr const* addr = mXMMHomes[reg];
+    if (addr == nilTacAddr) continue;
+    if (which == kReloadGlobalHomes && addr->GetStorageClass() != kGlobalDataStorage)
+      continue;
+    EmitRegMem(&IA32OpWriter::ia32_movsd, &IA32OpWriter::ia32_movsd,
+               &IA32OpWriter::ia32_movsd, reg, AddressOf(addr, kSelectAnyGPR));
   }
   KeepHomeRecords();
 }
@@ -199,7 +229,24 @@ int CGIA32::LoadForReading(TacAddr const* addr, int scheme) {
 void CGIA32::FollowHome(int reg, TacAddr const* dest) {
   int home = HomeRegisterOf(dest);
   if (home == kNoRegister) return;
-  if (home != reg) ia32_mov(3, home, reg);
-  mRegisters[home].Clear();
-  mRegisters[home].Record(dest);
+  bool xmm = dest->mType.IsFloat();
+  if (home != reg) {
+    if (xmm)
+      ia32_movsd(3, home, reg);
+    else
+      ia32_mov(3, home, reg);
+  }
+  RegisterState* states = xmm ? mXMMRegisters : mRegisters;
+  states[home].Clear();
+  states[home].Record(dest);
+}
+
+// A float place written from the x87 stack: its register reads it back.
+void CGIA32::RefreshHome(TacAddr const* dest) {
+  int home = HomeRegisterOf(dest);
+  if (home == kNoRegister) return;
+  EmitRegMem(&IA32OpWriter::ia32_movsd, &IA32OpWriter::ia32_movsd,
+             &IA32OpWriter::ia32_movsd, home, AddressOf(dest, kSelectVolatileGPR));
+  mXMMRegisters[home].Clear();
+  mXMMRegisters[home].Record(dest);
 }

@@ -50,6 +50,12 @@ IA32Operand Absolute(TacAddr const* global) {
 
 }  // namespace
 
+// The SSE registers but the homes hold what the C code left.
+void CGIA32::ForgetSSERegisters() {
+  for (int reg = 0; reg < kXMMRegisterCount; reg++) mXMMRegisters[reg].Clear();
+  KeepHomeRecords();
+}
+
 void CGIA32::CallByName(string const& name) {
   MarkImport(Import::kImportCall32, name, 1);
   ia32_call_disp32(0);
@@ -72,8 +78,9 @@ void CGIA32::YieldInLine() {
   ia32_xor(3, kEAX, kEAX);
   StoreEAXTo(StackLimitCache());
   ia32_popad();
+  ReloadHomeRegisters(kReloadSSEHomes);
   PlaceLabel(over);
-  for (int reg = 0; reg < kXMMRegisterCount; reg++) mXMMRegisters[reg].Clear();
+  ForgetSSERegisters();
   mRegisters[kEAX].mUsed = true;
 }
 
@@ -93,7 +100,8 @@ void CGIA32::CheckStackInLine() {
   CallByName(string(kStackLimitFunction));
   StoreEAXTo(StackLimitCache());
   ia32_popad();
+  ReloadHomeRegisters(kReloadSSEHomes);
   PlaceLabel(fine);
-  for (int reg = 0; reg < kXMMRegisterCount; reg++) mXMMRegisters[reg].Clear();
+  ForgetSSERegisters();
   mRegisters[kEAX].mUsed = true;
 }
