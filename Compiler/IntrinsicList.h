@@ -145,6 +145,7 @@
   X(LockCFString) \
   X(UnlockCFString) \
   X(SwapWStringLocks) \
-  X(SwapCFStringLocks)
+  X(SwapCFStringLocks) \
+  X(RuntimePassStop)
 
 #endif

@@ -5,17 +5,20 @@
 #include "Compiler/Frontend/ParserSupport.h"
 #include "Compiler/Frontend/SrcContext.h"
 #include "Compiler/SemBase.h"
+#include "Compiler/Intrinsics.h"
 #include "Compiler/Optimizer/optimizer.h"
 #include "Compiler/TacListing.h"
 #include "Compiler/SymbolTable/GlobalSymbolTable.h"
+#include "Compiler/SymbolTable/LocalSymbolTable.h"
 #include "Universal/Assertion.h"
 
 // Room for every intrinsic's link name.
-static unsigned long const kIntrinsicNameCapacity = 137;
+static unsigned long const kIntrinsicNameCapacity = kQtyIntrinsics;
 
 Compiler::Compiler()
-    : mCodeType(kCodeTypePowerPC), mLibrary(0), mDebug(0), mStaticClassData(0),
-      mScriptMode(0), mTacListing(nullptr), mOptimize(true), mDelegate(nullptr) {
+    : mCodeType(kCodeTypePowerPC), mCallShapes(nullptr), mLibrary(0), mDebug(0),
+      mStaticClassData(0), mScriptMode(0), mTacListing(nullptr),
+      mOptimize(true), mDelegate(nullptr) {
   mIntrinsicNames.resize(kIntrinsicNameCapacity);
 }
 
@@ -41,10 +44,21 @@ bool Compiler::RunFrontEnd(string const& source) {
   return parsed == 0 && !gContext->mErrorFlag;
 }
 
-// Only the IA-32 back end exists in this build; the engine never asks for
-// another.
+// The engine always asks for IA-32; PowerPC modules are written to files,
+// for a loader on that machine.
 Ref<CodeModule> Compiler::RunBackEnd(string const& name) {
-  QASSERT_TEXT(mCodeType == kCodeTypeIA32, "no back end for this code type");
+  TacBlock* code = gContext->mProgramCode ? gContext->mProgramCode->Code() : nullptr;
+  TacBlock empty;
+  if (!code) code = &empty;
+  if (mCodeType == kCodeTypePowerPC) {
+    CGPPC* backEnd = new CGPPC();
+    backEnd->Configure(mPPCOptions, mIntrinsicNames);
+    backEnd->SetDelegate(mDelegate);
+    Ref<CodeModule> module = backEnd->Generate(name, code, gContext->mTables);
+    if (mCallShapes) *mCallShapes = backEnd->CallShapes();
+    delete backEnd;
+    return module;
+  }
   CGIA32* backEnd = new CGIA32();
   CGIA32Options options = mIA32Options;
   if (mOptimize) {
@@ -53,10 +67,7 @@ Ref<CodeModule> Compiler::RunBackEnd(string const& name) {
   }
   backEnd->Configure(options, mIntrinsicNames);
   backEnd->SetDelegate(mDelegate);
-  TacBlock* code = gContext->mProgramCode ? gContext->mProgramCode->Code() : nullptr;
-  TacBlock empty;
-  Ref<CodeModule> module =
-      backEnd->Generate(name, code ? code : &empty, gContext->mTables);
+  Ref<CodeModule> module = backEnd->Generate(name, code, gContext->mTables);
   delete backEnd;
   return module;
 }

@@ -3,8 +3,9 @@
 #define COMPILER_COMPILER_H
 
 #include "Compiler/BackEnds/IA-32/CGIA32.h"
+#include "Compiler/BackEnds/PowerPC/CGPPC.h"
+#include "Compiler/CompilerDelegate.h"
 #include "Compiler/Frontend/LanguageOptions.h"
-#include "Compiler/Frontend/ParserError.h"
 #include "Compiler/SmartRef.h"
 #include "Universal/SimpleVector.h"
 #include "Universal/stringmap.h"
@@ -13,26 +14,6 @@
 class CodeModule;
 class GlobalSymbolTable;
 class SrcContext;
-
-// What a compilation reports to whoever started it. Progress calls may cancel
-// the compilation by returning non-zero.
-class CompilerDelegate {
- public:
-  // From the parser's periodic check; non-zero cancels.
-  virtual int CompilerFrontendProgress(unsigned int line, unsigned int total) { return 0; }
-  // Reserved: nothing calls it.
-  virtual int CompilerOptimizerProgress(unsigned int done, unsigned int total) { return 0; }
-  // From the code generator once per line; non-zero cancels.
-  virtual int CompilerBackendProgress(unsigned int done, unsigned int total) { return 0; }
-  // Once per compile error, as it is found.
-  virtual int CompilerError(CompileError error) { return 0; }
-  // Reserved: nothing calls it.
-  virtual void CompilerFailed(string reason) {}
-
- protected:
-  // Never deleted through this face: its owner knows the whole object.
-  ~CompilerDelegate() {}
-};
 
 // The back ends a compilation can select.
 enum CompilerCodeType {
@@ -60,6 +41,10 @@ class Compiler {
   SimpleVector<string> mIntrinsicNames;  // link name per intrinsic number
   long mCodeType;                        // a CompilerCodeType
   CGIA32Options mIA32Options;
+  CGPPCOptions mPPCOptions;
+  // When set, receives the argument shapes of the calls by name of a
+  // PowerPC compile (CGPPC::CallShapes).
+  StringMapCase<string>* mCallShapes;
   // The conditional-compilation constants ("TargetLinux"...), in order.
   StringMap<bool> mConditionalConstants;
   unsigned char mLibrary;          // no main body in this unit

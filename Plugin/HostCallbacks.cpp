@@ -3,10 +3,16 @@
 // address in hex, and the function table learns that name. No call is
 // interpreted: compiled code calls the host function directly, and the
 // context object reaches it as a hidden parameter baked into the code.
-#include "Compiler/Frontend/NameMangler.h"
+#include <ctype.h>
+#include <string.h>
+#include <strings.h>
+
 #include "Compiler/Frontend/SrcContext.h"
 #include "Compiler/Miner/DeclarationParser.h"
 #include "Compiler/SymbolTable/GlobalSymbolTable.h"
+#include "Compiler/SymbolTable/NameMangler.h"
+#include "Plugin/CompileLock.h"
+#include "Plugin/EmbeddingBoundary.h"
 #include "Plugin/QuorlScriptInterface.h"
 #include "Universal/Assertion.h"
 #include "Universal/ByteHelpers.h"
@@ -74,6 +80,27 @@ void QuorlScriptInterface::EncodeHostMethods(ModuleSymbol* symbols,
   }
 }
 
+// The data word goes first and silently; the link name tells the
+// registrations of one entry with different data apart.
+void QuorlScriptInterface::EncodeHostFunctions(ModuleSymbol* symbols,
+                                               StringMap<void*>* table) {
+  for (unsigned long i = 0; i < mHostFunctions.size(); i++) {
+    HostFunction const& host = mHostFunctions[i];
+    MethodSymbol* method = ExtractMethodDeclaration(host.mDeclaration, nullptr);
+    if (!method) continue;
+    if (HasUnsafeSignature(method, 0)) {
+      delete method;
+      continue;
+    }
+    string linkName = HostLinkName(host.mEntry) + HostLinkName(host.mData);
+    method->SetLinkID(linkName);
+    method->SetExternal(true);
+    table->AddEntry(linkName, host.mEntry);
+    method->InsertParameter(0, MakeHiddenParameter("data", (long)host.mData));
+    symbols->AddMethod(method);
+  }
+}
+
 // One accessor of a host property: a method named like the property, with
 // the context and the property's parameter word passed silently.
 static MethodSymbol* MakeAccessor(PropertySymbol* property, void* entry,
@@ -88,8 +115,9 @@ static MethodSymbol* MakeAccessor(PropertySymbol* property, void* entry,
   method->AddParameter((ParameterSymbol*)self->Clone(nullptr));
   method->AddParameter((ParameterSymbol*)param->Clone(nullptr));
   if (isSetter) {
+    // The value comes from the right side of an assignment to the name.
     ParameterSymbol* value = new ParameterSymbol(string("value"), property->GetType());
-    value->SetMode(ParameterSymbol::kHidden);
+    value->SetRole(ParameterSymbol::kAssignsParameter);
     method->AddParameter(value);
   }
   table->AddEntry(MangledMethodName(method, string("")), entry);
@@ -126,5 +154,91 @@ void QuorlScriptInterface::EncodeHostCallbacks(ModuleSymbol* symbols,
   SrcContext* context = new SrcContext();
   EncodeHostMethods(symbols, table);
   EncodeHostProperties(symbols, table);
+  EncodeHostFunctions(symbols, table);
   delete context;
+}
+
+namespace {
+
+QuorlValueType ValueTypeOf(IRDataType const& type) {
+  switch (type.GetMainType()) {
+    case kNoType: return kQuorlNoValue;
+    case kSInt32Type: return kQuorlInteger;
+    case kSInt64Type: return kQuorlInt64;
+    case kReal64Type: return kQuorlDouble;
+    case kReal32Type: return kQuorlSingle;
+    case kBooleanType: return kQuorlBoolean;
+    case kStringType: return kQuorlString;
+    default: return kQuorlOtherValue;
+  }
+}
+
+}  // namespace
+
+namespace {
+
+bool IsNameStart(char c) { return isalpha((unsigned char)c) || c == '_'; }
+bool IsNamePart(char c) { return isalnum((unsigned char)c) || c == '_'; }
+
+char const* SkipSpace(char const* p) {
+  while (*p == ' ' || *p == '\t') p++;
+  return p;
+}
+
+// Past a name at `p`, or null when none starts there.
+char const* SkipName(char const* p) {
+  if (!IsNameStart(*p)) return nullptr;
+  while (IsNamePart(*p)) p++;
+  return p;
+}
+
+bool StartsWithWord(char const* p, char const* word) {
+  size_t n = strlen(word);
+  return strncasecmp(p, word, n) == 0 && !IsNamePart(p[n]);
+}
+
+// The declaration reader forgives much that a script's own declarations
+// never contain; a host's declaration is held to the plain form:
+// "Sub|Function Name(parameters) [As Type]", with "As Type" exactly when
+// it is a Function, and nothing after.
+bool HasPlainMethodForm(char const* text) {
+  char const* p = SkipSpace(text);
+  bool function = StartsWithWord(p, "Function");
+  if (!function && !StartsWithWord(p, "Sub")) return false;
+  p = SkipSpace(p + (function ? 8 : 3));
+  p = SkipName(p);
+  if (!p || *SkipSpace(p) != '(') return false;
+  int depth = 0;
+  for (p = SkipSpace(p); *p; p++) {
+    if (*p == '(') depth++;
+    if (*p == ')' && --depth == 0) break;
+  }
+  if (*p != ')') return false;
+  p = SkipSpace(p + 1);
+  if (!function) return *p == 0;
+  if (!StartsWithWord(p, "As")) return false;
+  p = SkipName(SkipSpace(p + 2));
+  if (p && p[0] == '(' && p[1] == ')') p += 2;
+  return p && *SkipSpace(p) == 0;
+}
+
+}  // namespace
+
+int32_t DescribeHostDeclaration(char const* declaration, QuorlSignature* signature) {
+  if (!declaration || !signature || !HasPlainMethodForm(declaration))
+    return kQuorlBadDeclaration;
+  std::lock_guard<std::mutex> reading(CompileLock());
+  SrcContext* context = new SrcContext();
+  MethodSymbol* method = ExtractMethodDeclaration(string(declaration), nullptr);
+  int32_t status = kQuorlBadDeclaration;
+  if (method && method->CountParameters() <= kQuorlMaxParameters) {
+    signature->mReturnType = ValueTypeOf(method->GetReturnType());
+    signature->mParameterCount = (int32_t)method->CountParameters();
+    for (unsigned long i = 0; i < method->CountParameters(); i++)
+      signature->mParameterTypes[i] = ValueTypeOf(method->GetParameter(i)->GetType());
+    status = kQuorlCallDone;
+  }
+  delete method;
+  delete context;
+  return status;
 }

@@ -87,3 +87,18 @@ int VELDGetClassProperty(VELDClassRef cls, int index, void** getter,
 unsigned long VELDGetStackLimit() { HOST_CALL(VELDGetStackLimit, 0, ); }
 void VELDSetStackLimit(unsigned long limit) { HOST_DO(VELDSetStackLimit, limit); }
 void VELDInitStackChecker(unsigned long base) { HOST_DO(VELDInitStackChecker, base); }
+
+// The names beyond the classic contract: a host that does not serve them
+// simply hears nothing of them.
+void QuorlCompileErrorDetail(VELDObject instance, int number, char const* message,
+                             char const* summary, int line, int column) {
+  HOST_DO(QuorlCompileErrorDetail, instance, number, message, summary, line, column);
+}
+void QuorlRuntimeErrorDetail(VELDObject instance, int line,
+                             char const* exceptionClass, char const* message) {
+  HOST_DO(QuorlRuntimeErrorDetail, instance, line, exceptionClass, message);
+}
+void QuorlScriptStopped(VELDObject instance) { HOST_DO(QuorlScriptStopped, instance); }
+void QuorlTakeEngineOperations(QuorlEngineOperations const* operations) {
+  HOST_DO(QuorlTakeEngineOperations, operations);
+}

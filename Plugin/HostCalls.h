@@ -11,6 +11,7 @@
 #ifndef PLUGIN_HOSTCALLS_H
 #define PLUGIN_HOSTCALLS_H
 
+#include "Plugin/EmbeddingBoundary.h"
 #include "Plugin/PluginBoundary.h"
 
 // Stored by VELDPluginMain; lives as long as the process.
@@ -46,5 +47,13 @@ int VELDGetClassProperty(VELDClassRef cls, int index, void** getter,
 unsigned long VELDGetStackLimit();
 void VELDSetStackLimit(unsigned long limit);
 void VELDInitStackChecker(unsigned long base);
+
+// Beyond the classic contract (EmbeddingBoundary.h).
+void QuorlCompileErrorDetail(VELDObject instance, int number, char const* message,
+                             char const* summary, int line, int column);
+void QuorlRuntimeErrorDetail(VELDObject instance, int line,
+                             char const* exceptionClass, char const* message);
+void QuorlScriptStopped(VELDObject instance);
+void QuorlTakeEngineOperations(QuorlEngineOperations const* operations);
 
 #endif

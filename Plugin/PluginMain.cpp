@@ -1,4 +1,5 @@
 // The plug-in's one exported entry and the registration of its classes.
+#include "Plugin/EngineOperations.h"
 #include "Plugin/HostCalls.h"
 #include "Plugin/QuorlScriptClass.h"
 
@@ -32,4 +33,5 @@ extern "C" __attribute__((visibility("default"))) void VELDPluginMain(
   gResolver = resolver;
   RegisterPluginVersion(kVELDPluginVersion);
   PluginEntry();
+  OfferEngineOperations();
 }

@@ -15,19 +15,23 @@
 #include "Compiler/Miner/Miner.h"
 #include "Compiler/SymbolTable/GlobalSymbolTable.h"
 #include "Compiler/compiler.h"
+#include "Plugin/CompileLock.h"
 #include "Plugin/HostCalls.h"
 #include "Plugin/QuorlScriptInterface.h"
+#include "Plugin/RuntimeLibraryTable.h"
+#include "Universal/ByteHelpers.h"
 #include "Plugin/ScriptRuntime.h"
 
 // The conditional-compilation constants a script sees: every target false,
 // then this one's true (the later entries overwrite the earlier ones).
-static void SetTargetConstants(StringMap<bool>& constants) {
+static void SetTargetConstants(StringMap<bool>& constants, bool powerPC) {
   static char const* const kTargets[] = {
       "TargetMacOS", "TargetMacOSClassic", "TargetPPC",   "Target68K",
       "TargetCarbon", "TargetCocoa",       "TargetWin32", "TargetX86",
       "TargetMachO", "TargetPowerPC",      "TargetLinux", "TargetHasGUI"};
   for (char const* target : kTargets) constants.AddEntry(string(target), false);
-  constants.AddEntry(string("TargetX86"), true);
+  constants.AddEntry(string(powerPC ? "TargetPowerPC" : "TargetX86"), true);
+  if (powerPC) constants.AddEntry(string("TargetPPC"), true);
   constants.AddEntry(string("TargetLinux"), true);
 }
 
@@ -43,12 +47,19 @@ static bool DeclareSource(GlobalSymbolTable* symbols, string const& source,
   return true;
 }
 
-Ref<CodeModule> QuorlScriptInterface::CompileSource(StringMap<void*>* functionTable,
-                                                    string* listing) {
+Ref<CodeModule> QuorlScriptInterface::CompileSource(
+    StringMap<void*>* functionTable, string* listing,
+    StringMapCase<string>* powerPCShapes) {
+  std::lock_guard<std::mutex> compiling(CompileLock());
   Compiler compiler;
   compiler.mIntrinsicNames = IntrinsicFunctionNames();
-  SetTargetConstants(compiler.mConditionalConstants);
-  compiler.mCodeType = kCodeTypeIA32;
+  SetTargetConstants(compiler.mConditionalConstants, powerPCShapes);
+  compiler.mCodeType = powerPCShapes ? kCodeTypePowerPC : kCodeTypeIA32;
+  // The loader patches every address into the code, and bridges calls
+  // through pointers to its C code.
+  compiler.mPPCOptions.mCodeModel = kCodeModelAbsolute;
+  compiler.mPPCOptions.mCallPointersThroughGlue = true;
+  compiler.mCallShapes = powerPCShapes;
   // The system's C and C++ code on this platform assumes a 16-byte aligned
   // stack at every call, and the runtime and the host are such code.
   compiler.mIA32Options.mAlignStack16 = true;
@@ -95,5 +106,41 @@ bool QuorlScriptInterface::CompileToTacListing(string* listing) {
   StringMap<void*>* functionTable = MakeQuorlScriptRuntimeFunctionTable(&Resolver);
   Ref<CodeModule> module = CompileSource(functionTable, listing);
   delete functionTable;
+  return module;
+}
+
+// Library functions are linked by their address in this process ("_" and
+// the address in hex); another process knows them by their runtime names.
+static void NameLibraryFunctions(CodeModule* module,
+                                 StringMapCase<string>* callShapes) {
+  StringMapCase<string> names;
+  unsigned long count = 0;
+  RuntimeLibraryEntry const* entries = RuntimeLibraryEntries(&count);
+  for (unsigned long i = 0; i < count; i++)
+    if (void* address = LibraryFunctionAddress(entries[i].mRuntimeName))
+      names.AddEntry(string("_") + ultohexa((unsigned long)address),
+                     string(entries[i].mRuntimeName));
+  string name;
+  for (unsigned long f = 0; f < module->mFunctions.size(); f++) {
+    SimpleVector<Import>& imports = module->mFunctions[f]->mImports;
+    for (unsigned long i = 0; i < imports.size(); i++)
+      if (names.GetEntry(imports[i].mName, name)) imports[i].mName = name;
+  }
+  StringMapCase<string> renamed;
+  StringMapIterator<string>* iter = callShapes->NewIterator();
+  string shape;
+  while (iter->Next(shape))
+    renamed.AddEntry(names.GetEntry(iter->Key(), name) ? name : iter->Key(), shape);
+  delete iter;
+  *callShapes = renamed;
+}
+
+Ref<CodeModule> QuorlScriptInterface::CompileForPowerPC(
+    StringMapCase<string>* callShapes) {
+  if (!mSourceText) return Ref<CodeModule>();
+  StringMap<void*>* functionTable = MakeQuorlScriptRuntimeFunctionTable(&Resolver);
+  Ref<CodeModule> module = CompileSource(functionTable, nullptr, callShapes);
+  delete functionTable;
+  if (module) NameLibraryFunctions(&*module, callShapes);
   return module;
 }

@@ -2,6 +2,8 @@
 
 #include <string.h>
 
+#include "Compiler/BackEnds/Minilinker/QuorlScriptIntrinsics.h"
+#include "Plugin/CompileErrorMessages.h"
 #include "Plugin/HostCalls.h"
 
 // The fixed text of every CompilerError event. The host string is asked for
@@ -58,7 +60,22 @@ char* QuorlInterpreter::Input(char const* prompt, unsigned long promptLength,
   return result;
 }
 
+// The detail goes first, to the hosts that take it; a report that came
+// without one (a link failure) gets the number's summary.
+void QuorlInterpreter::ReportCompileErrorDetail(CompileErrorCode code,
+                                                unsigned long line) {
+  char const* summary = CompileErrorSummary(code);
+  CompileErrorDetail const& pending = PendingCompileError();
+  if (pending.mValid && pending.mNumber == code) {
+    QuorlCompileErrorDetail(mHostObject, code, pending.mMessage.CString(), summary,
+                            (int)pending.mLine, (int)pending.mColumn);
+  } else {
+    QuorlCompileErrorDetail(mHostObject, code, summary, summary, (int)line + 1, 0);
+  }
+}
+
 void QuorlInterpreter::CompilerError(CompileErrorCode code, unsigned long line) {
+  ReportCompileErrorDetail(code, line);
   QuorlCompilerErrorHandler handler =
       (QuorlCompilerErrorHandler)EventHandler(kEventCompilerError);
   if (handler) {
@@ -88,7 +105,27 @@ static char const* RuntimeErrorClassName(RuntimeErrorCode code) {
   }
 }
 
+// The detail of an exception of the script's comes from the runtime, which
+// saw where it was raised; a report of the runtime's own (no class to be
+// had) names the class the host event names.
+void QuorlInterpreter::ReportRuntimeErrorDetail(RuntimeErrorCode code) {
+  UncaughtExceptionDetail const& uncaught = LastUncaughtException();
+  bool fromException = code != kRuntimeErrorNoExceptionClass;
+  QuorlRuntimeErrorDetail(
+      mHostObject, fromException ? (int)uncaught.mLine : 0,
+      fromException ? uncaught.mClassName.CString() : RuntimeErrorClassName(code),
+      fromException ? uncaught.mMessage.CString() : "");
+}
+
+// A stop is what the host asked for, not an error of the script: the host
+// hears of it on its own, and no RuntimeError event is raised.
 void QuorlInterpreter::RuntimeError(RuntimeErrorCode code, unsigned long line) {
+  if (code == kRuntimeErrorStopped) {
+    QuorlScriptStopped(mHostObject);
+    MarkAborted();
+    return;
+  }
+  ReportRuntimeErrorDetail(code);
   QuorlRuntimeErrorHandler handler =
       (QuorlRuntimeErrorHandler)EventHandler(kEventRuntimeError);
   if (handler) {

@@ -31,6 +31,8 @@ class QuorlInterpreter : public QuorlScriptInterface {
   // The host's handler of one of the instance's events, or null.
   void* EventHandler(QuorlScriptEventIndex event) const;
   void MarkAborted();
+  void ReportCompileErrorDetail(CompileErrorCode code, unsigned long line);
+  void ReportRuntimeErrorDetail(RuntimeErrorCode code);
 
   VELDObject mHostObject;
 };

@@ -4,6 +4,7 @@
 
 #include "Compiler/BackEnds/Minilinker/QuorlScriptIntrinsics.h"
 #include "Compiler/BackEnds/Minilinker/minilinker.h"
+#include "Plugin/CompileErrorMessages.h"
 #include "Universal/Assertion.h"
 
 QuorlScriptInterface::QuorlScriptInterface() {}
@@ -62,25 +63,55 @@ void QuorlScriptInterface::RegisterHostProperty(void* getter, void* setter,
   mHostProperties.push_back(property);
 }
 
+void QuorlScriptInterface::RegisterHostFunction(void* entry, void* data,
+                                                char const* declaration) {
+  ForceCompile();
+  QASSERT_TEXT(entry, "entrypoint");
+  QASSERT_TEXT(declaration, "declaration");
+  HostFunction function;
+  function.mEntry = entry;
+  function.mData = data;
+  function.mDeclaration = string(declaration);
+  mHostFunctions.push_back(function);
+}
+
 void QuorlScriptInterface::ClearHostCallbacks() {
   ForceCompile();
   mHostMethods.deleteAll();
   mHostProperties.deleteAll();
 }
 
+// A stop asked for during a run ends with the run; one that arrives when
+// nothing runs is forgotten.
 void QuorlScriptInterface::Run() {
   mRunning = 1;
   if (!mReadyCode) Precompile();
   if (mReadyCode) {
     // The runtime's stack check compares against the host's limit.
     SetRuntimeStackLimit(GetStackLimit());
+    SetRuntimeStopWord(&mStopWord);
     mReadyCode->Run(this);
+    SetRuntimeStopWord(nullptr);
   }
   mRunning = 0;
+  mStopWord = kStopNone;
 }
 
+void QuorlScriptInterface::RequestStop() {
+  if (mRunning && mStopWord == kStopNone) mStopWord = kStopRequested;
+}
+
+// The classic report carries the number and the 0-based line; the detail
+// waits beside it for the hosts that ask.
 int QuorlScriptInterface::CompilerError(CompileError error) {
-  CompilerError(error.Type(), error.Location().mStartLine);
+  SourceLocation const& where = error.Location();
+  mPendingError.mValid = true;
+  mPendingError.mNumber = error.Type();
+  mPendingError.mMessage = CompileErrorText(error, mSourceText);
+  mPendingError.mLine = where.mStartLine + 1;
+  mPendingError.mColumn = where.mStartOffset < 0 ? 0 : where.mStartOffset + 1;
+  CompilerError(error.Type(), where.mStartLine);
+  mPendingError.mValid = false;
   return 1;
 }
 

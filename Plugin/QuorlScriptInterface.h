@@ -5,9 +5,9 @@
 #ifndef PLUGIN_QUORLSCRIPTINTERFACE_H
 #define PLUGIN_QUORLSCRIPTINTERFACE_H
 
+#include "Compiler/BackEnds/Minilinker/QuorlScriptCorrespondent.h"
 #include "Compiler/SmartRef.h"
 #include "Compiler/compiler.h"
-#include "Plugin/QuorlScriptCorrespondent.h"
 #include "Universal/SimpleVector.h"
 #include "Universal/ustring.h"
 
@@ -23,6 +23,14 @@ struct HostMethod {
   string mDeclaration;
 };
 
+// A host function that needs no context object: it gets its data word
+// silently as its first argument.
+struct HostFunction {
+  void* mEntry = nullptr;
+  void* mData = nullptr;
+  string mDeclaration;
+};
+
 // A host property callable from scripts through its getter and setter.
 struct HostProperty {
   void* mGetter = nullptr;
@@ -32,6 +40,23 @@ struct HostProperty {
 };
 
 typedef void* RuntimeEntry;
+
+// The detail of the compile error being reported, for hosts that take more
+// than the number and the line. Lines and columns count from 1; 0 unknown.
+struct CompileErrorDetail {
+  bool mValid = false;
+  int mNumber = 0;
+  string mMessage;
+  unsigned long mLine = 0;
+  unsigned long mColumn = 0;
+};
+
+struct QuorlSignature;
+
+// Reads a host function's declaration as a compilation will, and gives the
+// types of its result and parameters; kQuorlBadDeclaration when it does not
+// read.
+int32_t DescribeHostDeclaration(char const* declaration, QuorlSignature* signature);
 
 class QuorlScriptInterface : public QuorlScriptCorrespondent,
                              public CompilerDelegate {
@@ -48,6 +73,8 @@ class QuorlScriptInterface : public QuorlScriptCorrespondent,
   virtual void RegisterHostProperty(void* getter, void* setter, long parameter,
                                     char const* declaration);
   virtual void ClearHostCallbacks();
+  // Host functions stay when the context changes; these are the host's own.
+  void RegisterHostFunction(void* entry, void* data, char const* declaration);
   // Compiles the source into ready code, if there is a source and no ready
   // code yet. Errors go out as CompilerError reports.
   virtual void Precompile();
@@ -55,6 +82,10 @@ class QuorlScriptInterface : public QuorlScriptCorrespondent,
   // listing of the program's three-address code; false after compile
   // errors, which are reported as usual. The developer's view of a compile.
   bool CompileToTacListing(string* listing);
+  // Compiles the source for 32-bit PowerPC, for a loader on that machine,
+  // with the argument shapes of its calls by name; nil after compile
+  // errors, which are reported as usual. The engine itself never runs it.
+  Ref<CodeModule> CompileForPowerPC(StringMapCase<string>* callShapes);
   // Compiles if needed, then runs the ready code, if any, on this thread.
   virtual void Run();
   virtual void CompilerError(CompileErrorCode code, unsigned long line) {}
@@ -69,6 +100,10 @@ class QuorlScriptInterface : public QuorlScriptCorrespondent,
   void ScriptError(RuntimeErrorCode code, unsigned long line) override;
   void ScriptYield() override;
 
+  // Asks the run in progress to stop at its next yield; nothing when no
+  // run is in progress. Safe from any thread while this object lives.
+  void RequestStop();
+
   // Drops the ready code, so that the next run compiles again. Every
   // operation that can change what the code means calls it first.
   void ForceCompile();
@@ -78,6 +113,9 @@ class QuorlScriptInterface : public QuorlScriptCorrespondent,
   void const* Context() const { return mContext; }
   SimpleVector<HostMethod> const& HostMethods() const { return mHostMethods; }
   SimpleVector<HostProperty> const& HostProperties() const { return mHostProperties; }
+  // The detail of the compile error now being reported; mValid is false
+  // for a report that came without one.
+  CompileErrorDetail const& PendingCompileError() const { return mPendingError; }
 
   // The runtime's fourteen entry words, filled when the runtime is installed.
   RuntimeEntry mRuntimeStringCompare = nullptr;
@@ -103,9 +141,13 @@ class QuorlScriptInterface : public QuorlScriptCorrespondent,
   void EncodeHostCallbacks(ModuleSymbol* symbols, StringMap<void*>* table);
   // Declarations, scan, merge, resolve and compile: a module, or nil after
   // errors. The listing, when asked for, is taken after the front end.
-  Ref<CodeModule> CompileSource(StringMap<void*>* functionTable, string* listing);
+  // With `powerPCShapes` the code is PowerPC's, and the shapes of its calls
+  // go there.
+  Ref<CodeModule> CompileSource(StringMap<void*>* functionTable, string* listing,
+                                StringMapCase<string>* powerPCShapes = nullptr);
   void EncodeHostMethods(ModuleSymbol* symbols, StringMap<void*>* table);
   void EncodeHostProperties(ModuleSymbol* symbols, StringMap<void*>* table);
+  void EncodeHostFunctions(ModuleSymbol* symbols, StringMap<void*>* table);
   QuorlScriptInterface& operator=(QuorlScriptInterface const&) = delete;
 
   char* mSourceText = nullptr;
@@ -114,6 +156,10 @@ class QuorlScriptInterface : public QuorlScriptCorrespondent,
   void const* mContext = nullptr;
   SimpleVector<HostMethod> mHostMethods;
   SimpleVector<HostProperty> mHostProperties;
+  SimpleVector<HostFunction> mHostFunctions;
+  CompileErrorDetail mPendingError;
+  // A ScriptStopState; written by other threads.
+  volatile long mStopWord = 0;
 };
 
 #endif

@@ -28,12 +28,6 @@ OwnLibraryFunction const kOwnLibraryFunctions[] = {
     {"RuntimeMin", reinterpret_cast<void*>(&RuntimeMin)},
 };
 
-void* LibraryFunctionAddress(char const* name) {
-  for (OwnLibraryFunction const& own : kOwnLibraryFunctions)
-    if (!strcmp(own.mName, name)) return own.mAddress;
-  return Resolver(name);
-}
-
 // Registers each library function that is served. A function nobody serves
 // is left out rather than registered without an entry point: a script that
 // calls it gets a compile error for an unknown name instead of the host
@@ -48,6 +42,12 @@ void RegisterRuntimeLibrary(QuorlScriptInterface* script) {
 }
 
 }  // namespace
+
+void* LibraryFunctionAddress(char const* name) {
+  for (OwnLibraryFunction const& own : kOwnLibraryFunctions)
+    if (!strcmp(own.mName, name)) return own.mAddress;
+  return Resolver(name);
+}
 
 void QuorlScriptInstallRuntime(QuorlScriptData* me) {
   QASSERT(kStateRunning != me->mState);

@@ -39,6 +39,12 @@ std::vector<OptionRow> const& Options() {
       {"time-limit", nullptr, "SECONDS",
        "stop the script once it has run that long (checked in its loops)",
        [](RunnerOptions& o, std::string const& v) { o.timeLimit = ParseSeconds(v); }},
+      {"target", nullptr, "CPU",
+       "compile for CPU: ia32 (the default, and run) or ppc (with --emit-object)",
+       [](RunnerOptions& o, std::string const& v) { o.target = v; }},
+      {"emit-object", nullptr, "OUT",
+       "write the compiled PowerPC module to OUT instead of running it",
+       [](RunnerOptions& o, std::string const& v) { o.emitObject = v; }},
       {"plugin", nullptr, "PATH",
        "load the script engine from PATH instead of the default",
        [](RunnerOptions& o, std::string const& v) { o.pluginPath = v; }},
@@ -125,6 +131,10 @@ CommandLine ParseCommandLine(std::vector<std::string> const& arguments) {
     result.error = "--time-limit needs a positive number of seconds";
   else if (result.options.file.empty() && !result.options.help)
     result.error = "no script file given";
+  else if (result.options.target != "ia32" && result.options.target != "ppc")
+    result.error = "--target must be ia32 or ppc";
+  else if ((result.options.target == "ppc") != !result.options.emitObject.empty())
+    result.error = "--target ppc and --emit-object OUT go together";
   return result;
 }
 

@@ -20,6 +20,8 @@ struct RunnerOptions {
   double timeLimit = 0;  // seconds; 0 for none
   bool help = false;
   std::string pluginPath;  // empty: the host's default
+  std::string target = "ia32";  // "ia32", or "ppc" with emitObject
+  std::string emitObject;       // where a PowerPC module is written
 };
 
 struct CommandLine {

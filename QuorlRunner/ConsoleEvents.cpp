@@ -1,6 +1,6 @@
 #include "QuorlRunner/ConsoleEvents.h"
 
-#include "QuorlRunner/CompileErrorMessages.h"
+#include "Plugin/CompileErrorMessages.h"
 
 namespace quorl {
 namespace runner {
@@ -18,10 +18,10 @@ void Report(Console const& console, std::string const& text) {
 }
 
 // Lines count from 0 in the engine and from 1 for people.
-std::string CompileErrorText(std::string const& fileName, int line,
+std::string CompileErrorLine(std::string const& fileName, int line,
                              int number) {
   return fileName + ":" + std::to_string(line + 1) + ": error " +
-         std::to_string(number) + ": " + CompileErrorMessage(number);
+         std::to_string(number) + ": " + CompileErrorSummary(number);
 }
 
 }  // namespace
@@ -47,7 +47,7 @@ void ConnectConsole(Script& script, Console const& console,
   script.OnCompilerError([console, fileName, &counts](int line, int number,
                                                       std::string const&) {
     ++counts.compileErrors;
-    Report(console, CompileErrorText(fileName, line, number));
+    Report(console, CompileErrorLine(fileName, line, number));
   });
   script.OnRuntimeError([console, fileName, &counts](
                             int, std::string const& exceptionClass) {

@@ -3,8 +3,10 @@
 #include <chrono>
 #include <cstdlib>
 #include <functional>
+#include <stdexcept>
 
 #include "QuorlRunner/ExitStatus.h"
+#include "QuorlRunner/PowerPCModule.h"
 #include "QuorlRunner/ScriptText.h"
 #include "QuorlRunner/TacDump.h"
 
@@ -63,23 +65,19 @@ int ExecuteScript(Script& script, RunnerOptions const& options,
   return StatusOf(counts);
 }
 
-// A runaway script can't be stopped from inside the engine: a running
-// script is machine code on this thread. Its loops call the host's yield,
-// though, and there the runner ends the whole process once the time is up.
-static std::function<void()> TimeLimitHook(RunnerOptions const& options,
-                                    Console const& console) {
+// The time limit stops the script the way any host stops one: the yield
+// hook throws, the engine unwinds the script (its cleanup runs), and Run()
+// rethrows here.
+struct TimeLimitReached : std::runtime_error {
+  TimeLimitReached() : std::runtime_error("time limit reached") {}
+};
+
+static std::function<void()> TimeLimitHook(RunnerOptions const& options) {
   if (options.timeLimit <= 0) return nullptr;
   auto deadline = std::chrono::steady_clock::now() +
                   std::chrono::duration<double>(options.timeLimit);
-  std::string name = DisplayName(options);
-  double limit = options.timeLimit;
-  return [deadline, name, limit, console] {
-    if (std::chrono::steady_clock::now() < deadline) return;
-    std::fflush(console.out);
-    std::fprintf(console.err, "quorl: %s: stopped after the time limit of %g seconds\n",
-                 name.c_str(), limit);
-    std::fflush(console.err);
-    std::_Exit(kExitTimeLimit);
+  return [deadline] {
+    if (std::chrono::steady_clock::now() >= deadline) throw TimeLimitReached();
   };
 }
 
@@ -87,12 +85,20 @@ int RunScript(RunnerOptions const& options, std::string const& text,
               Console const& console) {
   try {
     if (options.dumpTac) return DumpTac(options, text, console);
+    if (!options.emitObject.empty())
+      return EmitPowerPCModule(options, text, console);
     HostOptions host;
     host.optimize = options.optimize;
-    host.yieldHook = TimeLimitHook(options, console);
+    host.yieldHook = TimeLimitHook(options);
     LoadPlugin(options.pluginPath, host);
     Script script;
     return ExecuteScript(script, options, text, console);
+  } catch (TimeLimitReached const&) {
+    char limit[32];
+    std::snprintf(limit, sizeof limit, "%g", options.timeLimit);
+    return Fail(console, DisplayName(options) +
+                             ": stopped after the time limit of " + limit +
+                             " seconds", kExitTimeLimit);
   } catch (LoadError const& e) {
     return Fail(console, e.what(), kExitEngineUnavailable);
   } catch (UnknownClass const& e) {

@@ -6,6 +6,7 @@
 
 #include "StandInHost/HostOperations.h"
 #include "StandInHost/HostState.h"
+#include "StandInHost/ScriptEvents.h"
 #include "StandInHost/RuntimeLibrary/RuntimeLibrary.h"
 
 namespace quorl {
@@ -56,6 +57,13 @@ std::map<std::string, void*> BuiltInOperations() {
       {"VELDSetStackLimit", Entry<VELDSetStackLimitProc>(&VELDSetStackLimit)},
       {"VELDInitStackChecker",
        Entry<VELDInitStackCheckerProc>(&VELDInitStackChecker)},
+      {"QuorlCompileErrorDetail",
+       Entry<QuorlCompileErrorDetailProc>(&QuorlCompileErrorDetail)},
+      {"QuorlRuntimeErrorDetail",
+       Entry<QuorlRuntimeErrorDetailProc>(&QuorlRuntimeErrorDetail)},
+      {"QuorlScriptStopped", Entry<QuorlScriptStoppedProc>(&QuorlScriptStopped)},
+      {"QuorlTakeEngineOperations",
+       Entry<QuorlTakeEngineOperationsProc>(&QuorlTakeEngineOperations)},
   };
 }
 

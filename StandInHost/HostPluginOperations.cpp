@@ -33,13 +33,16 @@ int VELDinRuntime() { return Host().options.inRuntime ? 1 : 0; }
 
 int VELDOptimizeScripts() { return Host().options.optimize ? 1 : 0; }
 
-// Called from generated code: the hook's exception must not unwind it.
+// Called from generated code: the hook's exception must not unwind it. It
+// stops the script instead, and the Run() that ends rethrows it.
 void VELDYieldToQuorl() {
   if (!Host().options.yieldHook) return;
   try {
     Host().options.yieldHook();
   } catch (...) {
     RecordCallbackFailure(std::current_exception());
+    VELDObject running = CurrentScriptInstance();
+    if (running && Host().engine) Host().engine->mRequestStop(running);
   }
 }
 

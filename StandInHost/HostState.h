@@ -4,6 +4,7 @@
 #ifndef STANDINHOST_HOSTSTATE_H
 #define STANDINHOST_HOSTSTATE_H
 
+#include "Plugin/EmbeddingBoundary.h"
 #include "quorl/QuorlHost.h"
 
 namespace quorl {
@@ -13,9 +14,19 @@ struct HostState {
   HostOptions options;
   int pluginVersion = 0;
   unsigned long stackBase = 0;
+  // What the engine offered at load; null for an engine that offers none.
+  QuorlEngineOperations const* engine = nullptr;
 };
 
 HostState& Host();
+
+// The script instance whose Run() or Precompile() is innermost on this
+// thread, or null: a failing yield hook stops it.
+VELDObject CurrentScriptInstance();
+void SetCurrentScriptInstance(VELDObject instance);
+
+// "QuorlTakeEngineOperations".
+void QuorlTakeEngineOperations(QuorlEngineOperations const* operations);
 
 }  // namespace standin
 }  // namespace quorl

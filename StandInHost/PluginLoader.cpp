@@ -51,6 +51,7 @@ void Attach(VELDPluginMainProc pluginMain, HostOptions const& options) {
   if (!pluginMain) throw LoadError("no plug-in entry to attach");
   standin::Host().options = options;
   standin::Host().pluginVersion = 0;
+  standin::Host().engine = nullptr;
   standin::ResetClassRegistry();
   standin::CallIntoPlugin([&] { pluginMain(&ResolveHostName); });
 }

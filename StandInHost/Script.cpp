@@ -1,6 +1,7 @@
 // The script object of the embedding API: a "QuorlScript" instance driven
 // through its class record.
 #include "StandInHost/HostObjects.h"
+#include "StandInHost/HostState.h"
 #include "StandInHost/HostStrings.h"
 #include "StandInHost/PluginCalls.h"
 #include "StandInHost/ScriptEvents.h"
@@ -14,11 +15,28 @@ struct Script::Impl {
   VELDObject instance = nullptr;
   VELDClassDefinition* definition = nullptr;
   ScriptCallbacks callbacks;
+  // The callables of the bindings, which compiled code points at.
+  std::vector<std::shared_ptr<void>> boundFunctions;
 
   void CallMethod(char const* declaration) {
     auto method = reinterpret_cast<VELDInstanceProc>(
         FindMethod(definition, declaration).mFunction);
     CallIntoPlugin([&] { method(instance); });
+  }
+
+  // Run and Precompile: the errors start afresh, and a failing yield hook
+  // knows which script to stop.
+  void CallReporting(char const* declaration) {
+    callbacks.errors.clear();
+    VELDObject outer = CurrentScriptInstance();
+    SetCurrentScriptInstance(instance);
+    try {
+      CallMethod(declaration);
+    } catch (...) {
+      SetCurrentScriptInstance(outer);
+      throw;
+    }
+    SetCurrentScriptInstance(outer);
   }
 
   VELDProperty const& Property(char const* name) const {
@@ -91,9 +109,24 @@ void Script::SetContext(Object const& context) {
 
 void Script::SetContext(std::nullptr_t) { SetContext(Object()); }
 
-void Script::Run() { mImpl->CallMethod("Run()"); }
+ScriptState Script::Run() {
+  mImpl->CallReporting("Run()");
+  return State();
+}
 
-void Script::Precompile() { mImpl->CallMethod("Precompile()"); }
+ScriptState Script::Precompile() {
+  mImpl->CallReporting("Precompile()");
+  return State();
+}
+
+std::vector<ScriptError> const& Script::Errors() const {
+  return mImpl->callbacks.errors;
+}
+
+void Script::Stop() {
+  QuorlEngineOperations const* engine = Host().engine;
+  if (engine && engine->mRequestStop) engine->mRequestStop(mImpl->instance);
+}
 
 void Script::Reset() { mImpl->CallMethod("Reset()"); }
 
@@ -122,9 +155,24 @@ void Script::OnCompilerError(CompilerErrorHandler handler) {
   mImpl->Bind();
 }
 
+void Script::OnError(ErrorHandler handler) {
+  mImpl->callbacks.error = std::move(handler);
+}
+
 void Script::OnRuntimeError(RuntimeErrorHandler handler) {
   mImpl->callbacks.runtimeError = std::move(handler);
   mImpl->Bind();
+}
+
+void Script::AddBoundFunction(std::string const& nameOrDeclaration,
+                              detail::CppSignature const& signature,
+                              void* entry, std::shared_ptr<void> function) {
+  std::string declaration = detail::CheckedDeclaration(nameOrDeclaration, signature);
+  int32_t status = Host().engine->mAddHostFunction(mImpl->instance, entry,
+                                                   function.get(), declaration.c_str());
+  if (status != kQuorlCallDone)
+    throw BindingError("the engine refused \"" + declaration + "\"");
+  mImpl->boundFunctions.push_back(std::move(function));
 }
 
 VELDObject Script::Instance() const { return mImpl->instance; }

@@ -87,7 +87,48 @@ void* HandlerIf(bool present, Proc trampoline) {
   return present ? reinterpret_cast<void*>(trampoline) : nullptr;
 }
 
+// Every error is kept for Errors(), then handed to the handler.
+void ReportError(VELDObject instance, ScriptError const& error) {
+  ScriptCallbacks* callbacks = CallbacksOf(instance);
+  if (!callbacks) return;
+  callbacks->errors.push_back(error);
+  Deliver(callbacks->error,
+          [&](Script::ErrorHandler const& handler) { handler(error); });
+}
+
+std::string Text(char const* text) { return text ? text : ""; }
+
 }  // namespace
+
+void QuorlCompileErrorDetail(VELDObject instance, int number,
+                             char const* message, char const* summary,
+                             int line, int column) {
+  ScriptError error;
+  error.kind = ScriptError::Kind::Compile;
+  error.number = number;
+  error.summary = Text(summary);
+  error.message = Text(message);
+  error.line = line;
+  error.column = column;
+  ReportError(instance, error);
+}
+
+void QuorlRuntimeErrorDetail(VELDObject instance, int line,
+                             char const* exceptionClass, char const* message) {
+  ScriptError error;
+  error.kind = ScriptError::Kind::Runtime;
+  error.exceptionClass = Text(exceptionClass);
+  error.message = Text(message);
+  error.line = line;
+  ReportError(instance, error);
+}
+
+void QuorlScriptStopped(VELDObject instance) {
+  ScriptError error;
+  error.kind = ScriptError::Kind::Stopped;
+  error.message = "stopped by the host";
+  ReportError(instance, error);
+}
 
 void BindEvents(VELDObject instance, ScriptCallbacks* callbacks) {
   SetEmbedderData(instance, callbacks);

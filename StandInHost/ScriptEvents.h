@@ -6,6 +6,8 @@
 #ifndef STANDINHOST_SCRIPTEVENTS_H
 #define STANDINHOST_SCRIPTEVENTS_H
 
+#include <vector>
+
 #include "quorl/QuorlHost.h"
 
 namespace quorl {
@@ -22,6 +24,9 @@ struct ScriptCallbacks {
   Script::InputHandler input;
   Script::CompilerErrorHandler compilerError;
   Script::RuntimeErrorHandler runtimeError;
+  Script::ErrorHandler error;
+  // The errors of the call in progress or the last one.
+  std::vector<ScriptError> errors;
 };
 
 // Gives the instance a trampoline for each callable present and no handler
@@ -30,6 +35,15 @@ void BindEvents(VELDObject instance, ScriptCallbacks* callbacks);
 
 // Removes every handler and the instance's way back to the callables.
 void UnbindEvents(VELDObject instance);
+
+// The engine's reports beyond the classic events (Plugin/EmbeddingBoundary.h),
+// served by name.
+void QuorlCompileErrorDetail(VELDObject instance, int number,
+                             char const* message, char const* summary,
+                             int line, int column);
+void QuorlRuntimeErrorDetail(VELDObject instance, int line,
+                             char const* exceptionClass, char const* message);
+void QuorlScriptStopped(VELDObject instance);
 
 }  // namespace standin
 }  // namespace quorl

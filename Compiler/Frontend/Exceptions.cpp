@@ -153,6 +153,10 @@ SemBase* CompileExceptionBlock(SemBase* body, SemBase* exceptionVar,
   bool typed = exceptionType && CheckCatchType(exceptionType);
   TacAddr const* next = NewLabel();
   code->AddLine(kTacHandleException, target.landing, nilTacAddr, next);
+  // A stop the host asked for is no exception of the script's: no Catch
+  // keeps it from ending the run.
+  code->AddLine(kTacIntrinsic, IntrinsicTacAddr(kIntrinsicRuntimePassStop),
+                nilTacAddr, nilTacAddr);
   if (target.landing != target.variable)
     code->AddLine(kTacStore, target.landing, nilTacAddr, target.variable);
   if (typed && exceptionVar) {

@@ -21,6 +21,14 @@ void GenerateLoopBody(SemBase* code, SemBase* body, TacAddr const* continueAt) {
   QASSERT(gContext);
   if (body && body->Code()) code->Append(body);
   EmitLabel(code, continueAt);
+  EmitYield(code);
+}
+
+// Every loop comes round through a yield: an iteration, a GoTo, a call
+// (which is how a recursion loops). There the host gets its turn and a
+// stop it asked for is raised.
+void EmitYield(SemBase* code) {
+  QASSERT(gContext);
   if (gContext->mOptions.mBackgroundTasks)
     code->AddLine(kTacIntrinsic, IntrinsicTacAddr(kIntrinsicVELDYieldToQuorl),
                   nilTacAddr, nilTacAddr);

@@ -15,6 +15,11 @@ TacAddr const* AppendCondition(SemBase* cond, SemBase* code, bool filtered);
 // Appends `body`, the continue label and, while background tasks are on,
 // the yield to the host: every iteration yields at its Continue point.
 void GenerateLoopBody(SemBase* code, SemBase* body, TacAddr const* continueAt);
+// The yield to the host, while background tasks are on: in each loop
+// iteration, before each GoTo and at each function's entry (a call is how
+// a recursion loops). The back end makes each one a countdown, so the host
+// is called only every so many passes.
+void EmitYield(SemBase* code);
 // `Next x` must name the loop's variable: compile error 47 otherwise.
 void MatchLoopCounters(SemBase* nextVar, SemBase* loopVar);
 // Branch and label lines.

@@ -192,6 +192,7 @@ SemBase* CompileFunctionProlog(SemBase* name, SemBase* params) {
   HoldCountedParameters(walk, code);
   if (gContext->mOptions.mStackOverflowChecking)
     AddIntrinsic(code, kIntrinsicRuntimeCheckStack);
+  EmitYield(code);
   if (gContext->mOptions.mAutoWaitCursorDisabled)
     AddIntrinsic(code, kIntrinsicDisableAutoWaitCursor);
   return code;

@@ -1,5 +1,6 @@
 #include "Compiler/Frontend/LabelUtilities.h"
 
+#include "Compiler/Frontend/FlowControlSupport.h"
 #include "Compiler/Frontend/ProgramAssembly.h"
 #include "Compiler/Frontend/SrcContext.h"
 #include "Compiler/SemBase.h"
@@ -9,6 +10,7 @@ SemBase* CompileGoto(SemBase* ident) {
   QASSERT(ident);
   QASSERT(gContext);
   SemBase* code = SemCode::New(IRDataType(), &ident->Location());
+  EmitYield(code);
   code->AddLine(kTacJump, nilTacAddr, nilTacAddr,
                 gContext->NamedLabel(ident->toString()));
   return code;

@@ -36,8 +36,13 @@ void Linker::MergeModuleFunctions() {
   SimpleVector<FunctionBlock*> const& functions = mSrc->mFunctions;
   ReserveForBlocks(mOneCode, functions);
   for (unsigned long i = 0; i < functions.size(); i++) {
-    mEntrypoints.AddEntry(functions[i]->mName, mOneCode->Length());
+    unsigned int base = mOneCode->Length();
+    mEntrypoints.AddEntry(functions[i]->mName, base);
     mOneCode->Append(functions[i]);
+    // The merged code keeps the lines, so that a raise can name its line.
+    SimpleVector<cotlis> const& lines = functions[i]->mLineTable.mIndex;
+    for (unsigned long k = 0; k < lines.size(); k++)
+      mOneCode->mLineTable.AddEntry(base + lines[k].offset, lines[k].line);
     DelegateIdle();
   }
 }

@@ -97,6 +97,14 @@ TEST_F(RunnerBinary, CheckAndDumpTacReportSyntaxErrorsWithOneBasedLines) {
   EXPECT_TRUE(Contains(dump.err, "bad.bas:6: error 1: ")) << dump.err;
 }
 
+TEST_F(RunnerBinary, TheTimeLimitStopsARunawayScriptAfterItsOutput) {
+  WriteFile("spin.bas", "Print \"started\"\nagain:\nGoTo again\n");
+  Outcome outcome = Run("--time-limit 0.1 spin.bas");
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_EQ(outcome.out, "started\n");
+  EXPECT_EQ(outcome.err, "quorl: spin.bas: stopped after the time limit of 0.1 seconds\n");
+}
+
 TEST_F(RunnerBinary, CheckAndDumpTacAcceptAValidProgram) {
   WriteFile("good.bas", "Function Twice(n As Integer) As Integer\n  Return n * 2\n"
                         "End Function\n#if TargetLinux Then\nPrint \"linux\"\n#endif\n");

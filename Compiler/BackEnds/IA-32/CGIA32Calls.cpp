@@ -150,10 +150,12 @@ void CGIA32::tac_Intrinsic(TacLine const& line) {
   QASSERT_TEXT(functionID < kQtyIntrinsics, "functionID < kQtyIntrinsics");
   QASSERT_TEXT(functionID < mIntrinsicLinkNames.size(),
                "functionID < mIntrinsicLinkNames.size()");
-  bool plain = mOptions.mOptimizeCode && !mArguments.size() &&
-               line.result == nilTacAddr;
+  // The yield is a countdown in every build; the stack check is one
+  // compare when optimizing.
+  bool plain = !mArguments.size() && line.result == nilTacAddr;
   if (plain && functionID == kIntrinsicVELDYieldToQuorl) return YieldInLine();
-  if (plain && functionID == kIntrinsicRuntimeCheckStack) return CheckStackInLine();
+  if (plain && mOptions.mOptimizeCode && functionID == kIntrinsicRuntimeCheckStack)
+    return CheckStackInLine();
   CallIntrinsic(functionID, line.result);
 }
 

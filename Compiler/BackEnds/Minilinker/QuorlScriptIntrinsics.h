@@ -9,9 +9,11 @@
 #define COMPILER_BACKENDS_MINILINKER_QUORLSCRIPTINTRINSICS_H
 
 #include "Common/ObjectModel/RuntimeObjectFoundation.h"
-#include "Plugin/QuorlScriptCorrespondent.h"
+#include "Compiler/BackEnds/Minilinker/QuorlScriptCorrespondent.h"
 #include "Universal/stringmap.h"
 #include "Universal/ustring.h"
+
+class RunReadyCode;
 
 // A name-to-address lookup of the host's; null for an unknown name.
 typedef void* (*RuntimeNameResolver)(char const* name);
@@ -23,6 +25,10 @@ QuorlScriptCorrespondent* GetRuntimeCorrespondent();
 // by the script object before a run, from the host's limit.
 void SetRuntimeStackLimit(unsigned long limit);
 unsigned long GetRuntimeStackLimit();
+
+// The code that runs now, which knows the lines of its instructions.
+void SetRuntimeCode(RunReadyCode const* code);
+RunReadyCode const* GetRuntimeCode();
 
 // Before a run: no correspondent, no classes.
 void InitQuorlScriptRuntime();
@@ -56,6 +62,35 @@ void RemoteDebuggerStartup();
 
 // The object raised by RuntimeCheckStack.
 RuntimeObject* StackOverflowExceptionObject();
+
+// ---- stopping a running script
+// The stop word of the running script. The host sets it to kStopRequested,
+// from any thread; the next yield makes it kStopUnwinding and raises the
+// stop exception, which every Catch passes on and every frame's
+// finalisation sees, up to the end of the run.
+enum ScriptStopState { kStopNone = 0, kStopRequested = 1, kStopUnwinding = 2 };
+void SetRuntimeStopWord(volatile long* word);
+// The object the stop raises; it lives as long as the process.
+RuntimeObject* StopExceptionObject();
+// Called by generated code first thing in a Catch: a stop passes on.
+void RuntimePassStop();
+// The stop check of a yield: raises the stop when one was asked for.
+void RaiseStopIfRequested();
+
+// ---- what the host hears of an exception nobody caught
+struct UncaughtExceptionDetail {
+  unsigned long mLine = 0;  // where it was raised, from 1; 0 unknown
+  string mClassName;
+  string mMessage;
+};
+// The detail of the last uncaught exception of this thread.
+UncaughtExceptionDetail const& LastUncaughtException();
+// Gives an exception object its message; the message goes with the object.
+void SetRuntimeExceptionMessage(RuntimeObject* exception, string const& message);
+string RuntimeExceptionMessage(RuntimeObject* exception);
+// A new exception of the named class (made when the running program has
+// none) with the message, raised in the running script.
+void RaiseNamedException(char const* className, string const& message);
 
 // ---- the table the linker resolves against
 // A new table, owned by the caller: the plug-in's own entries first, then

@@ -61,6 +61,9 @@ class QuorlScriptLinker : public Linker {
   // The address of `% main` in the final code.
   bool HasMainEntrypoint() const;
   void* MainEntrypoint() const;
+  // Offsets of the merged code to source lines, and of the link names.
+  CodeOffsetToLineIndex const& LineTable() const { return mOneCode->mLineTable; }
+  StringMapCase<unsigned long> const& Entrypoints() const { return mEntrypoints; }
 
   void ResolveJumps();
   void AllocateGlobalDataBlock();

@@ -17,6 +17,26 @@ RunReadyCode::RunReadyCode(Ref<DataBlock> globals,
 
 RunReadyCode::~RunReadyCode() {}
 
+bool RunReadyCode::Contains(void const* address) const {
+  unsigned char const* at = static_cast<unsigned char const*>(address);
+  return at >= mCode->Buffer() && at < mCode->Buffer() + mCode->Length();
+}
+
+unsigned long RunReadyCode::LineAt(void const* address) const {
+  if (!Contains(address)) return 0;
+  unsigned int offset = static_cast<unsigned int>(
+      static_cast<unsigned char const*>(address) - mCode->Buffer());
+  int line = 0;
+  if (!mLines.LookupLine(offset, &line)) return 0;
+  return static_cast<unsigned long>(line) + 1;
+}
+
+void* RunReadyCode::FunctionEntry(string const& linkName) const {
+  unsigned long offset = 0;
+  if (!mEntrypoints.GetEntry(linkName, offset)) return nullptr;
+  return mCode->Buffer() + offset;
+}
+
 // The globals are copied aside before and back after, so that a second run
 // needs no relink. Nothing else is reset: the literals' counts stay where
 // the run left them, which is why each site holds its own reference.
@@ -30,6 +50,7 @@ void RunReadyCode::Run(QuorlScriptCorrespondent* correspondent) {
   }
   InitQuorlScriptRuntime();
   SetRuntimeCorrespondent(correspondent);
+  SetRuntimeCode(this);
   // The main body is where the raiser's walk up the frames stops.
   CallAtFrameChainEnd(mEntrypoint);
   ExitQuorlScriptRuntime();
@@ -50,6 +71,8 @@ RunReadyCode* MiniLink(Ref<CodeModule> code, StringMap<void*>* functions,
     result = new RunReadyCode(
         linker->GetGlobalData(), linker->GetCode(), literals,
         reinterpret_cast<ScriptEntrypoint>(linker->MainEntrypoint()));
+    result->SetLineTable(linker->LineTable());
+    result->SetEntrypoints(linker->Entrypoints());
   }
   delete linker;
   return result;

@@ -2,6 +2,8 @@
 // classes, what happens to one nobody catches, and the stack check.
 #include "Common/ObjectModel/RuntimeExceptionFoundation.h"
 #include "Compiler/BackEnds/Minilinker/QuorlScriptIntrinsics.h"
+#include "Compiler/BackEnds/Minilinker/minilinker.h"
+#include "Universal/SimpleVector.h"
 #include "Universal/ustring.h"
 
 namespace {
@@ -12,8 +14,69 @@ namespace {
 RuntimeObject sStackOverflowException = {nullptr, nullptr, nullptr, 1,
                                          nullptr, nullptr};
 
+// Raised when the host stops the script; like the overflow, it lives as
+// long as the process and never reaches a count of 0.
+RuntimeObject sStopException = {nullptr, nullptr, nullptr, 1, nullptr, nullptr};
+
+// The messages of this thread's live exceptions that have one. Few ever
+// do (those a host raises), so a list is enough.
+struct ExceptionMessage {
+  RuntimeObject* mException;
+  string mMessage;
+};
+thread_local SimpleVector<ExceptionMessage> sMessages;
+
+// The last exception raised on this thread and the line it was raised at.
+struct RaiseSite {
+  RuntimeObject* mException = nullptr;
+  unsigned long mLine = 0;
+};
+thread_local RaiseSite sLastRaise;
+thread_local UncaughtExceptionDetail sUncaught;
+
+// How far up from the raiser the first frame of script code may lie: the
+// runtime and host functions in between are few.
+int const kMostFramesToScriptCode = 64;
+
+void ForgetMessage(RuntimeObject* exception) {
+  for (unsigned long i = 0; i < sMessages.size(); i++) {
+    if (sMessages[i].mException != exception) continue;
+    sMessages.deleteIdx(i);
+    return;
+  }
+}
+
 void InitializeException(RuntimeObject*) {}
-void UninitializeException(RuntimeObject*) {}
+void UninitializeException(RuntimeObject* exception) { ForgetMessage(exception); }
+
+// The exception monitor: the line of the innermost frame of script code,
+// found by walking up the frame chain from the raiser.
+void NoteRaiseSite(RuntimeObject* exception) {
+  sLastRaise.mException = exception;
+  sLastRaise.mLine = 0;
+  RunReadyCode const* code = GetRuntimeCode();
+  if (!code) return;
+  void** frame = static_cast<void**>(__builtin_frame_address(0));
+  for (int n = 0; frame && n < kMostFramesToScriptCode; n++) {
+    unsigned char* returnAddress = static_cast<unsigned char*>(frame[1]);
+    if (code->Contains(returnAddress)) {
+      // The call instruction ends at the return address.
+      sLastRaise.mLine = code->LineAt(returnAddress - 1);
+      return;
+    }
+    void** caller = static_cast<void**>(*frame);
+    if (caller <= frame) return;
+    frame = caller;
+  }
+}
+
+string ClassNameOf(RuntimeObject* exception) {
+  if (exception == &sStackOverflowException)
+    return string("StackOverflowException");
+  RuntimeClass* cls = exception ? exception->mClass : nullptr;
+  if (!cls || !cls->name) return string("RuntimeException");
+  return string(cls->name);
+}
 
 RuntimeClass* ListedClassNamed(char const* name) {
   string wanted(name);
@@ -40,6 +103,7 @@ RuntimeClass* FindNamedClass(char const* name) {
 // which keeps its class for the host.
 RuntimeErrorCode UnhandledErrorCode(RuntimeObject* exception) {
   if (exception == &sStackOverflowException) return kRuntimeErrorStackOverflow;
+  if (exception == &sStopException) return kRuntimeErrorStopped;
   RuntimeClass* cls = exception ? exception->mClass : nullptr;
   if (!cls || !cls->name) return kRuntimeErrorUnhandledException;
   string name(cls->name);
@@ -87,11 +151,15 @@ void RuntimeInit() {
   RuntimeClass* outOfMemory = FindNamedClass("OutOfMemoryException");
   if (outOfMemory) SetOutOfMemoryExceptionClass(outOfMemory);
   SetUnhandledExceptionHook(UnhandledException);
+  SetExceptionMonitor(NoteRaiseSite);
 }
 
 // The object itself is not passed on: the host sees a fresh exception of
 // the reported kind.
 void UnhandledException(RuntimeObject* exception) {
+  sUncaught.mLine = exception == sLastRaise.mException ? sLastRaise.mLine : 0;
+  sUncaught.mClassName = ClassNameOf(exception);
+  sUncaught.mMessage = RuntimeExceptionMessage(exception);
   QuorlScriptCorrespondent* correspondent = GetRuntimeCorrespondent();
   if (correspondent)
     correspondent->ScriptError(UnhandledErrorCode(exception), 0);
@@ -112,4 +180,36 @@ __attribute__((noinline)) void RuntimeCheckStack() {
   if (sStackOverflowException.refCount < 1)
     sStackOverflowException.refCount = 1;
   RuntimeRaiseException(&sStackOverflowException);
+}
+
+RuntimeObject* StopExceptionObject() {
+  if (sStopException.refCount < 1) sStopException.refCount = 1;
+  return &sStopException;
+}
+
+UncaughtExceptionDetail const& LastUncaughtException() { return sUncaught; }
+
+void SetRuntimeExceptionMessage(RuntimeObject* exception, string const& message) {
+  if (!exception) return;
+  ForgetMessage(exception);
+  ExceptionMessage entry = {exception, message};
+  sMessages.push_back(entry);
+}
+
+string RuntimeExceptionMessage(RuntimeObject* exception) {
+  for (unsigned long i = 0; i < sMessages.size(); i++)
+    if (sMessages[i].mException == exception) return sMessages[i].mMessage;
+  return string();
+}
+
+// The raise takes its own reference; the handler that stores the exception
+// takes another, so the one made here is dropped at once.
+void RaiseNamedException(char const* className, string const& message) {
+  RuntimeClass* cls = FindNamedClass(className);
+  if (!cls) return;
+  RuntimeObject* exception = RuntimeNewObject(cls);
+  if (!exception) return;
+  SetRuntimeExceptionMessage(exception, message);
+  RuntimeRaiseException(exception);
+  RuntimeUnlockObject(exception);
 }

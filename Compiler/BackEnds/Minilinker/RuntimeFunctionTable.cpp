@@ -22,6 +22,7 @@ OwnEntry const kOwnEntries[] = {
     QUORL_OWN("RuntimeInit", RuntimeInit),
     QUORL_OWN("RuntimeExit", ExitQuorlScriptRuntime),
     QUORL_OWN("VELDYieldToQuorl", RuntimeYield),
+    QUORL_OWN("RuntimePassStop", RuntimePassStop),
     QUORL_OWN("RuntimeDebugEntry", RuntimeDebugEntry),
     QUORL_OWN("RemoteDebuggerStartup", RemoteDebuggerStartup),
     QUORL_OWN("RuntimeCheckStack", RuntimeCheckStack),

@@ -27,6 +27,19 @@ class RunReadyCode {
   // run starts from the global data as linked.
   void Run(QuorlScriptCorrespondent* correspondent);
 
+  // The lines of the code and the offsets of its functions by link name,
+  // given by the linker.
+  void SetLineTable(CodeOffsetToLineIndex const& lines) { mLines = lines; }
+  void SetEntrypoints(StringMapCase<unsigned long> const& entrypoints) {
+    mEntrypoints = entrypoints;
+  }
+  // Whether the address lies in this code; the 1-based source line of the
+  // instruction that starts at `address` (0 when unknown).
+  bool Contains(void const* address) const;
+  unsigned long LineAt(void const* address) const;
+  // The entry of the function with that link name, or null.
+  void* FunctionEntry(string const& linkName) const;
+
   Ref<DataBlock> Globals() const { return mGlobals; }
   Ref<ExecutableDataBlock> Code() const { return mCode; }
   ScriptEntrypoint Entrypoint() const { return mEntrypoint; }
@@ -41,6 +54,8 @@ class RunReadyCode {
   // sites' references end with this object.
   SimpleVector<string> mStringLiterals;
   ScriptEntrypoint mEntrypoint;
+  CodeOffsetToLineIndex mLines;
+  StringMapCase<unsigned long> mEntrypoints;
 };
 
 // Links `code` against the module itself and `functions`. The caller owns

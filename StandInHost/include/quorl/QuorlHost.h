@@ -23,6 +23,7 @@
 #include <vector>
 
 #include "Plugin/PluginBoundary.h"
+#include "quorl/QuorlBindings.h"
 
 namespace quorl {
 
@@ -58,6 +59,13 @@ class HostException : public Error {
 
  private:
   std::string mClassName;
+};
+
+// A binding refused at registration: its declaration does not read, or does
+// not fit the C++ function.
+class BindingError : public Error {
+ public:
+  using Error::Error;
 };
 
 // Source or Context was set while the script was running.
@@ -215,7 +223,25 @@ enum class ScriptState : int {
   Idle = 0,
   Running = 1,
   Complete = 2,
-  Aborted = 3,
+  Aborted = 3,  // a compile error, an uncaught exception, or a stop
+};
+
+// One error of a Run() or Precompile(), in full. Lines and columns count
+// from 1 here (0 when unknown); the classic CompilerError event counts
+// lines from 0.
+struct ScriptError {
+  enum class Kind {
+    Compile,  // a compile error: number, summary, message, line, column
+    Runtime,  // an exception no handler caught: class, message, line
+    Stopped,  // the host stopped the run (Script::Stop or a yield hook)
+  };
+  Kind kind = Kind::Compile;
+  int number = 0;              // the compile error's number
+  std::string summary;         // the number's text: "unknown name"
+  std::string message;         // "unknown name: Foo"; an exception's message
+  std::string exceptionClass;  // "OutOfBoundsException"
+  int line = 0;
+  int column = 0;
 };
 
 // One instance of the plug-in's "QuorlScript" class. Every call goes through
@@ -231,6 +257,7 @@ class Script {
       std::function<void(int line, int number, std::string const& message)>;
   using RuntimeErrorHandler =
       std::function<void(int line, std::string const& exceptionClass)>;
+  using ErrorHandler = std::function<void(ScriptError const& error)>;
 
   // Throws UnknownClass when the plug-in registered no "QuorlScript".
   Script();
@@ -246,16 +273,48 @@ class Script {
   void SetContext(Object const& context);
   void SetContext(std::nullptr_t);
 
-  void Run();
-  void Precompile();
+  // Both give the state after the call: Complete, or Aborted with the
+  // reasons in Errors().
+  ScriptState Run();
+  ScriptState Precompile();
   void Reset();
   ScriptState State() const;
+
+  // The errors of the last Run() or Precompile(), in the order they came.
+  std::vector<ScriptError> const& Errors() const;
+
+  // Asks the running script to stop at its next yield (every loop
+  // iteration, every GoTo and every call yields). The script can't catch
+  // the stop; each frame's cleanup runs, Run() returns with the state
+  // Aborted and a Stopped error, and the script can run again. Safe from
+  // any thread, and from a handler or the yield hook; does nothing when
+  // the script is not running. An exception thrown by the yield hook stops
+  // the script the same way, and Run() then rethrows it.
+  void Stop();
 
   // An empty function removes the handler: the engine then sees none.
   void OnPrint(PrintHandler handler);
   void OnInput(InputHandler handler);
   void OnCompilerError(CompilerErrorHandler handler);
   void OnRuntimeError(RuntimeErrorHandler handler);
+  // Every error in full, as it happens (see ScriptError).
+  void OnError(ErrorHandler handler);
+
+  // Makes a C++ function (a plain function, a lambda, any callable) callable
+  // from this script's code, as a global Sub or Function; it stays when the
+  // context changes. `nameOrDeclaration` is a name ("Twice"), from which the
+  // declaration is derived ("Function Twice(p1 As Integer) As Integer"), or
+  // a whole declaration, which is checked against the C++ signature. Throws
+  // BindingError when the declaration does not read or does not fit. The
+  // types that cross are listed in quorl/QuorlBindings.h. The callable is
+  // kept (copied) as long as this Script lives.
+  template <class F>
+  void AddFunction(std::string const& nameOrDeclaration, F function) {
+    using Bound = typename detail::Callable<std::decay_t<F>>::Bound;
+    auto held = std::make_shared<typename Bound::Function>(std::move(function));
+    AddBoundFunction(nameOrDeclaration, Bound::Signature(),
+                     reinterpret_cast<void*>(&Bound::Entry), held);
+  }
 
   // The host object behind the script, for white-box tests.
   VELDObject Instance() const;
@@ -263,6 +322,10 @@ class Script {
   struct Impl;
 
  private:
+  void AddBoundFunction(std::string const& nameOrDeclaration,
+                        detail::CppSignature const& signature, void* entry,
+                        std::shared_ptr<void> function);
+
   std::unique_ptr<Impl> mImpl;
 };
 

@@ -1,7 +1,7 @@
-#include "QuorlRunner/CompileErrorMessages.h"
+#include "Plugin/CompileErrorMessages.h"
 
-namespace quorl {
-namespace runner {
+#include "Compiler/Frontend/ParserError.h"
+
 namespace {
 
 // A range of numbers that share one text (most rows are one number).
@@ -112,15 +112,52 @@ MessageRow const kMessages[] = {
     {135, 135, "constant declared twice"},
     {136, 136, "too many imports"},
     {137, 137, "unresolved forward reference"},
+    {138, 138, "a function's local storage is too large"},
 };
+
+// The longest stretch of source quoted in a message: the name at fault,
+// not a whole statement.
+unsigned long const kLongestQuote = 60;
+
+// The text the location covers when it lies on one line, or "".
+string QuotedSource(SourceLocation const& where, char const* source) {
+  if (!source || where.mStartOffset < 0 || where.mEndLine != where.mStartLine ||
+      where.mEndOffset <= where.mStartOffset)
+    return string();
+  char const* line = source;
+  for (unsigned int n = 0; n < where.mStartLine && *line; n++) {
+    while (*line && *line != '\n') line++;
+    if (*line) line++;
+  }
+  unsigned long length = (unsigned long)(where.mEndOffset - where.mStartOffset);
+  char const* start = line + where.mStartOffset;
+  for (char const* p = line; p < start + length; p++)
+    if (!*p || *p == '\n') return string();
+  if (length > kLongestQuote) return string();
+  string quote;
+  quote.ConstructFromBuffer(start, (unsigned int)length);
+  return quote;
+}
 
 }  // namespace
 
-char const* CompileErrorMessage(int number) {
+char const* CompileErrorSummary(int number) {
   for (MessageRow const& row : kMessages)
     if (number >= row.first && number <= row.last) return row.text;
   return "compile error";
 }
 
-}  // namespace runner
-}  // namespace quorl
+// The arguments the raiser gave (type texts, names) say most; without any,
+// the stretch of source the error points at names what is wrong.
+string CompileErrorText(CompileError const& error, char const* source) {
+  string text(CompileErrorSummary(error.Type()));
+  SimpleVector<string> const& arguments = error.Arguments();
+  string detail;
+  for (unsigned long i = 0; i < arguments.size(); i++) {
+    if (i) detail += string(", ");
+    detail += arguments[i];
+  }
+  if (detail.IsEmpty()) detail = QuotedSource(error.Location(), source);
+  if (detail.IsEmpty()) return text;
+  return text + string(": ") + detail;
+}

@@ -1,0 +1,46 @@
+// The engine's operations for hosts that ask for them (EmbeddingBoundary.h),
+// handed over once at load.
+#include "Compiler/BackEnds/Minilinker/QuorlScriptIntrinsics.h"
+#include "Plugin/EngineOperations.h"
+#include "Plugin/HostCalls.h"
+#include "Plugin/QuorlInterpreter.h"
+#include "Plugin/QuorlScriptClass.h"
+
+namespace {
+
+void RequestStop(VELDObject instance) {
+  if (!instance) return;
+  QuorlScriptData* me = QuorlScriptDataOf(instance);
+  if (me->mInterface) me->mInterface->RequestStop();
+}
+
+void RaiseScriptException(char const* className, char const* message) {
+  RaiseNamedException(className && *className ? className : "RuntimeException",
+                      string(message));
+}
+
+// A declaration that does not read is refused here, at registration.
+int32_t AddHostFunction(VELDObject instance, void* entry, void* data,
+                        char const* declaration) {
+  QuorlSignature signature;
+  if (!instance || !entry ||
+      DescribeHostDeclaration(declaration, &signature) != kQuorlCallDone)
+    return kQuorlBadDeclaration;
+  QuorlScriptData* me = QuorlScriptDataOf(instance);
+  if (!me->mInterface) return kQuorlNotCompiled;
+  me->mInterface->RegisterHostFunction(entry, data, declaration);
+  return kQuorlCallDone;
+}
+
+QuorlEngineOperations const kOperations = {
+    sizeof(QuorlEngineOperations),
+    RequestStop,
+    DescribeHostDeclaration,
+    AddHostFunction,
+    RaiseScriptException,
+    nullptr,
+};
+
+}  // namespace
+
+void OfferEngineOperations() { QuorlTakeEngineOperations(&kOperations); }

@@ -1,0 +1,126 @@
+// The console plays the host: Print writes a line to standard output,
+// Input reads one from standard input after its prompt, a runtime error is
+// reported on standard error as "NAME: runtime error: CLASS", exactly as
+// quorl does. The compiled code passes the compiling process's own
+// correspondent to Print and Input, which means nothing here, so the
+// console's versions of both ignore it.
+#include "PowerPCLoader/RuntimeTable.h"
+
+#include <stdio.h>
+
+#include "Common/Arrays/ArrayLibrary.h"
+#include "Compiler/BackEnds/Minilinker/QuorlScriptIntrinsics.h"
+#include "StandInHost/RuntimeLibrary/LibraryEntries.h"
+#include "Universal/ustring.h"
+
+namespace quorl {
+// The library's registration with a host; the loader has none and reads
+// the entries itself.
+void RegisterHostFunction(std::string const& name, void* address) {}
+}  // namespace quorl
+
+namespace ppcloader {
+namespace {
+
+std::string sScriptName;
+int sRuntimeErrors;
+
+// The class a host would make for the report.
+char const* ErrorClassName(RuntimeErrorCode code) {
+  switch (code) {
+    case kRuntimeErrorStackOverflow:
+    case kRuntimeErrorStackOverflow2:
+      return "StackOverflowException";
+    case kRuntimeErrorOutOfBounds:
+      return "OutOfBoundsException";
+    case kRuntimeErrorNilObject:
+      return "NilObjectException";
+    case kRuntimeErrorIllegalCast:
+      return "IllegalCastException";
+    case kRuntimeErrorOutOfMemory:
+      return "OutOfMemoryException";
+    default:
+      return "RuntimeException";
+  }
+}
+
+class Console : public QuorlScriptCorrespondent {
+ public:
+  void ScriptError(RuntimeErrorCode code, unsigned long line) override {
+    sRuntimeErrors++;
+    fflush(stdout);
+    fprintf(stderr, "%s: runtime error: %s\n", sScriptName.c_str(),
+            ErrorClassName(code));
+  }
+};
+
+Console sConsole;
+
+void ConsolePrint(QuorlScriptCorrespondent*, stringStorage* text) {
+  string utf8 = string(text).GetUTF8String();
+  fwrite(utf8.CString(), 1, utf8.Length(), stdout);
+  fputc('\n', stdout);
+}
+
+stringStorage* ConsoleInput(QuorlScriptCorrespondent*, stringStorage* prompt) {
+  string text = string(prompt).GetUTF8String();
+  fwrite(text.CString(), 1, text.Length(), stdout);
+  fflush(stdout);
+  std::string line;
+  int c;
+  while ((c = fgetc(stdin)) != EOF && c != '\n') line += static_cast<char>(c);
+  if (!line.empty() && line.back() == '\r') line.pop_back();
+  string result;
+  result.ConstructFromBuffer(line.data(), static_cast<unsigned int>(line.size()));
+  result.SetEncoding(kEncodingUTF8);
+  return result.ExtractStringStorage();
+}
+
+// The library as the stand-in host serves it, and the array functions the
+// plug-in serves itself.
+FunctionTable const& Library() {
+  static FunctionTable library;
+  if (!library.empty()) return library;
+  using namespace quorl::standin::library;
+  for (LibraryEntries (*theme)() :
+       {&CharacterStringEntries, &ByteStringEntries, &CaseAndTrimEntries,
+        &FieldAndReplaceEntries, &NumberTextEntries, &FormatEntries,
+        &ClockEntries, &EnvironmentHookEntries, &RuntimeFoundationEntries,
+        &RuntimeIntrinsicEntries})
+    for (LibraryEntry const& entry : theme()) library[entry.name] = entry.address;
+  library["StringSplit"] = reinterpret_cast<void*>(&StringSplit);
+  library["StringJoin"] = reinterpret_cast<void*>(&StringJoin);
+  library["RuntimeMax"] = reinterpret_cast<void*>(&RuntimeMax);
+  library["RuntimeMin"] = reinterpret_cast<void*>(&RuntimeMin);
+  return library;
+}
+
+void* ResolveLibraryName(char const* name) {
+  auto found = Library().find(name);
+  return found == Library().end() ? nullptr : found->second;
+}
+
+}  // namespace
+
+void ConnectConsole(std::string const& scriptName) {
+  sScriptName = scriptName;
+  SetRuntimeCorrespondent(&sConsole);
+}
+
+int RuntimeErrorCount() { return sRuntimeErrors; }
+
+FunctionTable MakeRuntimeTable() {
+  FunctionTable table = Library();
+  StringMap<void*>* engine = MakeQuorlScriptRuntimeFunctionTable(&ResolveLibraryName);
+  StringMapIterator<void*>* iter = engine->NewIterator();
+  void* address;
+  while (iter->Next(address))
+    table[iter->Key().GetUTF8String().CString()] = address;
+  delete iter;
+  delete engine;
+  table["Print"] = reinterpret_cast<void*>(&ConsolePrint);
+  table["Input"] = reinterpret_cast<void*>(&ConsoleInput);
+  return table;
+}
+
+}  // namespace ppcloader

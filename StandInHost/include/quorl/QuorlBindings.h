@@ -1,0 +1,183 @@
+// Checked bindings: host functions registered with their C++ signature.
+//
+// A script calls a host function directly, as machine code, with the
+// arguments laid out as its declaration says. A binding registered here
+// derives that declaration from the C++ signature, or checks a hand-written
+// one against it, so that the two cannot disagree; and it stands between
+// the script and the C++ function, so that a C++ exception becomes a script
+// exception instead of ending the process.
+//
+// The types that cross, both ways:
+//
+//   C++                     script
+//   int32_t (int)           Integer
+//   int64_t (long long)     Int64
+//   double                  Double
+//   float                   Single
+//   bool                    Boolean
+//   std::string             String (UTF-8 bytes, copied both ways)
+//
+// Included by quorl/QuorlHost.h; not meant to be included alone.
+#ifndef QUORL_QUORLBINDINGS_H
+#define QUORL_QUORLBINDINGS_H
+
+#include <cstdint>
+#include <exception>
+#include <functional>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+namespace quorl {
+
+// Thrown by a bound host function: the calling script gets an exception of
+// the class (a script exception class, RuntimeException by default) with
+// the message, and its Try can catch it. Any other C++ exception becomes a
+// RuntimeException with what() as its message.
+class ScriptException : public std::runtime_error {
+ public:
+  explicit ScriptException(std::string const& message,
+                           std::string className = "RuntimeException")
+      : std::runtime_error(message), mClassName(std::move(className)) {}
+  std::string const& ClassName() const { return mClassName; }
+
+ private:
+  std::string mClassName;
+};
+
+namespace detail {
+
+// The value types as the engine names them (Plugin/EmbeddingBoundary.h).
+enum ValueType : int { kNoValue = 0, kInteger, kInt64, kDouble, kSingle, kBoolean, kString };
+
+// How one C++ type crosses: the word the machine code passes, and the
+// conversions. Only the types in the table above have a Wire.
+template <class T> struct Wire;
+template <> struct Wire<int32_t> {
+  using Type = int32_t;
+  static constexpr ValueType kType = kInteger;
+  static int32_t In(Type value) { return value; }
+  static Type Out(int32_t value) { return value; }
+};
+template <> struct Wire<int64_t> {
+  using Type = int64_t;
+  static constexpr ValueType kType = kInt64;
+  static int64_t In(Type value) { return value; }
+  static Type Out(int64_t value) { return value; }
+};
+template <> struct Wire<double> {
+  using Type = double;
+  static constexpr ValueType kType = kDouble;
+  static double In(Type value) { return value; }
+  static Type Out(double value) { return value; }
+};
+template <> struct Wire<float> {
+  using Type = float;
+  static constexpr ValueType kType = kSingle;
+  static float In(Type value) { return value; }
+  static Type Out(float value) { return value; }
+};
+// A Boolean travels as a word of which only the low byte counts; a result
+// is given as a whole word, 0 or 1.
+template <> struct Wire<bool> {
+  using Type = int32_t;
+  static constexpr ValueType kType = kBoolean;
+  static bool In(Type value) { return (value & 0xFF) != 0; }
+  static Type Out(bool value) { return value ? 1 : 0; }
+};
+// A string argument is the script's: it is copied. A string result is
+// handed to the script with one reference, which the script owns.
+std::string StringFromScript(void* text);
+void* StringToScript(std::string const& text);
+template <> struct Wire<std::string> {
+  using Type = void*;
+  static constexpr ValueType kType = kString;
+  static std::string In(Type value) { return StringFromScript(value); }
+  static Type Out(std::string const& value) { return StringToScript(value); }
+};
+template <> struct Wire<long> : Wire<int32_t> {
+  static_assert(sizeof(long) == 4, "long is Integer on the 32-bit target");
+};
+
+template <class T> using Plain = std::remove_cv_t<std::remove_reference_t<T>>;
+template <class T> using WireOf = Wire<Plain<T>>;
+
+// The C++ side of a binding, as the checks compare it.
+struct CppSignature {
+  ValueType result;
+  std::vector<ValueType> parameters;
+};
+
+// The declaration to register: the given one when it is whole and fits the
+// C++ signature, or the one derived from a bare name. Throws BindingError.
+std::string CheckedDeclaration(std::string const& nameOrDeclaration,
+                               CppSignature const& cpp);
+
+// Raises the exception in the script that called the host function now
+// running; the function returns right after.
+void RaiseInScript(char const* className, char const* message);
+
+// What a binding's entry does when its function throws.
+template <class Call>
+bool RunGuarded(Call const& call) {
+  try {
+    call();
+    return true;
+  } catch (ScriptException const& e) {
+    RaiseInScript(e.ClassName().c_str(), e.what());
+  } catch (std::exception const& e) {
+    RaiseInScript("RuntimeException", e.what());
+  } catch (...) {
+    RaiseInScript("RuntimeException", "unknown C++ exception");
+  }
+  return false;
+}
+
+// The entry the script calls: the data word (the bound function, passed
+// silently) comes first, then the declared arguments. Scripts walk the
+// frame chain when they raise, so this entry keeps its frame pointer: build
+// hosts with -fno-omit-frame-pointer (the engine's package says so).
+template <class R, class... A>
+struct Binding {
+  using Function = std::function<R(A...)>;
+
+  static typename Wire<R>::Type Entry(void* data, typename WireOf<A>::Type... args) {
+    Function const& function = *static_cast<Function const*>(data);
+    typename Wire<R>::Type result{};
+    RunGuarded([&] { result = Wire<R>::Out(function(WireOf<A>::In(args)...)); });
+    return result;
+  }
+
+  static CppSignature Signature() { return {Wire<R>::kType, {WireOf<A>::kType...}}; }
+};
+
+template <class... A>
+struct Binding<void, A...> {
+  using Function = std::function<void(A...)>;
+
+  static void Entry(void* data, typename WireOf<A>::Type... args) {
+    Function const& function = *static_cast<Function const*>(data);
+    RunGuarded([&] { function(WireOf<A>::In(args)...); });
+  }
+
+  static CppSignature Signature() { return {kNoValue, {WireOf<A>::kType...}}; }
+};
+
+// The signature of a plain function, a lambda or another callable object.
+template <class F> struct Callable : Callable<decltype(&F::operator())> {};
+template <class R, class... A> struct Callable<R (*)(A...)> {
+  using Bound = Binding<Plain<R>, A...>;
+};
+template <class R, class... A> struct Callable<R(A...)> : Callable<R (*)(A...)> {};
+template <class C, class R, class... A> struct Callable<R (C::*)(A...) const>
+    : Callable<R (*)(A...)> {};
+template <class C, class R, class... A> struct Callable<R (C::*)(A...)>
+    : Callable<R (*)(A...)> {};
+
+}  // namespace detail
+}  // namespace quorl
+
+#endif

@@ -1,0 +1,136 @@
+// The host boundary through the real plug-in: checked bindings of C++
+// functions, exceptions both ways across it, and context properties.
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "quorl/QuorlHost.h"
+
+namespace {
+
+using quorl::Script;
+using quorl::ScriptError;
+using quorl::ScriptState;
+
+class ScriptBindings : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    script.OnPrint([this](std::string const& s) { out.push_back(s); });
+  }
+  // Runs the source; the printed lines, or the errors' messages.
+  std::vector<std::string> Run(std::string const& source) {
+    out.clear();
+    script.SetSource(source);
+    script.Run();
+    for (ScriptError const& error : script.Errors())
+      out.push_back("error: " + error.message);
+    return out;
+  }
+  struct Engine {
+    Engine() { quorl::LoadPlugin(); }
+  } engine;  // before the script
+  Script script;
+  std::vector<std::string> out;
+};
+
+using Lines = std::vector<std::string>;
+
+TEST_F(ScriptBindings, EveryMappedTypeCrossesBothWays) {
+  int calls = 0;
+  script.AddFunction("Twice", [&](int n) { ++calls; return 2 * n; });
+  script.AddFunction("Function Mean(a As Double, b As Double) As Double",
+                     [](double a, double b) { return (a + b) / 2; });
+  script.AddFunction("Greet", [](std::string const& name, int64_t big) {
+    return "hello " + name + " " + std::to_string(big);
+  });
+  script.AddFunction("Function Both(a As Boolean, b As Boolean) As Boolean",
+                     [](bool a, bool b) { return a && b; });
+  script.AddFunction("Half", [](float f) { return f / 2; });
+  std::string heard;
+  script.AddFunction("Sub Tell(s As String)", [&](std::string s) { heard = s; });
+  EXPECT_EQ(Run("Print Str(Twice(21))\n"
+                "Print Str(Mean(1.5, 2.5))\n"
+                "Print Greet(\"w\xC3\xB6rld\", 12345678901)\n"
+                "If Both(True, True) And Not Both(True, False) Then Print \"and\"\n"
+                "Print Str(Half(5))\n"
+                "Tell(\"told\")\n"),
+            (Lines{"42", "2", "hello w\xC3\xB6rld 12345678901", "and", "2.5"}));
+  EXPECT_EQ(calls, 1);
+  EXPECT_EQ(heard, "told");
+}
+
+TEST_F(ScriptBindings, ADeclarationThatDoesNotFitIsRefused) {
+  struct Row {
+    char const* declaration;
+    char const* why;
+  } const rows[] = {
+      {"Function Mean(a As Double, b As Double) As Integer", "returns Integer"},
+      {"Function Mean(a As Double) As Double", "1 parameters"},
+      {"Function Mean(a As Double, b As String) As Double", "parameter 2 is String"},
+      {"Function Mean(a As Double, b As Double", "does not read"},
+      {"Function Mean(a As Double, b As Double) As Double Junk", "does not read"},
+      {"Sub Mean(a As Double, b As Double) As Double", "does not read"},
+      {"Function", "does not read"},
+  };
+  for (Row const& row : rows) {
+    try {
+      script.AddFunction(row.declaration, [](double a, double b) { return a + b; });
+      ADD_FAILURE() << row.declaration << " was taken";
+    } catch (quorl::BindingError const& e) {
+      EXPECT_NE(std::string(e.what()).find(row.why), std::string::npos) << e.what();
+    }
+  }
+  EXPECT_EQ(Run("Print Str(Mean(1, 2))\n"), (Lines{"error: unknown name: Mean"}))
+      << "nothing refused reaches the script";
+}
+
+TEST_F(ScriptBindings, HostExceptionsAreTheScriptsToCatch) {
+  script.AddFunction("Check", [](int n) {
+    if (n < 0) throw std::invalid_argument("negative: " + std::to_string(n));
+    return n;
+  });
+  script.AddFunction("Sub Refuse()", [] { throw quorl::ScriptException("refused"); });
+  EXPECT_EQ(Run("Try\n"
+                "  Print Str(Check(-3))\n"
+                "  Print \"not reached\"\n"
+                "Catch\n"
+                "  Print \"caught\"\n"
+                "End Try\n"
+                "Try\n"
+                "  Refuse()\n"
+                "Catch err\n"
+                "  Print \"caught again\"\n"
+                "End Try\n"
+                "Print Str(Check(4))\n"),
+            (Lines{"caught", "caught again", "4"}));
+  Run("Dim n As Integer = 1\nn = Check(-7)\n");
+  ASSERT_EQ(script.Errors().size(), 1u);
+  EXPECT_EQ(script.Errors()[0].kind, ScriptError::Kind::Runtime);
+  EXPECT_EQ(script.Errors()[0].exceptionClass, "RuntimeException");
+  EXPECT_EQ(script.Errors()[0].message, "negative: -7");
+  EXPECT_EQ(script.Errors()[0].line, 2);
+}
+
+namespace context {
+int gScore = 0;
+int GetScore(VELDObject, long) { return gScore; }
+void SetScore(VELDObject, long, int value) { gScore = value; }
+}  // namespace context
+
+TEST_F(ScriptBindings, AContextPropertyIsAssignedAndFunctionsOutliveTheContext) {
+  quorl::HostClass game("Game");
+  game.AddProperty(reinterpret_cast<void*>(&context::GetScore),
+                   reinterpret_cast<void*>(&context::SetScore), 0, "Score As Integer");
+  quorl::DefineClass(game);
+  script.AddFunction("Bonus", [] { return 10; });
+  script.SetContext(quorl::Object::New("Game"));
+  context::gScore = 5;
+  EXPECT_EQ(Run("Score = Score + Bonus()\nPrint Str(Score)\n"), (Lines{"15"}));
+  EXPECT_EQ(context::gScore, 15);
+  script.SetContext(nullptr);
+  EXPECT_EQ(Run("Print Str(Bonus())\n"), (Lines{"10"}));
+}
+
+}  // namespace
