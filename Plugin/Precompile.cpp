@@ -17,6 +17,7 @@
 #include "Compiler/compiler.h"
 #include "Plugin/CompileLock.h"
 #include "Plugin/QuorlScriptInterface.h"
+#include "Plugin/ScriptFunctions.h"
 #include "Plugin/ScriptRuntime.h"
 
 // The conditional-compilation constants a script sees: every target false,
@@ -63,6 +64,8 @@ Ref<CodeModule> QuorlScriptInterface::CompileSource(StringMap<void*>* functionTa
     compiler.mScriptMode = 1;
     module = compiler.Compile(source, string(""), symbols);
   }
+  mScriptFunctions.deleteAll();
+  if (module) CollectScriptFunctions(symbols, &mScriptFunctions);
   delete symbols;
   return module;
 }
@@ -96,4 +99,25 @@ bool QuorlScriptInterface::CompileToTacListing(string* listing) {
   Ref<CodeModule> module = CompileSource(functionTable, listing);
   delete functionTable;
   return module;
+}
+
+// A call from the host is a short run of its own: no call while the script
+// runs, and a stop the host asks for meanwhile ends it like a run.
+int32_t QuorlScriptInterface::CallFunction(char const* name,
+                                           QuorlValue const* arguments,
+                                           int32_t count, QuorlValue* result) {
+  if (mRunning) return kQuorlBusy;
+  if (!name || (count && !arguments)) return kQuorlBadArguments;
+  if (!mReadyCode) Precompile();
+  if (!mReadyCode) return kQuorlNotCompiled;
+  mRunning = 1;
+  SetRuntimeStackLimit(GetStackLimit());
+  SetRuntimeStopWord(&mStopWord);
+  int32_t status = CallScriptFunction(mReadyCode, this, mScriptFunctions, name,
+                                      arguments, count, result);
+  SetRuntimeStopWord(nullptr);
+  mRunning = 0;
+  if (status == kQuorlRaised && mStopWord == kStopUnwinding) status = kQuorlStopped;
+  mStopWord = kStopNone;
+  return status;
 }

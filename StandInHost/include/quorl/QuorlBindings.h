@@ -105,6 +105,36 @@ template <> struct Wire<long> : Wire<int32_t> {
 template <class T> using Plain = std::remove_cv_t<std::remove_reference_t<T>>;
 template <class T> using WireOf = Wire<Plain<T>>;
 
+// One argument or result of a call into a script, as the engine takes it.
+struct CallValue {
+  ValueType type = kNoValue;
+  int64_t integer = 0;  // Integer, Int64, Boolean
+  double real = 0;      // Double, Single
+  std::string text;     // String
+};
+template <class T> CallValue ToCallValue(T const& value) {
+  CallValue v;
+  v.type = WireOf<T>::kType;
+  if constexpr (std::is_same_v<Plain<T>, std::string>) v.text = value;
+  else if constexpr (std::is_floating_point_v<Plain<T>>) v.real = value;
+  else v.integer = static_cast<int64_t>(value);
+  return v;
+}
+inline CallValue ToCallValue(char const* value) {
+  return ToCallValue(std::string(value));
+}
+template <class R> R FromCallValue(CallValue const& value) {
+  if constexpr (std::is_void_v<R>) return;
+  else if constexpr (std::is_same_v<R, std::string>) return value.text;
+  else if constexpr (std::is_floating_point_v<R>) return static_cast<R>(value.real);
+  else if constexpr (std::is_same_v<R, bool>) return value.integer != 0;
+  else return static_cast<R>(value.integer);
+}
+template <class R> constexpr ValueType ResultType() {
+  if constexpr (std::is_void_v<R>) return kNoValue;
+  else return Wire<Plain<R>>::kType;
+}
+
 // The C++ side of a binding, as the checks compare it.
 struct CppSignature {
   ValueType result;

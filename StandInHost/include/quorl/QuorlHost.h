@@ -68,6 +68,14 @@ class BindingError : public Error {
   using Error::Error;
 };
 
+// A call into a script's function failed: no such function, arguments
+// that do not fit, compile errors, an uncaught exception or a stop (the
+// detail of the last two is in Errors()).
+class CallError : public Error {
+ public:
+  using Error::Error;
+};
+
 // Source or Context was set while the script was running.
 class ScriptAlreadyRunning : public HostException {
  public:
@@ -313,12 +321,28 @@ class Script {
                      reinterpret_cast<void*>(&Bound::Entry), held);
   }
 
+  // Calls the script's Sub or Function of that name with the arguments
+  // (types as for bindings; the first overload whose parameters match them
+  // exactly) and gives its result as R. The script is compiled first if it
+  // needs to be; with R void a result is dropped. The call starts from the script's globals as declared:
+  // the top-level statements do not run, each call starts afresh. Throws
+  // CallError; not while the script runs.
+  template <class R = void, class... A>
+  R Call(std::string const& name, A const&... arguments) {
+    std::vector<detail::CallValue> values = {detail::ToCallValue(arguments)...};
+    detail::CallValue result = CallFunction(name, values, detail::ResultType<R>());
+    return detail::FromCallValue<R>(result);
+  }
+
   // The host object behind the script, for white-box tests.
   VELDObject Instance() const;
 
   struct Impl;
 
  private:
+  detail::CallValue CallFunction(std::string const& name,
+                                 std::vector<detail::CallValue> const& arguments,
+                                 detail::ValueType resultType);
   void AddBoundFunction(std::string const& nameOrDeclaration,
                         detail::CppSignature const& signature, void* entry,
                         std::shared_ptr<void> function);
