@@ -1,7 +1,6 @@
 #include "Compiler/SemBase.h"
 
-#include "Compiler/Frontend/Lexer.h"
-#include "Compiler/Frontend/SrcContext.h"
+#include "Compiler/CompilationState.h"
 #include "Compiler/InternalFailure.h"
 #include "Compiler/SymbolTable/LocalSymbolTable.h"
 #include "Compiler/SymbolTable/SymbolTable.h"
@@ -16,7 +15,7 @@ SemBase* SemBase::mCompleteListHead = nullptr;
 // Every value starts on the current token's line and joins the list that
 // the end of the compilation sweeps.
 SemBase::SemBase(uint32_t tag)
-    : mNext(nullptr), mClass(tag), mLocation(current_line()),
+    : mNext(nullptr), mClass(tag), mLocation(CurrentSourceLine()),
       mNextInCompleteList(mCompleteListHead) {
   mCompleteListHead = this;
 }
@@ -215,8 +214,9 @@ void SemCode::AddLine(TacOpcode opcode, TacAddr const* opA,
 // can be released when the function ends.
 SemBase* SemCode::NewTemp(IRDataType const& type, SourceLocation const* where) {
   string name = ultohexa(++sTemporaryCounter);
-  QASSERT(gContext);
-  VariableSymbol* temp = gContext->mSymbols->AddVariable(name, type);
+  CompilationState* compilation = CompilationState::Current();
+  QASSERT(compilation);
+  VariableSymbol* temp = compilation->CurrentLocalTable()->AddVariable(name, type);
   temp->HideFromUser();
   mTemporaries.push_back(temp);
   return SemValue::New(temp->GetAddr(), where);

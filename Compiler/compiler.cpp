@@ -6,6 +6,7 @@
 #include "Compiler/Frontend/SrcContext.h"
 #include "Compiler/SemBase.h"
 #include "Compiler/Intrinsics.h"
+#include "Compiler/Optimizer/optimizer.h"
 #include "Compiler/TacListing.h"
 #include "Compiler/SymbolTable/GlobalSymbolTable.h"
 #include "Universal/Assertion.h"
@@ -15,7 +16,7 @@ static unsigned long const kIntrinsicNameCapacity = kQtyIntrinsics;
 
 Compiler::Compiler()
     : mCodeType(kCodeTypePowerPC), mLibrary(0), mDebug(0), mStaticClassData(0),
-      mScriptMode(0), mTacListing(nullptr), mDelegate(nullptr) {
+      mScriptMode(0), mTacListing(nullptr), mOptimize(true), mDelegate(nullptr) {
   mIntrinsicNames.resize(kIntrinsicNameCapacity);
 }
 
@@ -46,7 +47,12 @@ bool Compiler::RunFrontEnd(string const& source) {
 Ref<CodeModule> Compiler::RunBackEnd(string const& name) {
   QASSERT_TEXT(mCodeType == kCodeTypeIA32, "no back end for this code type");
   CGIA32* backEnd = new CGIA32();
-  backEnd->Configure(mIA32Options, mIntrinsicNames);
+  CGIA32Options options = mIA32Options;
+  if (mOptimize) {
+    options.mOptimizeCode = true;
+    options.mUseSSE2FloatingPointMath = true;
+  }
+  backEnd->Configure(options, mIntrinsicNames);
   backEnd->SetDelegate(mDelegate);
   TacBlock* code = gContext->mProgramCode ? gContext->mProgramCode->Code() : nullptr;
   TacBlock empty;
@@ -103,6 +109,8 @@ Ref<CodeModule> Compiler::Compile(string const& source, string const& name,
   context->blocks.Enter(symbols);
   AddIntrinsicConstantDeclarations(symbols, context);
   if (RunFrontEnd(source)) {
+    if (mOptimize && context->mProgramCode && context->mProgramCode->Code())
+      ImproveProgram(context->mProgramCode->Code());
     if (mTacListing && context->mProgramCode)
       *mTacListing = ListTacBlock(*context->mProgramCode->Code());
     module = RunBackEnd(name);

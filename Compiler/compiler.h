@@ -3,8 +3,8 @@
 #define COMPILER_COMPILER_H
 
 #include "Compiler/BackEnds/IA-32/CGIA32.h"
+#include "Compiler/CompilerDelegate.h"
 #include "Compiler/Frontend/LanguageOptions.h"
-#include "Compiler/Frontend/ParserError.h"
 #include "Compiler/SmartRef.h"
 #include "Universal/SimpleVector.h"
 #include "Universal/stringmap.h"
@@ -13,26 +13,6 @@
 class CodeModule;
 class GlobalSymbolTable;
 class SrcContext;
-
-// What a compilation reports to whoever started it. Progress calls may cancel
-// the compilation by returning non-zero.
-class CompilerDelegate {
- public:
-  // From the parser's periodic check; non-zero cancels.
-  virtual int CompilerFrontendProgress(unsigned int line, unsigned int total) { return 0; }
-  // Reserved: nothing calls it.
-  virtual int CompilerOptimizerProgress(unsigned int done, unsigned int total) { return 0; }
-  // From the code generator once per line; non-zero cancels.
-  virtual int CompilerBackendProgress(unsigned int done, unsigned int total) { return 0; }
-  // Once per compile error, as it is found.
-  virtual int CompilerError(CompileError error) { return 0; }
-  // Reserved: nothing calls it.
-  virtual void CompilerFailed(string reason) {}
-
- protected:
-  // Never deleted through this face: its owner knows the whole object.
-  ~CompilerDelegate() {}
-};
 
 // The back ends a compilation can select.
 enum CompilerCodeType {
@@ -69,6 +49,10 @@ class Compiler {
   // When set, receives the listing of the program's three-address code
   // once the front end has succeeded: the developer's view of a compile.
   string* mTacListing;
+  // Run the optimizing passes and let the back end generate its faster
+  // forms; on unless the caller asks for the code exactly as written. The
+  // listing shows the code after the passes.
+  bool mOptimize;
 
  private:
   Compiler(Compiler const&) = delete;

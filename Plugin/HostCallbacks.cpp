@@ -7,10 +7,10 @@
 #include <string.h>
 #include <strings.h>
 
-#include "Compiler/Frontend/NameMangler.h"
 #include "Compiler/Frontend/SrcContext.h"
 #include "Compiler/Miner/DeclarationParser.h"
 #include "Compiler/SymbolTable/GlobalSymbolTable.h"
+#include "Compiler/SymbolTable/NameMangler.h"
 #include "Plugin/CompileLock.h"
 #include "Plugin/EmbeddingBoundary.h"
 #include "Plugin/QuorlScriptInterface.h"

@@ -34,6 +34,7 @@ void RegisterPluginVersion(int version) { HOST_DO(RegisterPluginVersion, version
 void VELDRegisterClass(VELDClassDefinition* cls) { HOST_DO(VELDRegisterClass, cls); }
 double VELDGetQuorlVersion() { HOST_CALL(VELDGetQuorlVersion, 0.0, ); }
 int VELDinRuntime() { HOST_CALL(VELDinRuntime, 0, ); }
+int VELDOptimizeScripts() { HOST_CALL(VELDOptimizeScripts, 1, ); }
 
 void* VELDGetClassData(VELDObject object, VELDClassDefinition* cls) {
   HOST_CALL(VELDGetClassData, nullptr, object, cls);

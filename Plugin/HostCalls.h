@@ -13,6 +13,7 @@
 
 #include "Plugin/EmbeddingBoundary.h"
 #include "Plugin/PluginBoundary.h"
+#include "Universal/ustring.h"
 
 // Stored by VELDPluginMain; lives as long as the process.
 extern VELDResolver gResolver;
@@ -24,6 +25,7 @@ void RegisterPluginVersion(int version);
 void VELDRegisterClass(VELDClassDefinition* cls);
 double VELDGetQuorlVersion();
 int VELDinRuntime();
+int VELDOptimizeScripts();
 void* VELDGetClassData(VELDObject object, VELDClassDefinition* cls);
 void* VELDGetEventInstance(VELDObject object, VELDEvent* event);
 VELDString VELDBuildString(void const* bytes, int length);

@@ -16,6 +16,7 @@
 #include "Compiler/SymbolTable/GlobalSymbolTable.h"
 #include "Compiler/compiler.h"
 #include "Plugin/CompileLock.h"
+#include "Plugin/HostCalls.h"
 #include "Plugin/QuorlScriptInterface.h"
 #include "Plugin/ScriptFunctions.h"
 #include "Plugin/ScriptRuntime.h"
@@ -46,7 +47,6 @@ static bool DeclareSource(GlobalSymbolTable* symbols, string const& source,
 
 Ref<CodeModule> QuorlScriptInterface::CompileSource(StringMap<void*>* functionTable,
                                                     string* listing) {
-  std::lock_guard<std::mutex> compiling(CompileLock());
   Compiler compiler;
   compiler.mIntrinsicNames = IntrinsicFunctionNames();
   SetTargetConstants(compiler.mConditionalConstants);
@@ -55,6 +55,7 @@ Ref<CodeModule> QuorlScriptInterface::CompileSource(StringMap<void*>* functionTa
   // stack at every call, and the runtime and the host are such code.
   compiler.mIA32Options.mAlignStack16 = true;
   compiler.mTacListing = listing;
+  compiler.mOptimize = VELDOptimizeScripts() != 0;
   GlobalSymbolTable* symbols = MakeQuorlScriptRuntimeDeclarations(this);
   EncodeHostCallbacks(symbols, functionTable);
   string source(mSourceText);
@@ -81,8 +82,11 @@ class LinkFailureWitness : public LinkerDelegate {
 // A script that compiles but calls what the host does not serve can't run.
 // The host hears of it as of an unknown name, since that is what it is; the
 // linker knows no source line.
+// The whole of it holds the compile lock: the tables the compiler and the
+// linker share (intrinsic names, shared operands) are made on first use.
 void QuorlScriptInterface::Precompile() {
   if (!mSourceText || mReadyCode) return;
+  std::lock_guard<std::mutex> compiling(CompileLock());
   StringMap<void*>* functionTable = MakeQuorlScriptRuntimeFunctionTable(&Resolver);
   Ref<CodeModule> module = CompileSource(functionTable, nullptr);
   if (module) {
@@ -95,6 +99,7 @@ void QuorlScriptInterface::Precompile() {
 
 bool QuorlScriptInterface::CompileToTacListing(string* listing) {
   if (!mSourceText) return false;
+  std::lock_guard<std::mutex> compiling(CompileLock());
   StringMap<void*>* functionTable = MakeQuorlScriptRuntimeFunctionTable(&Resolver);
   Ref<CodeModule> module = CompileSource(functionTable, listing);
   delete functionTable;

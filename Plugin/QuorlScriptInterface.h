@@ -5,9 +5,9 @@
 #ifndef PLUGIN_QUORLSCRIPTINTERFACE_H
 #define PLUGIN_QUORLSCRIPTINTERFACE_H
 
+#include "Compiler/BackEnds/Minilinker/QuorlScriptCorrespondent.h"
 #include "Compiler/SmartRef.h"
 #include "Compiler/compiler.h"
-#include "Plugin/QuorlScriptCorrespondent.h"
 #include "Plugin/ScriptFunctions.h"
 #include "Universal/SimpleVector.h"
 #include "Universal/ustring.h"

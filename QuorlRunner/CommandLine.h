@@ -16,6 +16,7 @@ struct RunnerOptions {
   std::string file;  // kStandardInputOperand for standard input
   bool check = false;
   bool dumpTac = false;
+  bool optimize = true;
   double timeLimit = 0;  // seconds; 0 for none
   bool help = false;
   std::string pluginPath;  // empty: the host's default

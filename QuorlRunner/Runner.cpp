@@ -85,6 +85,7 @@ int RunScript(RunnerOptions const& options, std::string const& text,
   try {
     if (options.dumpTac) return DumpTac(options, text, console);
     HostOptions host;
+    host.optimize = options.optimize;
     host.yieldHook = TimeLimitHook(options);
     LoadPlugin(options.pluginPath, host);
     Script script;

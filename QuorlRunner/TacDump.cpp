@@ -15,7 +15,9 @@ namespace runner {
 
 int DumpTac(RunnerOptions const& options, std::string const& text,
             Console const& console) {
-  Attach(&VELDPluginMain);
+  HostOptions host;
+  host.optimize = options.optimize;
+  Attach(&VELDPluginMain, host);
   Script script;
   EventCounts counts;
   ConnectConsole(script, console, DisplayName(options), counts);

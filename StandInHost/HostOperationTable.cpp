@@ -28,6 +28,8 @@ std::map<std::string, void*> BuiltInOperations() {
       {"VELDGetQuorlVersion",
        Entry<VELDGetQuorlVersionProc>(&VELDGetQuorlVersion)},
       {"VELDinRuntime", Entry<VELDinRuntimeProc>(&VELDinRuntime)},
+      {"VELDOptimizeScripts",
+       Entry<VELDOptimizeScriptsProc>(&VELDOptimizeScripts)},
       {"VELDGetClassData", Entry<VELDGetClassDataProc>(&VELDGetClassData)},
       {"VELDGetEventInstance",
        Entry<VELDGetEventInstanceProc>(&VELDGetEventInstance)},

@@ -14,6 +14,7 @@ void RegisterPluginVersion(int version);
 void VELDRegisterClass(VELDClassDefinition* cls);
 double VELDGetQuorlVersion();
 int VELDinRuntime();
+int VELDOptimizeScripts();
 void VELDYieldToQuorl();
 unsigned long VELDGetStackLimit();
 void VELDSetStackLimit(unsigned long limit);

@@ -31,6 +31,8 @@ double VELDGetQuorlVersion() { return Host().options.version; }
 
 int VELDinRuntime() { return Host().options.inRuntime ? 1 : 0; }
 
+int VELDOptimizeScripts() { return Host().options.optimize ? 1 : 0; }
+
 // Called from generated code: the hook's exception must not unwind it. It
 // stops the script instead, and the Run() that ends rethrows it.
 void VELDYieldToQuorl() {

@@ -28,10 +28,16 @@ std::string DlError() {
 
 }  // namespace
 
+// The environment's choice first, then the plug-in beside the program,
+// then the one installed with the library.
 std::string DefaultPluginPath() {
   char const* fromEnvironment = getenv("QUORL_PLUGIN");
   if (fromEnvironment && *fromEnvironment) return fromEnvironment;
-  return ExecutableDirectory() + "/" + kPluginFileName;
+  std::string beside = ExecutableDirectory() + "/" + kPluginFileName;
+#ifdef QUORL_INSTALLED_PLUGIN
+  if (access(beside.c_str(), F_OK) != 0) return QUORL_INSTALLED_PLUGIN;
+#endif
+  return beside;
 }
 
 // The plug-in stays loaded for the rest of the process: the engine's code

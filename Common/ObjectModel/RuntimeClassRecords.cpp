@@ -8,6 +8,7 @@
 #include "Common/ObjectModel/RuntimeExceptionFoundation.h"
 #include "Common/ObjectModel/RuntimeObjectFoundation.h"
 #include "Universal/Assertion.h"
+#include "Universal/SimpleVector.h"
 
 namespace {
 
@@ -22,7 +23,32 @@ enum {
 // The classes of the running program, newest first, linked through `next`.
 // Set by RuntimeNewClass and RuntimeRegisterClass; the host side saves and
 // restores it around a run, and the records live as long as their code.
-RuntimeClass* sActiveClassList;
+// Each thread runs its own script, so each has its own list.
+thread_local RuntimeClass* sActiveClassList;
+
+// What this runtime allocated, as opposed to records that compiled code
+// lays out in its static data and only registers: the former are freed at
+// the end of a run, the latter live with their code. Interface vtables
+// that RuntimeNewVtable made go with the record whose entry holds them.
+// One set per thread, held in a structure so that its destructor is made
+// here for the thread's exit.
+struct MadeByRuntime {
+  SimpleVector<RuntimeClass*> records;
+  SimpleVector<void*> vtables;
+  ~MadeByRuntime() {}
+};
+thread_local MadeByRuntime sMade;
+
+template <class T>
+bool Forget(SimpleVector<T>& list, T item) {
+  for (unsigned long i = 0; i < list.size(); i++) {
+    if (list[i] != item) continue;
+    list[i] = list.peek_back();
+    list.pop_back();
+    return true;
+  }
+  return false;
+}
 
 void PushClass(RuntimeClass* record) {
   record->next = sActiveClassList;
@@ -97,10 +123,22 @@ RuntimeClass* RuntimeNewClass(RuntimeClass* base, int32_t methods,
   if (base) InheritTables(out, base);
   out->base = base;
   PushClass(out);
+  sMade.records.push_back(out);
   return out;
 }
 
+bool IsRuntimeMadeClassRecord(RuntimeClass* record) {
+  for (unsigned long i = 0; i < sMade.records.size(); i++)
+    if (sMade.records[i] == record) return true;
+  return false;
+}
+
 void DisposeClassRecord(RuntimeClass* record) {
+  QASSERT_TEXT(Forget(sMade.records, record), "a record the runtime made");
+  RuntimeInterfaceEntry* entries = record->InterfaceEntries();
+  for (int32_t i = 0; i < record->interfaceCount; i++)
+    if (Forget(sMade.vtables, entries[i].vtable))
+      delete[] static_cast<unsigned char*>(entries[i].vtable);
   delete[] reinterpret_cast<unsigned char*>(record);
 }
 
@@ -114,7 +152,9 @@ void RuntimeRegisterClass(RuntimeClass* record) {
 void* RuntimeNewVtable(int32_t count) {
   int32_t size = count * kMethodEntrySize;
   if (size < 1) return nullptr;
-  return new (std::nothrow) unsigned char[size];
+  unsigned char* table = new (std::nothrow) unsigned char[size];
+  if (table) sMade.vtables.push_back(table);
+  return table;
 }
 
 RuntimeClass* GetClassListHead() { return sActiveClassList; }

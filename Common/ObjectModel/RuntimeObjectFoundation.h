@@ -68,7 +68,11 @@ RuntimeClass* RuntimeNewClass(RuntimeClass* base, int32_t methods,
                               int32_t interfaces, int32_t events,
                               int32_t shared, int32_t properties);
 void RuntimeRegisterClass(RuntimeClass* record);
-// Frees a record that RuntimeNewClass made; its name is the caller's.
+// Whether RuntimeNewClass made the record, rather than compiled code that
+// registered it.
+bool IsRuntimeMadeClassRecord(RuntimeClass* record);
+// Frees a record that RuntimeNewClass made, with the interface vtables of
+// RuntimeNewVtable that its entries hold; its name is the caller's.
 void DisposeClassRecord(RuntimeClass* record);
 void* RuntimeNewVtable(int32_t count);
 RuntimeClass* GetClassListHead();

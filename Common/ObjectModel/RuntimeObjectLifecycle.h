@@ -8,7 +8,10 @@
 // object's own class up; a destructor that keeps a reference resurrects the
 // object and stops the chain. Otherwise the object is freed, or queued
 // when a destruction is already running further up the stack.
-void DestroyInstance(RuntimeObject* object);
+// Hidden, so that the reference-count functions reach it with a plain call
+// and their fast path needs no set-up of the position-independent base.
+__attribute__((visibility("hidden"))) void DestroyInstance(
+    RuntimeObject* object);
 
 // Frees one object whose destructors have run: finalizers, the monitor,
 // weak references, a private event table, the list, the memory.

@@ -1,9 +1,9 @@
 #include "Compiler/BackEnds/codegenerator.h"
 
+#include "Compiler/CompilerDelegate.h"
 #include "Compiler/InternalFailure.h"
 #include "Compiler/SymbolTable/LocalSymbolTable.h"
 #include "Compiler/TacListing.h"
-#include "Compiler/compiler.h"
 #include "Universal/Assertion.h"
 
 char const* const kMainBodyFunctionName = "% main";

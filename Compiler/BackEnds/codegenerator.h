@@ -67,7 +67,7 @@
 #define COMPILER_BACKENDS_CODEGENERATOR_H
 
 #include "Compiler/BackEnds/codestorage.h"
-#include "Compiler/Frontend/ParserError.h"
+#include "Compiler/CompileError.h"
 #include "Compiler/InterRep.h"
 #include "Compiler/SmartRef.h"
 #include "Compiler/SourceLocation.h"

@@ -7,7 +7,7 @@
 #include "Compiler/Frontend/FunctionCalls.h"
 #include "Compiler/Frontend/Lexer.h"
 #include "Compiler/Frontend/MemberAccess.h"
-#include "Compiler/Frontend/NameMangler.h"
+#include "Compiler/SymbolTable/NameMangler.h"
 #include "Compiler/Frontend/Namespaces.h"
 #include "Compiler/Frontend/ObjectExpressions.h"
 #include "Compiler/Frontend/OverloadResolution.h"

@@ -12,9 +12,10 @@
 #include "Compiler/Frontend/GeneratedFunctions.h"
 #include "Compiler/Frontend/Lexer.h"
 #include "Compiler/Frontend/Namespaces.h"
-#include "Compiler/Frontend/NameMangler.h"
+#include "Compiler/SymbolTable/NameMangler.h"
 #include "Compiler/Frontend/ParserError.h"
 #include "Compiler/Frontend/ParserScopes.h"
+#include "Compiler/Frontend/Pragmas.h"
 #include "Compiler/Frontend/ProgramAssembly.h"
 #include "Compiler/Frontend/SrcContext.h"
 #include "Compiler/Frontend/SymbolUtilities.h"
@@ -226,7 +227,11 @@ SemBase* CompilePropertyAccessor(SemBase* word) {
     SimpleVector<SemBase*> names = ListItems(params);
     for (unsigned long i = 0; i < names.size(); i++) AddDeclaredName(names[i]);
   }
-  CompileFunction(name, nullptr, params, nullptr, nullptr, shared);
+  // A word that names no accessor has no declaration to enter.
+  if (known)
+    CompileFunction(name, nullptr, params, nullptr, nullptr, shared);
+  else
+    PushPragmas();
   return marker;
 }
 

@@ -4,7 +4,7 @@
 // included, since nothing copies a parent's tables at run time.
 #include "Compiler/BackEnds/codestorage.h"
 #include "Compiler/Frontend/ClassMetaData.h"
-#include "Compiler/Frontend/NameMangler.h"
+#include "Compiler/SymbolTable/NameMangler.h"
 #include "Compiler/Frontend/SrcContext.h"
 #include "Compiler/SymbolTable/GlobalSymbolTable.h"
 #include "Universal/Assertion.h"

@@ -4,7 +4,7 @@
 #include "Compiler/Frontend/Finalization.h"
 #include "Compiler/Frontend/Functions.h"
 #include "Compiler/Frontend/GeneratedFunctions.h"
-#include "Compiler/Frontend/NameMangler.h"
+#include "Compiler/SymbolTable/NameMangler.h"
 #include "Compiler/Frontend/ParserError.h"
 #include "Compiler/Frontend/ProgramAssembly.h"
 #include "Compiler/Frontend/SrcContext.h"

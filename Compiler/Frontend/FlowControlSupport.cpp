@@ -34,25 +34,6 @@ void EmitYield(SemBase* code) {
                   nilTacAddr, nilTacAddr);
 }
 
-// A call is how a recursion loops, but calls are many and most are short:
-// the yield comes every kCallsPerYield calls, counted down in a hidden
-// global, so that the common path is a decrement and a branch.
-static long const kCallsPerYield = 1024;
-
-void EmitEntryYield(SemBase* code) {
-  QASSERT(gContext);
-  if (!gContext->mOptions.mBackgroundTasks) return;
-  TacAddr const* countdown = gContext->GetStaticSymbolAddr(
-      IRDataType(kSInt32Type), string("% calls until a yield"));
-  TacAddr const* skip = NewLabel();
-  code->AddLine(kTacSub, countdown, gTacOne, countdown);
-  EmitBranch(code, kTacIfLTI, gTacZero, countdown, skip);
-  code->AddLine(kTacStore, gContext->GetLiteral(kCallsPerYield, kSInt32Type),
-                nilTacAddr, countdown);
-  EmitYield(code);
-  EmitLabel(code, skip);
-}
-
 void MatchLoopCounters(SemBase* nextVar, SemBase* loopVar) {
   if (!nextVar || !loopVar) return;
   if (nextVar->toString() == loopVar->toString()) return;

@@ -18,8 +18,6 @@ void GenerateLoopBody(SemBase* code, SemBase* body, TacAddr const* continueAt);
 // The yield to the host, while background tasks are on: in each loop
 // iteration, before each GoTo and at each function's entry.
 void EmitYield(SemBase* code);
-// The same at a function's entry, where it comes only every so many calls.
-void EmitEntryYield(SemBase* code);
 // `Next x` must name the loop's variable: compile error 47 otherwise.
 void MatchLoopCounters(SemBase* nextVar, SemBase* loopVar);
 // Branch and label lines.

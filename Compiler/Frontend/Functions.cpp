@@ -192,7 +192,7 @@ SemBase* CompileFunctionProlog(SemBase* name, SemBase* params) {
   HoldCountedParameters(walk, code);
   if (gContext->mOptions.mStackOverflowChecking)
     AddIntrinsic(code, kIntrinsicRuntimeCheckStack);
-  EmitEntryYield(code);
+  EmitYield(code);
   if (gContext->mOptions.mAutoWaitCursorDisabled)
     AddIntrinsic(code, kIntrinsicDisableAutoWaitCursor);
   return code;

@@ -3,6 +3,7 @@
 // tracking that makes an "=" an assignment or a comparison.
 #include "Compiler/Frontend/Lexer.h"
 
+#include "Compiler/CompilationState.h"
 #include "Compiler/Frontend/LexerInternal.h"
 #include "Compiler/InterRep.h"
 #include "Compiler/SemBase.h"
@@ -31,6 +32,11 @@ void InitLexer(char const* text) {
 }
 
 unsigned int current_line() { return sState.tokenLine; }
+
+// Symbols and semantic values, below the front end, take their line from
+// here.
+[[maybe_unused]] static bool const sLineReaderInstalled =
+    (SetSourceLineReader(current_line), true);
 unsigned int total_lines() { return sState.totalLines; }
 int ByteOffsetFromLineStart() { return int(sState.pos - sState.lineStart); }
 

@@ -152,7 +152,7 @@ SemBase* AccessSelfProperty(PropertySymbol* prop, SourceLocation const& where,
     Error(InsideAccessor() ? kErrorSelfPropertyAccessInAccessor
                            : kErrorSelfPropertyAccess,
           where);
-    return SemCode::New(IRDataType(), &where);
+    return FailedLookupValue(where, mode);
   }
   // A stored field is reached through the base the code has set, which
   // field initialisers have without any Self.

@@ -68,6 +68,12 @@ SemBase* SearchMethod(Lookup& lookup) {
   return result;
 }
 
+bool HasInstanceMethod(MethodList const& methods) {
+  for (unsigned long i = 0; i < methods->size(); i++)
+    if ((*methods)[i]->IsInstanceMethod()) return true;
+  return false;
+}
+
 // 2d. An instance method needs a Self: 106, or 108 in a property accessor.
 SemBase* CallClassMethod(Lookup& lookup, MethodList const& methods) {
   bool instanceAtHand = CanAccessInstanceItems();
@@ -75,6 +81,8 @@ SemBase* CallClassMethod(Lookup& lookup, MethodList const& methods) {
   SemBase* list = CallArguments(lookup.args, lookup.assignValue);
   MethodSymbol* method =
       SelectAppropriateVariant(methods, base, list, lookup.mode, &lookup.whyFailed);
+  if (!method && !instanceAtHand && HasInstanceMethod(methods))
+    method = (*methods)[0];
   if (!method) return nullptr;
   if (method->IsInstanceMethod() && !instanceAtHand) {
     Error(gContext->blocks.CurrentProperty()

@@ -1,8 +1,8 @@
 #include "Compiler/Frontend/ParserError.h"
 
+#include "Compiler/CompilerDelegate.h"
 #include "Compiler/Frontend/Lexer.h"
 #include "Compiler/Frontend/SrcContext.h"
-#include "Compiler/compiler.h"
 #include "Compiler/datatypes.h"
 #include "Universal/Assertion.h"
 #include "Universal/Encodings.h"

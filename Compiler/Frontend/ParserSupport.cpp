@@ -1,9 +1,9 @@
 #include "Compiler/Frontend/ParserSupport.h"
 
+#include "Compiler/CompilerDelegate.h"
 #include "Compiler/Frontend/Lexer.h"
 #include "Compiler/Frontend/ParserError.h"
 #include "Compiler/Frontend/SrcContext.h"
-#include "Compiler/compiler.h"
 #include "Universal/Assertion.h"
 #include "Universal/ByteHelpers.h"
 

@@ -3,8 +3,8 @@
 #include "Compiler/Frontend/Functions.h"
 #include "Compiler/Frontend/ParserError.h"
 #include "Compiler/Frontend/SrcContext.h"
-#include "Compiler/Miner/Miner.h"
 #include "Compiler/SymbolTable/GlobalSymbolTable.h"
+#include "Compiler/SymbolTable/MethodSignatures.h"
 
 namespace {
 

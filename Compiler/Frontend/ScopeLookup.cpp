@@ -6,6 +6,7 @@
 #include "Compiler/Frontend/MemberAccess.h"
 #include "Compiler/Frontend/Arrays.h"
 #include "Compiler/Frontend/Namespaces.h"
+#include "Compiler/Frontend/ObjectExpressions.h"
 #include "Compiler/Frontend/NilChecks.h"
 #include "Compiler/Frontend/FunctionCalls.h"
 #include "Compiler/Frontend/OverloadResolution.h"
@@ -138,6 +139,17 @@ Symbol* SymbolOf(SemBase* expr) {
   return expr->GetType().Declaration();
 }
 
+// `Super.Method` and `Ancestor.Method` in an instance method of a class
+// that descends from `cls`: the method of that class is called on Self,
+// past the vtable. Null where no such Self is at hand.
+SemBase* InheritedSelf(ClassSymbol* cls) {
+  ClassSymbol* current = gContext->blocks.CurrentClass();
+  if (!current || !CanAccessInstanceItems()) return nullptr;
+  for (ClassSymbol* c = current; c; c = c->GetParent())
+    if (c == cls) return CompileSelf();
+  return nullptr;
+}
+
 }  // namespace
 
 SemBase* CompileScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
@@ -236,7 +248,10 @@ SemBase* StaticClassScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
   MethodList methods = cls->LookupMethods(name, FilterFor(assignValue, false));
   if (methods && methods->size() > 0) {
     SemBase* list = CallArguments(args, assignValue);
-    MethodSymbol* method = SelectAppropriateVariant(methods, nullptr, list, mode, &why);
+    SemBase* self = InheritedSelf(cls);
+    MethodSymbol* method = SelectAppropriateVariant(methods, self, list, mode, &why);
+    if (method && method->IsInstanceMethod() && self)
+      return CompileStaticCall(method, self, list);
     if (method && method->IsInstanceMethod()) {
       Error(kErrorInstanceMemberInSharedContext, where);
       return SemCode::New(IRDataType(), &where);

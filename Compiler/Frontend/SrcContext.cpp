@@ -21,6 +21,7 @@ SrcContext::SrcContext()
   mTables->AddTable(mSymbols);
   mProgramCode = SemCode::New(IRDataType(), nullptr);
   gContext = this;
+  SetCurrent(this);
   MakeSharedOperands();
 }
 
@@ -30,6 +31,7 @@ SrcContext::~SrcContext() {
   for (unsigned long i = 0; i < mStaticBlocks.size(); i++)
     delete mStaticBlocks[i];
   gContext = nullptr;
+  SetCurrent(nullptr);
   SemBase::PostCompileCleanup();
 }
 
@@ -81,6 +83,8 @@ void SrcContext::MoveStaticDataBlocks(SimpleVector<StaticDataBlock*>* target) {
 void SrcContext::RecordDependency(SourceUnitDependencyLink* link) {
   if (link) link->Touch();
 }
+
+LocalSymbolTable* SrcContext::CurrentLocalTable() const { return mSymbols; }
 
 TacAddr const* NewLabel() {
   QASSERT(gContext);

@@ -9,6 +9,7 @@
 #ifndef COMPILER_FRONTEND_SRCCONTEXT_H
 #define COMPILER_FRONTEND_SRCCONTEXT_H
 
+#include "Compiler/CompilationState.h"
 #include "Compiler/Frontend/BlockContext.h"
 #include "Compiler/Frontend/LanguageOptions.h"
 #include "Compiler/Frontend/TacLiteralPool.h"
@@ -26,7 +27,7 @@ class SemCode;
 class SourceUnitDependencyLink;
 class StaticDataBlock;
 
-class SrcContext : public TacLiteralPool {
+class SrcContext : public TacLiteralPool, public CompilationState {
  public:
   SrcContext();
   ~SrcContext() override;
@@ -47,8 +48,8 @@ class SrcContext : public TacLiteralPool {
   // until MoveStaticDataBlocks hands it over.
   StaticDataBlock* MakeStaticDataBlock(string const& name);
   void MoveStaticDataBlocks(SimpleVector<StaticDataBlock*>* target);
-  // Notes that the compilation used a symbol of a merged unit.
-  void RecordDependency(SourceUnitDependencyLink* link);
+  void RecordDependency(SourceUnitDependencyLink* link) override;
+  LocalSymbolTable* CurrentLocalTable() const override;
 
   CompilerDelegate* mDelegate;  // receives compile errors; may be null
   // The innermost active local table; starts as a static table with an

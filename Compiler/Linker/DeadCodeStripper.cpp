@@ -1,9 +1,9 @@
 // Stripping dead code: everything `% main` reaches through imports, and the
 // initialisers and finalisers of what it reaches, stays; the rest goes.
 #include "Compiler/BackEnds/codegenerator.h"
-#include "Compiler/Frontend/NameMangler.h"
 #include "Compiler/Linker/Linker.h"
 #include "Compiler/Linker/LinkerAssertion.h"
+#include "Compiler/SymbolTable/NameMangler.h"
 
 namespace {
 

@@ -3,10 +3,10 @@
 // interfaces.
 #include "Compiler/Miner/DeclarationParser.h"
 
+#include "Compiler/CompilerDelegate.h"
 #include "Compiler/Frontend/Lexer.h"
 #include "Compiler/Miner/DeclarationScanner.h"
 #include "Compiler/SemBase.h"
-#include "Compiler/compiler.h"
 
 namespace {
 

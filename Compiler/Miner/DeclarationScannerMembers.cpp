@@ -2,10 +2,10 @@
 // defaults, properties with their accessors, events, external methods and
 // constants.
 #include "Compiler/Frontend/Lexer.h"
-#include "Compiler/Frontend/NameMangler.h"
 #include "Compiler/Miner/DeclarationParser.h"
 #include "Compiler/Miner/DeclarationScanner.h"
 #include "Compiler/SemBase.h"
+#include "Compiler/SymbolTable/NameMangler.h"
 
 namespace {
 

@@ -93,6 +93,13 @@ void ResolveClassTypes(ModuleSymbol* module, ClassSymbol* it) {
         i, ResolveOneType(module, it->GetImplementedInterface(i)));
 }
 
+// An interface's Inherits names another interface, which its record's
+// base points at.
+void ResolveInterfaceTypes(ModuleSymbol* module, InterfaceSymbol* it) {
+  it->ReplaceSuperclassType(ResolveOneType(module, it->GetSuperclassType()));
+  ResolveMethodList(module, it, it);
+}
+
 void ResolveStructureTypes(ModuleSymbol* module, StructureSymbol* it) {
   FieldSymbolIterator f = it->IterateFields();
   while (f.Next())
@@ -109,7 +116,7 @@ void ResolveTypeDeclaration(ModuleSymbol* module, TypeSymbol* type) {
   if (type->IsA(Symbol::kClass))
     ResolveClassTypes(module, static_cast<ClassSymbol*>(type));
   else if (type->IsA(Symbol::kInterface))
-    ResolveMethodList(module, type, static_cast<InterfaceSymbol*>(type));
+    ResolveInterfaceTypes(module, static_cast<InterfaceSymbol*>(type));
   else if (type->IsA(Symbol::kStructure))
     ResolveStructureTypes(module, static_cast<StructureSymbol*>(type));
   else if (type->IsA(Symbol::kEnum))

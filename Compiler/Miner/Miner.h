@@ -7,6 +7,7 @@
 #ifndef COMPILER_MINER_MINER_H
 #define COMPILER_MINER_MINER_H
 
+#include "Compiler/SymbolTable/MethodSignatures.h"
 #include "Compiler/datatypes.h"
 
 class ClassSymbol;
@@ -29,10 +30,6 @@ void ComputeTypeMetadata(ModuleSymbol* module);
 // The type that `type` names as seen from `module`, wrapped again in its
 // array and reference; `type` itself if nothing is found.
 IRDataType ResolveOneType(ModuleSymbol* module, IRDataType const& type);
-// Whether `b` overrides `a` (or the reverse): same presence of a result,
-// same parameters by type and role past the first. Conversion operators
-// also compare their results.
-bool SignaturesMatchExactly(MethodSymbol* a, MethodSymbol* b);
 // Packed layout of a structure; nested structures first. A structure that
 // contains itself counts its inner occurrence as empty.
 void ComputeStructureStorage(StructureSymbol* it);

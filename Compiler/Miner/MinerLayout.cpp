@@ -6,7 +6,6 @@
 namespace {
 
 char const kExtraBytesName[] = "_compiler_extrabytes";
-char const kOperatorConvertName[] = "Operator_Convert";
 
 bool IsResolved(IRDataType const& type) {
   IRDataType element = type;
@@ -125,10 +124,6 @@ void InheritMethods(ClassSymbol* child, ClassSymbol* parent) {
   child->mNormalMethodCount = normals;
 }
 
-bool HasResult(MethodSymbol* method) {
-  return method->GetReturnType().GetMainType() != kNoType;
-}
-
 // The bytes a field adds to its structure. Fixed strings count their
 // declared length.
 unsigned long FieldSize(StructureFieldSymbol* field) {
@@ -183,23 +178,6 @@ void ComputeStructureStorage(StructureSymbol* it,
 }
 
 }  // namespace
-
-bool SignaturesMatchExactly(MethodSymbol* a, MethodSymbol* b) {
-  QASSERT_TEXT(a, "a");
-  QASSERT_TEXT(b, "b");
-  if (HasResult(a) != HasResult(b)) return false;
-  if (a->CountParameters() != b->CountParameters()) return false;
-  for (unsigned long i = 1; i < a->CountParameters(); i++) {
-    ParameterSymbol* pa = a->GetParameter(i);
-    ParameterSymbol* pb = b->GetParameter(i);
-    if (pa->GetType() != pb->GetType()) return false;
-    if (pa->GetRole() != pb->GetRole()) return false;
-  }
-  if (a->Name() != kOperatorConvertName) return true;
-  QASSERT_TEXT(b->Name() == kOperatorConvertName,
-               "b->Name() == kOperatorConvertName");
-  return a->GetReturnType() == b->GetReturnType();
-}
 
 void ComputeStructureStorage(StructureSymbol* it) {
   SimpleVector<StructureSymbol*> computing;

@@ -1,8 +1,8 @@
 // Link names of scopes and members: dotted paths from the root, mangled
 // signatures for methods, plain qualified names for the rest.
-#include "Compiler/Frontend/NameMangler.h"
 #include "Compiler/Miner/Miner.h"
 #include "Compiler/SymbolTable/GlobalSymbolTable.h"
+#include "Compiler/SymbolTable/NameMangler.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "Compiler/SymbolTable/LocalSymbolTable.h"
 
-#include "Compiler/Frontend/NameMangler.h"
+#include "Compiler/SymbolTable/NameMangler.h"
 #include "Universal/ByteHelpers.h"
 
 // -------------------------------------------------------------- variables

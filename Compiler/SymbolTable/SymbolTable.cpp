@@ -1,7 +1,6 @@
 #include "Compiler/SymbolTable/SymbolTable.h"
 
-#include "Compiler/Frontend/Lexer.h"
-#include "Compiler/Frontend/SrcContext.h"
+#include "Compiler/CompilationState.h"
 
 namespace {
 
@@ -9,8 +8,9 @@ enum { kInitialIndexSize = 17 };
 
 // Symbols reached inside a compilation tell it which merged units it used.
 void RecordReach(Symbol* symbol) {
-  if (gContext && symbol && symbol->SourceUnit())
-    gContext->RecordDependency(symbol->SourceUnit());
+  CompilationState* compilation = CompilationState::Current();
+  if (compilation && symbol && symbol->SourceUnit())
+    compilation->RecordDependency(symbol->SourceUnit());
 }
 
 }  // namespace
@@ -25,7 +25,7 @@ SourceUnitDependencyLink::SourceUnitDependencyLink(
 
 Symbol::Symbol(string const& name)
     : mName(name), mHash(Hash(name)), mSourceUnit(nullptr),
-      mSourceLine(current_line()), mOwner(nullptr), mNextInTable(nullptr),
+      mSourceLine(CurrentSourceLine()), mOwner(nullptr), mNextInTable(nullptr),
       mNextSameName(nullptr) {}
 
 Symbol::Symbol(Symbol const& original, SourceUnitDependencyLink* link)

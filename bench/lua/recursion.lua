@@ -1,6 +1,6 @@
--- Recursive calls: the naive Fibonacci number of 30.
+-- Recursive calls: the naive Fibonacci number of 34.
 local function fib(n)
   if n < 2 then return n end
   return fib(n - 1) + fib(n - 2)
 end
-print(fib(30))
+print(fib(34))

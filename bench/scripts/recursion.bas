@@ -1,4 +1,4 @@
-// Recursive calls: the naive Fibonacci number of 30.
+// Recursive calls: the naive Fibonacci number of 34.
 Function Fib(n As Integer) As Integer
   If n < 2 Then
     Return n
@@ -6,4 +6,4 @@ Function Fib(n As Integer) As Integer
   Return Fib(n - 1) + Fib(n - 2)
 End Function
 
-Print Str(Fib(30))
+Print Str(Fib(34))

@@ -8,7 +8,9 @@
 //   // stdin: TEXT                  a line given to the script's Input
 //
 // The exit status follows from them: 1 with compile errors, 2 with a runtime
-// error, 0 otherwise. Usage: golden_runner QUORL SCRIPT [EXPECTATIONS]; with
+// error, 0 otherwise. The environment variable QUORL_OPTIONS, when set,
+// gives quorl options to pass before the script.
+// Usage: golden_runner QUORL SCRIPT [EXPECTATIONS]; with
 // a third argument the expectations are read from that file instead, so
 // that a program meant for reading (an example) carries no test comments.
 #include <stdio.h>
@@ -89,7 +91,10 @@ Outcome RunQuorl(std::string const& quorl, std::string const& script,
   if (!mkdtemp(dir)) return {-1, "", "cannot make a scratch directory"};
   std::string scratch = dir;
   std::ofstream(scratch + "/stdin", std::ios::binary) << input;
-  std::string command = "'" + quorl + "' '" + script + "' <'" + scratch +
+  // QUORL_OPTIONS adds options of quorl's own, e.g. --no-optimize.
+  char const* options = getenv("QUORL_OPTIONS");
+  std::string command = "'" + quorl + "' " + (options ? options : "") + " '" +
+                        script + "' <'" + scratch +
                         "/stdin' >'" + scratch + "/stdout' 2>'" + scratch + "/stderr'";
   int status = system(command.c_str());
   Outcome outcome{WIFEXITED(status) ? WEXITSTATUS(status) : -1,

@@ -31,9 +31,14 @@
 class LocalSymbolTable;
 
 struct CGIA32Options {
-  CGIA32Options() : mAlignStack16(false), mUseSSE2FloatingPointMath(false) {}
+  CGIA32Options()
+      : mAlignStack16(false), mUseSSE2FloatingPointMath(false),
+        mOptimizeCode(false) {}
   bool mAlignStack16;              // 16-byte stack alignment at calls
   bool mUseSSE2FloatingPointMath;  // SSE registers instead of the x87 stack
+  // Faster forms that look beyond the line at hand: comparisons fused with
+  // the branch that reads them, yields and conversions in line.
+  bool mOptimizeCode;
 };
 
 // A memory operand as the writer's shapes want it: a base register and a
@@ -179,6 +184,21 @@ class CGIA32 : public CodeGenerator, public IA32OpWriter {
   void CallRuntime(unsigned int functionID, TacAddr const* a,
                    TacAddr const* b, TacAddr const* result);
 
+  // ---- the pool of floating constants (CGIA32Constants.cpp), for an
+  // optimized function.
+  struct ConstantReference {
+    unsigned long mField;  // offset of the 32-bit field in the function
+    unsigned long mSlot;
+  };
+  // The slot of the constant's bits, shared by equal constants.
+  unsigned long ConstantSlot(TacAddr const* constant);
+  // The last four bytes written are an absolute field for `slot`.
+  void ReferToConstant(unsigned long slot);
+  // The body moved by `distance` bytes (the prologue went in front).
+  void MoveConstantReferences(unsigned long distance);
+  // Appends the pool and fills the fields that read it.
+  void EmitConstantPool();
+
   // ---- structures (CGIA32Memory.cpp)
   void CopyStructure(int dest, int src, unsigned int bytes, int scheme);
 
@@ -245,9 +265,27 @@ class CGIA32 : public CodeGenerator, public IA32OpWriter {
   void Int64Compare(TacLine const& line, GroupPlain setHigh,
                     GroupPlain setLow, bool equality);
   void FloatBinop(TacLine const& line, void (IA32OpWriter::*x87)(),
-                  RegMemPlain ssePacked, RegMemPlain sseSingle);
+                  RegMemPlain sseDouble, RegMemPlain sseSingle);
   void FloatCompare(TacLine const& line, bool swap, int mask, int value,
                     GroupPlain setcc);
+  // The optimizing form: ucomisd between SSE registers. `swap` compares b
+  // with a; `setcc` is the answer when ordered, and `parity` (setp or
+  // setnp, or null) is joined to it by `join` to decide unordered operands.
+  void SSEFloatCompare(TacLine const& line, bool swap, GroupPlain setcc,
+                       GroupPlain parity, RegMemPlain join);
+  // Ends a comparison: the Boolean in `reg` is made exactly 0 or 1 by an
+  // `and` whose flags then tell the value, and stored.
+  void FinishComparison(int reg, TacAddr const* dest);
+  // A conditional jump on a Boolean that the previous line has just
+  // compared: the flags of its final `and` decide, with no reload and no
+  // compare. False when the line is not such a jump.
+  bool BranchOnComparisonFlags(TacLine const& line);
+  // Int32 to Double in an SSE register; false when the conversion is not
+  // that one.
+  bool ConvertInLine(TacLine const& line);
+  // The per-iteration yield as a countdown in the module's data: the call
+  // happens once every kYieldInterval passes, all registers kept.
+  void YieldInLine();
   void CompareAndBranch(TacLine const& line, Branch branch);
   void StoreBoolean(int reg, TacAddr const* dest);
   void LockOperation(TacLine const& line, int stringID, int objectID,
@@ -259,6 +297,12 @@ class CGIA32 : public CodeGenerator, public IA32OpWriter {
   void EmitExceptionMarker(unsigned int marker);
 
   long mNextLocalLabel;
+  // The Boolean whose value the flags hold for the current line, and the
+  // one the line under way leaves in them (nilTacAddr for none).
+  SimpleVector<unsigned long long> mConstantPool;
+  SimpleVector<ConstantReference> mConstantReferences;
+  TacAddr const* mFlagsHold;
+  TacAddr const* mFlagsLeft;
   // Callee-saved registers the prologue saved; nothing may add to them
   // while the epilogue is written.
   bool mSavedRegisters[kRegisterCount];

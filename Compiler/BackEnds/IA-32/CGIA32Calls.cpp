@@ -149,6 +149,9 @@ void CGIA32::tac_Intrinsic(TacLine const& line) {
   QASSERT_TEXT(functionID < kQtyIntrinsics, "functionID < kQtyIntrinsics");
   QASSERT_TEXT(functionID < mIntrinsicLinkNames.size(),
                "functionID < mIntrinsicLinkNames.size()");
+  if (mOptions.mOptimizeCode && functionID == kIntrinsicVELDYieldToQuorl &&
+      !mArguments.size() && line.result == nilTacAddr)
+    return YieldInLine();
   CallIntrinsic(functionID, line.result);
 }
 

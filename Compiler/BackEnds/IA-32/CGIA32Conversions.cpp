@@ -82,10 +82,27 @@ SimpleDataType NormaliseConversionType(IRDataType const& type, bool target) {
 
 }  // namespace
 
+// Every 32-bit signed value, and every narrower unsigned one, is exactly
+// a Double: cvtsi2sd gives what the runtime's conversion gives.
+bool CGIA32::ConvertInLine(TacLine const& line) {
+  if (!mOptions.mOptimizeCode || !mOptions.mUseSSE2FloatingPointMath) return false;
+  if (line.result->mType.GetMainType() != kReal64Type) return false;
+  IRDataType const& from = line.opA->mType;
+  bool exact = from.IsInteger() && (from.Signed() ? from.StorageSize() <= 4
+                                                  : from.StorageSize() < 4);
+  if (!exact) return false;
+  int value = LoadTacAddr(line.opA, kSelectAnyGPR);
+  int converted = AllocateRegister(kSelectAnyXMM, kNoRegister);
+  ia32_cvtsi2sd(3, converted, value);
+  StoreTacAddr(converted, line.result);
+  return true;
+}
+
 void CGIA32::tac_Cvt(TacLine const& line) {
   QASSERT_TEXT(line.opA->mType.IsNumeric(), "line.opA->mType.IsNumeric()");
   QASSERT_TEXT(line.result->mType.IsNumeric(), "line.result->mType.IsNumeric()");
   QASSERT(!line.result->IsConstant());
+  if (ConvertInLine(line)) return;
   SimpleDataType from = NormaliseConversionType(line.opA->mType, false);
   SimpleDataType to = NormaliseConversionType(line.result->mType, true);
   QASSERT_TEXT(from < 256, "from < 256");

@@ -7,7 +7,8 @@
 
 CGIA32::CGIA32()
     : mLocals(nullptr), mObjectBase(nilTacAddr), mObjectBaseOffset(0),
-      mClock(0), mCallingConvention(0), mNextLocalLabel(0) {
+      mClock(0), mCallingConvention(0), mNextLocalLabel(0),
+      mFlagsHold(nilTacAddr), mFlagsLeft(nilTacAddr) {
   for (int reg = 0; reg < kRegisterCount; reg++) mSavedRegisters[reg] = false;
 }
 
@@ -37,6 +38,8 @@ void CGIA32::ia32_Write32(int value) {
 unsigned int CGIA32::CodeBufferLength() { return mFunc->Length(); }
 
 void CGIA32::CompileLineBefore(TacLine const& line) {
+  mFlagsHold = mFlagsLeft;
+  mFlagsLeft = nilTacAddr;
   if (mFunc)
     mFunc->mLineTable.AddEntry(CodeBufferLength(),
                                static_cast<unsigned int>(line.mLine));
@@ -53,6 +56,8 @@ void CGIA32::BeginFunction(string const& name) {
   mObjectBaseOffset = 0;
   mCallingConvention = 0;
   mNextLocalLabel = 0;
+  mConstantPool.deleteAll();
+  mConstantReferences.deleteAll();
   ResetRegisters();
   for (int reg = 0; reg < kRegisterCount; reg++) mSavedRegisters[reg] = false;
 }

@@ -5,7 +5,7 @@
 #include "Universal/Assertion.h"
 
 void CGIA32::FloatBinop(TacLine const& line, void (IA32OpWriter::*x87)(),
-                        RegMemPlain ssePacked, RegMemPlain sseSingle) {
+                        RegMemPlain sseDouble, RegMemPlain sseSingle) {
   ExprIsFloat(line);
   if (!mOptions.mUseSSE2FloatingPointMath) {
     PushFloatTacAddr(line.opA);
@@ -18,7 +18,7 @@ void CGIA32::FloatBinop(TacLine const& line, void (IA32OpWriter::*x87)(),
   int b = LoadTacAddr(line.opB, SchemeExclude(a, kSelectAnyXMM));
   Touch(&mXMMRegisters[a]);
   bool single = line.opA->mType.GetMainType() == kReal32Type;
-  (this->*(single ? sseSingle : ssePacked))(3, a, b);
+  (this->*(single ? sseSingle : sseDouble))(3, a, b);
   StoreTacAddr(a, line.result);
 }
 
@@ -38,6 +38,25 @@ void CGIA32::FloatCompare(TacLine const& line, bool swap, int mask, int value,
   ia32_and_imm32(3, kEAX, mask);
   ia32_cmp_imm32(3, kEAX, value);
   (this->*setcc)(3, r);
-  ia32_and_imm8_se(3, r, 1);
-  StoreBoolean(r, line.result);
+  FinishComparison(r, line.result);
+}
+
+// ucomisd sets ZF, PF and CF all three for unordered operands. "Above" is
+// false then, so a < b is "b above a"; a <= b must be true then, so it is
+// "a below or equal b". Equality also needs PF clear, inequality is also
+// true with PF set.
+void CGIA32::SSEFloatCompare(TacLine const& line, bool swap, GroupPlain setcc,
+                             GroupPlain parity, RegMemPlain join) {
+  ExprIsFloat(line);
+  int a = LoadTacAddr(swap ? line.opB : line.opA, kSelectAnyXMM);
+  int b = LoadTacAddr(swap ? line.opA : line.opB, SchemeExclude(a, kSelectAnyXMM));
+  ia32_ucomisd(3, a, b);
+  int r = AllocateRegister(kSelect8BitGPR, kNoRegister);
+  (this->*setcc)(3, r);
+  if (parity) {
+    int unordered = AllocateRegister(SchemeExclude(r, kSelect8BitGPR), kNoRegister);
+    (this->*parity)(3, unordered);
+    (this->*join)(3, r, unordered);
+  }
+  FinishComparison(r, line.result);
 }

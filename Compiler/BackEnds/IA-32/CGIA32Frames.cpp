@@ -65,6 +65,7 @@ void CGIA32::tac_Leave(TacLine const& line) {
   }
   unsigned int prologueLength = CodeBufferLength();
   AdjustImportListOffsets(prologueLength);
+  MoveConstantReferences(prologueLength);
   body->mLineTable.Adjust(prologueLength);
   for (unsigned long i = 0; i < body->mLineTable.mIndex.size(); i++)
     mFunc->mLineTable.AddEntry(body->mLineTable.mIndex[i].offset,
@@ -73,8 +74,9 @@ void CGIA32::tac_Leave(TacLine const& line) {
   delete body;
   mFunc->mParameterSpace = parameterBytes;
   if (line.opA != nilTacAddr) LoadReturnValue(line.opA);
-  MakeImportListPermanent(mFunc);
   EmitEpilogue(frameSize, parameterBytes);
+  EmitConstantPool();
+  MakeImportListPermanent(mFunc);
   for (int i = 0; i < kCalleeSavedCount; i++)
     QASSERT_TEXT(!mRegisters[kCalleeSaved[i]].mUsed ||
                      mSavedRegisters[kCalleeSaved[i]],

@@ -25,7 +25,7 @@ void CGIA32::tac_Add(TacLine const& line) {
       return Int64Binop(line, &IA32OpWriter::ia32_add, &IA32OpWriter::ia32_adc);
     case kCategoryFloat:
       return FloatBinop(line, &IA32OpWriter::ia32_faddp,
-                        &IA32OpWriter::ia32_addpd, &IA32OpWriter::ia32_addps);
+                        &IA32OpWriter::ia32_addsd, &IA32OpWriter::ia32_addss);
   }
   QASSERT_TEXT(0, "0");
 }
@@ -41,7 +41,7 @@ void CGIA32::tac_Sub(TacLine const& line) {
       return Int64Binop(line, &IA32OpWriter::ia32_sub, &IA32OpWriter::ia32_sbb);
     case kCategoryFloat:
       return FloatBinop(line, &IA32OpWriter::ia32_fsubp,
-                        &IA32OpWriter::ia32_subpd, &IA32OpWriter::ia32_subps);
+                        &IA32OpWriter::ia32_subsd, &IA32OpWriter::ia32_subss);
   }
   QASSERT_TEXT(0, "0");
 }
@@ -66,7 +66,7 @@ void CGIA32::tac_Mul(TacLine const& line) {
       return CallRuntime(kIntrinsicRuntimeMulCurrency, line.opA, line.opB, line.result);
     case kCategoryFloat:
       return FloatBinop(line, &IA32OpWriter::ia32_fmulp,
-                        &IA32OpWriter::ia32_mulpd, &IA32OpWriter::ia32_mulps);
+                        &IA32OpWriter::ia32_mulsd, &IA32OpWriter::ia32_mulss);
   }
   QASSERT_TEXT(0, "0");
 }
@@ -114,7 +114,7 @@ void CGIA32::tac_Div(TacLine const& line) {
       return CallRuntime(kIntrinsicRuntimeDivCurrency, line.opA, line.opB, line.result);
     case kCategoryFloat:
       return FloatBinop(line, &IA32OpWriter::ia32_fdivp,
-                        &IA32OpWriter::ia32_divpd, &IA32OpWriter::ia32_divps);
+                        &IA32OpWriter::ia32_divsd, &IA32OpWriter::ia32_divss);
   }
   QASSERT_TEXT(0, "0");
 }
@@ -236,18 +236,29 @@ void CGIA32::StoreBoolean(int reg, TacAddr const* dest) {
   StoreTacAddr(reg, dest);
 }
 
+// Nothing the store emits touches the flags: a stack or global home needs
+// no address arithmetic.
+void CGIA32::FinishComparison(int reg, TacAddr const* dest) {
+  ia32_and_imm8_se(3, reg, 1);
+  StoreBoolean(reg, dest);
+  StorageClass home = dest->GetStorageClass();
+  if (home == kStackDataStorage || home == kGlobalDataStorage) mFlagsLeft = dest;
+}
+
 void CGIA32::IntegerCompare(TacLine const& line, GroupPlain setcc) {
   int a = LoadTacAddr(line.opA, kSelectAnyGPR);
   int b = LoadTacAddr(line.opB, SchemeExclude(a, kSelectAnyGPR));
   int r = AllocateRegister(SchemeExclude2(a, b, kSelect8BitGPR), kNoRegister);
   ia32_cmp(3, a, b);
   (this->*setcc)(3, r);
-  ia32_and_imm8_se(3, r, 1);
-  StoreBoolean(r, line.result);
+  FinishComparison(r, line.result);
 }
 
 void CGIA32::tac_EQ(TacLine const& line) {
   ArithmeticCategory category = CategorizeBinop(line);
+  if (category == kCategoryFloat && mOptions.mOptimizeCode)
+    return SSEFloatCompare(line, false, &IA32OpWriter::ia32_sete,
+                           &IA32OpWriter::ia32_setnp, &IA32OpWriter::ia32_and);
   if (category == kCategoryFloat)
     return FloatCompare(line, false, 0x4400, 0x4000, &IA32OpWriter::ia32_sete);
   if (category >= kCategorySInt64)
@@ -257,6 +268,9 @@ void CGIA32::tac_EQ(TacLine const& line) {
 
 void CGIA32::tac_NE(TacLine const& line) {
   ArithmeticCategory category = CategorizeBinop(line);
+  if (category == kCategoryFloat && mOptions.mOptimizeCode)
+    return SSEFloatCompare(line, false, &IA32OpWriter::ia32_setne,
+                           &IA32OpWriter::ia32_setp, &IA32OpWriter::ia32_or);
   if (category == kCategoryFloat)
     return FloatCompare(line, false, 0x4400, 0x4000, &IA32OpWriter::ia32_setne);
   if (category >= kCategorySInt64)
@@ -275,6 +289,8 @@ bool SignedCategory(ArithmeticCategory category) {
 
 void CGIA32::tac_LT(TacLine const& line) {
   ArithmeticCategory category = CategorizeBinop(line);
+  if (category == kCategoryFloat && mOptions.mOptimizeCode)
+    return SSEFloatCompare(line, true, &IA32OpWriter::ia32_seta, nullptr, nullptr);
   if (category == kCategoryFloat)
     return FloatCompare(line, true, 0x500, 0x100, &IA32OpWriter::ia32_sete);
   GroupPlain less = &IA32OpWriter::ia32_setb;
@@ -286,6 +302,8 @@ void CGIA32::tac_LT(TacLine const& line) {
 
 void CGIA32::tac_LE(TacLine const& line) {
   ArithmeticCategory category = CategorizeBinop(line);
+  if (category == kCategoryFloat && mOptions.mOptimizeCode)
+    return SSEFloatCompare(line, false, &IA32OpWriter::ia32_setbe, nullptr, nullptr);
   if (category == kCategoryFloat)
     return FloatCompare(line, false, 0x500, 0x100, &IA32OpWriter::ia32_setne);
   GroupPlain less = &IA32OpWriter::ia32_setb;

@@ -45,8 +45,23 @@ void CGIA32::tac_Jump(TacLine const& line) {
   EmitBranch(&IA32OpWriter::ia32_jmp_rel, 1, line.result->GetValue()->uSInt32);
 }
 
+// IfNEI t, False and IfEQI t, True jump when t is True, which the flags
+// of the comparison's final `and` show as ZF clear.
+bool CGIA32::BranchOnComparisonFlags(TacLine const& line) {
+  if (!mOptions.mOptimizeCode || mFlagsHold == nilTacAddr) return false;
+  if (line.opA != mFlagsHold || !line.opB->IsConstant()) return false;
+  if (line.opcode != kTacIfNEI && line.opcode != kTacIfEQI) return false;
+  long value = line.opB->GetValue()->uSInt32;
+  if (value != 0 && value != 1) return false;
+  bool whenTrue = (line.opcode == kTacIfNEI) == (value == 0);
+  EmitBranch(whenTrue ? &IA32OpWriter::ia32_jne : &IA32OpWriter::ia32_je, 2,
+             line.result->GetValue()->uSInt32);
+  return true;
+}
+
 void CGIA32::CompareAndBranch(TacLine const& line, Branch branch) {
   if (ExprIsInt64(line)) QFAIL("not yet supported for Int64");
+  if (BranchOnComparisonFlags(line)) return;
   int a = LoadTacAddr(line.opA, kSelectAnyGPR);
   int b = LoadTacAddr(line.opB, SchemeExclude(a, kSelectAnyGPR));
   ia32_cmp(3, a, b);

@@ -111,6 +111,15 @@ int CGIA32::LoadConstant(TacAddr const* addr, int scheme) {
                  "mOptions.mUseSSE2FloatingPointMath");
     bool single = type.GetMainType() == kReal32Type;
     IRValue const* value = addr->GetValue();
+    if (mOptions.mOptimizeCode) {
+      unsigned long slot = ConstantSlot(addr);
+      if (single)
+        ia32_movss(0, reg, kEBP, 0);
+      else
+        ia32_movsd(0, reg, kEBP, 0);
+      ReferToConstant(slot);
+      return reg;
+    }
     if (single) {
       ia32_push_imm32(SingleBits(value->uReal32));
     } else {
@@ -342,6 +351,15 @@ void CGIA32::StoreInt64TacAddr(int hi, int lo, TacAddr const* dest) {
 void CGIA32::PushFloatTacAddr(TacAddr const* addr) {
   bool single = addr->mType.GetMainType() == kReal32Type;
   QASSERT_TEXT(addr->mType.IsFloat(), "float operand");
+  if (addr->IsConstant() && mOptions.mOptimizeCode) {
+    unsigned long slot = ConstantSlot(addr);
+    if (single)
+      ia32_fld32(0, kEBP, 0);
+    else
+      ia32_fld64(0, kEBP, 0);
+    ReferToConstant(slot);
+    return;
+  }
   if (addr->IsConstant()) {
     IRValue const* value = addr->GetValue();
     if (single) {

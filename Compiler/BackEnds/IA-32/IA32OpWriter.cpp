@@ -206,6 +206,12 @@ void IA32OpWriter::ia32_jnz(int disp) { ia32_Branch32(0x0F85, disp); }
 void IA32OpWriter::ia32_jb(int disp) { ia32_Branch32(0x0F82, disp); }
 void IA32OpWriter::ia32_jl(int disp) { ia32_Branch32(0x0F8C, disp); }
 void IA32OpWriter::ia32_jle(int disp) { ia32_Branch32(0x0F8E, disp); }
+void IA32OpWriter::ia32_jg(int disp) { ia32_Branch32(0x0F8F, disp); }
+void IA32OpWriter::ia32_jge(int disp) { ia32_Branch32(0x0F8D, disp); }
+void IA32OpWriter::ia32_ja(int disp) { ia32_Branch32(0x0F87, disp); }
+void IA32OpWriter::ia32_jae(int disp) { ia32_Branch32(0x0F83, disp); }
+void IA32OpWriter::ia32_jbe(int disp) { ia32_Branch32(0x0F86, disp); }
+void IA32OpWriter::ia32_jns(int disp) { ia32_Branch32(0x0F89, disp); }
 void IA32OpWriter::ia32_call_disp32(int disp) { ia32_Branch32(0xE8, disp); }
 
 void IA32OpWriter::ia32_jmp_abs(int mod, int rm, int disp) {

@@ -140,6 +140,12 @@ class IA32OpWriter {
   void ia32_jb(int disp);
   void ia32_jl(int disp);
   void ia32_jle(int disp);
+  void ia32_jg(int disp);
+  void ia32_jge(int disp);
+  void ia32_ja(int disp);
+  void ia32_jae(int disp);
+  void ia32_jbe(int disp);
+  void ia32_jns(int disp);
   void ia32_call_disp32(int disp);
   void ia32_jmp_abs(int mod, int rm, int disp);
   void ia32_loop(int disp8);

@@ -45,7 +45,17 @@
   X(ia32_addps, 0x0F58, "addps %x, %m128")                        \
   X(ia32_subps, 0x0F5C, "subps %x, %m128")                        \
   X(ia32_mulps, 0x0F59, "mulps %x, %m128")                        \
-  X(ia32_divps, 0x0F5E, "divps %x, %m128")
+  X(ia32_divps, 0x0F5E, "divps %x, %m128")                        \
+  X(ia32_addsd, 0xF20F58, "addsd %x, %m64")                       \
+  X(ia32_subsd, 0xF20F5C, "subsd %x, %m64")                       \
+  X(ia32_mulsd, 0xF20F59, "mulsd %x, %m64")                       \
+  X(ia32_divsd, 0xF20F5E, "divsd %x, %m64")                       \
+  X(ia32_addss, 0xF30F58, "addss %x, %m32")                       \
+  X(ia32_subss, 0xF30F5C, "subss %x, %m32")                       \
+  X(ia32_mulss, 0xF30F59, "mulss %x, %m32")                       \
+  X(ia32_divss, 0xF30F5E, "divss %x, %m32")                       \
+  X(ia32_ucomisd, 0x660F2E, "ucomisd %x, %m64")                   \
+  X(ia32_cvtsi2sd, 0xF20F2A, "cvtsi2sd %x, %m32")
 
 // X(name, opcode, reg field, text): one r/m operand; (mod, rm) and
 // (mod, rm, disp).
@@ -61,6 +71,10 @@
   X(ia32_setl, 0x0F9C, 0, "setl %m8")                             \
   X(ia32_setle, 0x0F9E, 0, "setle %m8")                           \
   X(ia32_setne, 0x0F95, 0, "setne %m8")                           \
+  X(ia32_seta, 0x0F97, 0, "seta %m8")                             \
+  X(ia32_setnp, 0x0F9B, 0, "setnp %m8")                           \
+  X(ia32_setp, 0x0F9A, 0, "setp %m8")                             \
+  X(ia32_dec_mem, 0xFF, 1, "dec %m32")                            \
   X(ia32_call, 0xFF, 2, "call %m32")
 
 // X(name, opcode, reg field, text): x87 memory operands.
@@ -81,6 +95,8 @@
   X(ia32_cdq, 0x99, "cdq")                                        \
   X(ia32_ret_near, 0xC3, "ret")                                   \
   X(ia32_nop, 0x90, "nop")                                        \
+  X(ia32_pushad, 0x60, "pushad")                                  \
+  X(ia32_popad, 0x61, "popad")                                    \
   X(ia32_int3, 0xCC, "int3")                                      \
   X(ia32_hlt, 0xF4, "hlt")                                        \
   X(ia32_faddp, 0xDEC1, "faddp st(1), st")                        \

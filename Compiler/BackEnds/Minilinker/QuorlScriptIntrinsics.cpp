@@ -56,13 +56,17 @@ void InitQuorlScriptRuntime() {
   SetClassListHead(nullptr);
 }
 
-// The records on the list are those the runtime made while the program ran
-// (the exception classes it looked up): each goes with its name. Records a
-// program lays out in its own static data must not be freed here, once
-// compiled classes register any.
+// The list empties. Records the runtime made while the program ran (the
+// exception classes it looked up, classes built by their initialisers) go
+// with their names; records the program laid out in its static data and
+// registered stay with the code, which may run again.
 void ExitQuorlScriptRuntime() {
   while (RuntimeClass* record = GetClassListHead()) {
     SetClassListHead(record->next);
+    if (!IsRuntimeMadeClassRecord(record)) {
+      record->next = nullptr;
+      continue;
+    }
     RuntimeUnlockString(record->name);
     DisposeClassRecord(record);
   }

@@ -9,7 +9,7 @@
 #define COMPILER_BACKENDS_MINILINKER_QUORLSCRIPTINTRINSICS_H
 
 #include "Common/ObjectModel/RuntimeObjectFoundation.h"
-#include "Plugin/QuorlScriptCorrespondent.h"
+#include "Compiler/BackEnds/Minilinker/QuorlScriptCorrespondent.h"
 #include "Universal/stringmap.h"
 #include "Universal/ustring.h"
 

@@ -90,6 +90,9 @@ struct HostOptions {
   double version = 2007.04;
   // What "VELDinRuntime" reports: a built program, not a design environment.
   bool inRuntime = true;
+  // What "VELDOptimizeScripts" reports: whether the engine may optimize
+  // the code it compiles.
+  bool optimize = true;
   // Host operations the resolver pretends not to know.
   std::set<std::string> withheld;
   // What "VELDGetStackLimit" reports until the plug-in sets another: the

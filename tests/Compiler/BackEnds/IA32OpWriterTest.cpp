@@ -99,6 +99,14 @@ TEST(IA32OpWriterTest, EveryFormMatchesTheAssembler) {
   w.ia32_jb(0x1000);                    add("{disp32} jb .+6+0x1000");
   w.ia32_jl(2);                         add("{disp32} jl .+6+2");
   w.ia32_jle(-2);                       add("{disp32} jle .+6-2");
+  w.ia32_jg(4);                         add("{disp32} jg .+6+4");
+  w.ia32_jge(-4);                       add("{disp32} jge .+6-4");
+  w.ia32_ja(0x80);                      add("{disp32} ja .+6+0x80");
+  w.ia32_jae(-0x80);                    add("{disp32} jae .+6-0x80");
+  w.ia32_jbe(6);                        add("{disp32} jbe .+6+6");
+  w.ia32_jns(0x200);                    add("{disp32} jns .+6+0x200");
+  w.ia32_cvtsi2sd(3, 1, 2);             add("cvtsi2sd xmm1, edx");
+  w.ia32_ucomisd(3, 0, 7);              add("ucomisd xmm0, xmm7");
   w.ia32_call_disp32(0x100);            add("call .+5+0x100");
   w.ia32_jmp_abs(1, 5, 8);              add("{disp8} jmp DWORD PTR [ebp+8]");
   w.ia32_loop(-10);                     add("loop .+2-10");

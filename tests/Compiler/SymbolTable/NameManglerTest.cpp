@@ -2,8 +2,8 @@
 #include <gtest/gtest.h>
 
 #include "../CompilerTestSupport.h"
-#include "Compiler/Frontend/NameMangler.h"
 #include "Compiler/SymbolTable/GlobalSymbolTable.h"
+#include "Compiler/SymbolTable/NameMangler.h"
 
 namespace {
 

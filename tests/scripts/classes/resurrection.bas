@@ -1,7 +1,14 @@
 // A destructor that stores its object elsewhere keeps it alive: the
-// fields stay as they were, and the object dies when that reference goes.
+// fields stay as they were, the parents' destructors are not called, and
+// the object dies when that reference goes.
 Dim saved As Phoenix
+Class Bird
+  Sub Destructor()
+    Print "bird gone"
+  End Sub
+End Class
 Class Phoenix
+  Inherits Bird
   Dim lives As Integer = 2
   Dim tag As String = "phoenix"
   Sub Destructor()
@@ -18,4 +25,5 @@ Print "after second"
 // expect: burning, lives 1
 // expect: after first: phoenix
 // expect: burning, lives 0
+// expect: bird gone
 // expect: after second

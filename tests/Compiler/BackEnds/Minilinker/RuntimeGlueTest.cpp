@@ -34,3 +34,23 @@ TEST(RuntimeGlueTest, AYieldKeepsTheRunningScriptsState) {
   EXPECT_EQ(1, corr.mYields);
   EXPECT_EQ(nullptr, GetClassListHead());
 }
+
+// A record laid out in static data and registered outlives the run; the
+// ones the runtime made go, with their names and interface vtables (the
+// leak check sees any that stays behind).
+TEST(RuntimeGlueTest, TheEndOfARunFreesOnlyTheRecordsTheRuntimeMade) {
+  InitQuorlScriptRuntime();
+  RuntimeClass registered[2] = {};
+  RuntimeRegisterClass(registered);
+  RuntimeClass* made = RuntimeNewClass(nullptr, 0, 1, 0, 0, 0);
+  made->name = NewStringStorage("Made", 4, kEncodingASCII);
+  made->InterfaceEntries()[0].vtable = RuntimeNewVtable(2);
+  RuntimeClass* child = RuntimeNewClass(made, 0, 1, 0, 0, 0);
+  EXPECT_TRUE(IsRuntimeMadeClassRecord(made));
+  EXPECT_FALSE(IsRuntimeMadeClassRecord(registered));
+  ExitQuorlScriptRuntime();
+  EXPECT_EQ(nullptr, GetClassListHead());
+  EXPECT_FALSE(IsRuntimeMadeClassRecord(made));
+  EXPECT_FALSE(IsRuntimeMadeClassRecord(child));
+  EXPECT_EQ(nullptr, registered[0].next);
+}

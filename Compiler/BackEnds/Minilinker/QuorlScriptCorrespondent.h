@@ -1,8 +1,8 @@
 // What a running script's runtime talks to: output, input, error reports and
 // the cooperative yield. The runtime holds one correspondent for the script
 // now running and knows nothing else of the host.
-#ifndef PLUGIN_QUORLSCRIPTCORRESPONDENT_H
-#define PLUGIN_QUORLSCRIPTCORRESPONDENT_H
+#ifndef COMPILER_BACKENDS_MINILINKER_QUORLSCRIPTCORRESPONDENT_H
+#define COMPILER_BACKENDS_MINILINKER_QUORLSCRIPTCORRESPONDENT_H
 
 // Why a run was stopped, as the runtime reports it. Every other value means a
 // plain RuntimeException.

@@ -4,8 +4,8 @@
 // designators for setters, param arrays and extensions, and a compact code
 // per type. Two declarations with one link name are one method to the
 // linker, so every overload gets its own.
-#ifndef COMPILER_FRONTEND_NAMEMANGLER_H
-#define COMPILER_FRONTEND_NAMEMANGLER_H
+#ifndef COMPILER_SYMBOLTABLE_NAMEMANGLER_H
+#define COMPILER_SYMBOLTABLE_NAMEMANGLER_H
 
 #include "Compiler/datatypes.h"
 #include "Universal/ustring.h"

@@ -1,4 +1,4 @@
-#include "Compiler/Frontend/NameMangler.h"
+#include "Compiler/SymbolTable/NameMangler.h"
 
 #include <string.h>
 

@@ -1,0 +1,115 @@
+// Removes the zeroing of a plain value that is overwritten before anything
+// can read it. The front end clears an expression's temporaries before each
+// statement; for values that hold no reference that clearing is a store
+// nobody sees.
+#include "Compiler/Optimizer/OptimizerPasses.h"
+
+namespace {
+
+// Values whose zeroing may go: no reference to release later, a size the
+// next write covers whole, and a home that only this line's operand names.
+bool PlainScalar(TacAddr const* addr) {
+  if (addr->IsConstant() || addr->mType.RefCounted()) return false;
+  if (addr->mType.GetMainType() == kStructureType) return false;
+  StorageClass storage = addr->GetStorageClass();
+  return storage == kStackDataStorage || storage == kGlobalDataStorage;
+}
+
+// Lines after which anything may read memory: control goes elsewhere, or
+// code that is not in view runs (a call may read a global, a raise may
+// reach a handler that does).
+bool EndsTheView(TacOpcode opcode) {
+  switch (opcode) {
+    case kTacLabel:
+    case kTacJump:
+    case kTacIfEQI:
+    case kTacIfNEI:
+    case kTacIfLTI:
+    case kTacIfLTU:
+    case kTacIntrinsic:
+    case kTacCall:
+    case kTacCallPtr:
+    case kTacCallPtrVarargs:
+    case kTacCallVirtual:
+    case kTacHandleException:
+    case kTacBeginTry:
+    case kTacEndTry:
+    case kTacEnter:
+    case kTacLeave:
+    case kTacStop:
+    case kTacVarptr:
+    case kTacBaseref:
+    case kTacPoke:
+    case kTacPutParam:
+    case kTacPragma:
+    case kTacLock:
+    case kTacUnlock:
+    case kTacSwapLocks:
+    case kTacEndianSwap:
+    case kTacGetParam:
+    case kTacPeek:
+      return true;
+    default:
+      return false;
+  }
+}
+
+enum Fate { kKeep, kOverwritten, kUndecided };
+
+bool IsStructure(TacAddr const* addr) {
+  return addr->mType.GetMainType() == kStructureType;
+}
+
+// A block's variable and its shadow in the enclosing scope are two
+// operands for one home, so operands are compared by their storage.
+bool SameHome(TacAddr const* a, TacAddr const* b) {
+  if (a == b) return true;
+  if (a->IsConstant() || b->IsConstant() || a == nilTacAddr || b == nilTacAddr)
+    return false;
+  if (a->GetStorageClass() != b->GetStorageClass()) return false;
+  if (a->GetStorageClass() == kGlobalDataStorage) return a->LinkID() == b->LinkID();
+  if (a->GetStorageClass() != kStackDataStorage) return true;
+  unsigned long aStart = a->StorageOffset(), bStart = b->StorageOffset();
+  return aStart < bStart + b->mType.StorageSize() &&
+         bStart < aStart + a->mType.StorageSize();
+}
+
+// A structure operand may be the whole of which the zeroed value is a
+// part. Only a write to exactly the zeroed home covers it.
+Fate FateAfter(TacLine const& line, TacAddr const* zeroed) {
+  if (EndsTheView(line.opcode)) return kKeep;
+  if (IsStructure(line.opA) || IsStructure(line.opB) || IsStructure(line.result))
+    return kKeep;
+  if (SameHome(line.opA, zeroed) || SameHome(line.opB, zeroed)) return kKeep;
+  if (!SameHome(line.result, zeroed)) return kUndecided;
+  bool whole = line.result->GetStorageClass() == zeroed->GetStorageClass() &&
+               (zeroed->GetStorageClass() == kGlobalDataStorage ||
+                line.result->StorageOffset() == zeroed->StorageOffset()) &&
+               line.result->mType.StorageSize() == zeroed->mType.StorageSize();
+  return whole ? kOverwritten : kKeep;
+}
+
+bool OverwrittenBeforeRead(TacLine const* zero) {
+  for (TacLine const* later = zero->mNext; later; later = later->mNext) {
+    Fate fate = FateAfter(*later, zero->result);
+    if (fate != kUndecided) return fate == kOverwritten;
+  }
+  return false;
+}
+
+}  // namespace
+
+void RemoveDeadZeroing(TacBlock* code) {
+  TacLine* previous = nullptr;
+  TacLine* line = code->mFirst;
+  while (line) {
+    TacLine* next = line->mNext;
+    if (line->opcode == kTacZero && PlainScalar(line->result) &&
+        OverwrittenBeforeRead(line)) {
+      RemoveLine(code, previous, line);
+    } else {
+      previous = line;
+    }
+    line = next;
+  }
+}

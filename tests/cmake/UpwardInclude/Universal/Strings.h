@@ -1,0 +1,1 @@
+int StringLength(char const* text);
