@@ -117,17 +117,43 @@ namespace context {
 int gScore = 0;
 int GetScore(VELDObject, long) { return gScore; }
 void SetScore(VELDObject, long, int value) { gScore = value; }
+double Half(VELDObject, double x) { return x / 2; }
 }  // namespace context
+
+TEST_F(ScriptBindings, AContextMemberThatDoesNotFitIsRefusedWhenTheClassIsDefined) {
+  struct Row {
+    quorl::HostClass cls;
+    char const* why;
+  } const rows[] = {
+      {quorl::HostClass("A").AddMethod(&context::Half, "Function Half(x As Double) As Integer"),
+       "returns Integer"},
+      {quorl::HostClass("B").AddMethod(&context::Half, "Function Half(x As Double"),
+       "does not read"},
+      {quorl::HostClass("C").AddProperty(&context::GetScore, &context::SetScore, 0,
+                                         "Score As String"),
+       "returns String"},
+  };
+  for (Row const& row : rows) {
+    try {
+      quorl::DefineClass(row.cls);
+      ADD_FAILURE() << row.why;
+    } catch (quorl::BindingError const& e) {
+      EXPECT_NE(std::string(e.what()).find(row.why), std::string::npos) << e.what();
+    }
+    EXPECT_FALSE(quorl::IsClassRegistered(row.cls.Name()));
+  }
+}
 
 TEST_F(ScriptBindings, AContextPropertyIsAssignedAndFunctionsOutliveTheContext) {
   quorl::HostClass game("Game");
-  game.AddProperty(reinterpret_cast<void*>(&context::GetScore),
-                   reinterpret_cast<void*>(&context::SetScore), 0, "Score As Integer");
+  game.AddProperty(&context::GetScore, &context::SetScore, 0, "Score As Integer")
+      .AddMethod(&context::Half, "Function Half(x As Double) As Double");
   quorl::DefineClass(game);
   script.AddFunction("Bonus", [] { return 10; });
   script.SetContext(quorl::Object::New("Game"));
   context::gScore = 5;
-  EXPECT_EQ(Run("Score = Score + Bonus()\nPrint Str(Score)\n"), (Lines{"15"}));
+  EXPECT_EQ(Run("Score = Score + Bonus()\nPrint Str(Score)\nPrint Str(Half(3))\n"),
+            (Lines{"15", "1.5"}));
   EXPECT_EQ(context::gScore, 15);
   script.SetContext(nullptr);
   EXPECT_EQ(Run("Print Str(Bonus())\n"), (Lines{"10"}));

@@ -31,6 +31,8 @@
 #include <utility>
 #include <vector>
 
+struct stringStorage;  // a script string (Plugin/PluginBoundary.h)
+
 namespace quorl {
 
 // Thrown by a bound host function: the calling script gets an exception of
@@ -195,6 +197,26 @@ struct Binding<void, A...> {
 
   static CppSignature Signature() { return {kNoValue, {WireOf<A>::kType...}}; }
 };
+
+// The types of a context method or property that the script calls
+// directly, without a binding between: what the machine code passes.
+template <class T> struct Raw;
+template <> struct Raw<int32_t> { static constexpr ValueType kType = kInteger; };
+template <> struct Raw<long> { static constexpr ValueType kType = kInteger; };
+template <> struct Raw<int64_t> { static constexpr ValueType kType = kInt64; };
+template <> struct Raw<double> { static constexpr ValueType kType = kDouble; };
+template <> struct Raw<float> { static constexpr ValueType kType = kSingle; };
+template <> struct Raw<bool> { static constexpr ValueType kType = kBoolean; };
+template <> struct Raw<stringStorage*> { static constexpr ValueType kType = kString; };
+template <> struct Raw<void> { static constexpr ValueType kType = kNoValue; };
+
+template <class R, class... A>
+CppSignature RawSignature() {
+  // A C++ bool result fills one byte of the register the script reads whole.
+  static_assert(!std::is_same<R, bool>::value,
+                "a context method gives a Boolean as int32_t, 0 or 1");
+  return {Raw<R>::kType, {Raw<A>::kType...}};
+}
 
 // The signature of a plain function, a lambda or another callable object.
 template <class F> struct Callable : Callable<decltype(&F::operator())> {};

@@ -162,10 +162,35 @@ class HostClass {
   HostClass& SetConstructor(VELDInstanceProc constructor);
   HostClass& SetDestructor(VELDInstanceProc destructor);
 
+  // Checked forms: the C++ function takes the object first, then what the
+  // declaration declares, in the types the script passes (int32_t, int64_t,
+  // double, float, bool, VELDString; a Boolean result as int32_t). A
+  // property's getter is T getter(object, parameter), its setter
+  // setter(object, parameter, T), either may be null. DefineClass checks
+  // each declaration against its function when an engine is loaded, and
+  // throws BindingError when one does not read or does not fit.
   template <class R, class... A>
-  HostClass& AddMethod(R (*entry)(A...), std::string declaration) {
+  HostClass& AddMethod(R (*entry)(VELDObject, A...), std::string declaration) {
+    mChecks.push_back({false, mMethods.size(), detail::RawSignature<R, A...>()});
     return AddMethod(reinterpret_cast<void*>(entry), std::move(declaration));
   }
+  template <class T>
+  HostClass& AddProperty(T (*getter)(VELDObject, long),
+                         void (*setter)(VELDObject, long, T), long parameter,
+                         std::string declaration) {
+    mChecks.push_back({true, mProperties.size(), detail::RawSignature<T>()});
+    return AddProperty(reinterpret_cast<void*>(getter),
+                       reinterpret_cast<void*>(setter), parameter,
+                       std::move(declaration));
+  }
+
+  // What the checked forms recorded: a member and its C++ signature.
+  struct Check {
+    bool property;
+    std::size_t index;
+    detail::CppSignature signature;
+  };
+  std::vector<Check> const& Checks() const { return mChecks; }
 
   std::string const& Name() const { return mName; }
   std::string const& SuperName() const { return mSuperName; }
@@ -183,6 +208,7 @@ class HostClass {
   VELDInstanceProc mDestructor = nullptr;
   std::vector<Method> mMethods;
   std::vector<Property> mProperties;
+  std::vector<Check> mChecks;
 };
 
 // Registers the class with the host (replacing one of the same name).
