@@ -28,15 +28,15 @@ std::string DlError() {
 
 }  // namespace
 
-// The environment's choice first, then the plug-in beside the program,
-// then the one installed with the library.
+// The environment's choice first, then the plug-in beside the program, the
+// one built with this library, and the one installed with it.
 std::string DefaultPluginPath() {
   char const* fromEnvironment = getenv("QUORL_PLUGIN");
   if (fromEnvironment && *fromEnvironment) return fromEnvironment;
   std::string beside = ExecutableDirectory() + "/" + kPluginFileName;
-#ifdef QUORL_INSTALLED_PLUGIN
-  if (access(beside.c_str(), F_OK) != 0) return QUORL_INSTALLED_PLUGIN;
-#endif
+  if (access(beside.c_str(), F_OK) == 0) return beside;
+  for (char const* candidate : {QUORL_BUILT_PLUGIN, QUORL_INSTALLED_PLUGIN})
+    if (access(candidate, F_OK) == 0) return candidate;
   return beside;
 }
 

@@ -105,7 +105,9 @@ struct HostOptions {
   std::function<void()> yieldHook;
 };
 
-// The plug-in beside the running executable, unless QUORL_PLUGIN names one.
+// The plug-in QUORL_PLUGIN names; else the one beside the running
+// executable; else the one built with this library (a program built beside
+// the engine); else the installed one.
 std::string DefaultPluginPath();
 
 // Loads the plug-in (an empty path means DefaultPluginPath()) and calls its
