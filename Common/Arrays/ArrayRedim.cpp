@@ -67,7 +67,9 @@ void RedimOneDimension(ArrayBody body, long newUbound) {
     RaiseOutOfBoundsException();
     return;
   }
-  long long length = static_cast<long long>(newUbound + 1) * body.elementSize;
+  // Widened before the + 1: the largest bound has a count past 32 bits,
+  // which the allocation refuses.
+  long long length = (static_cast<long long>(newUbound) + 1) * body.elementSize;
   long oldLength = body.shape->bufferLength;
   unsigned char* fresh = AllocateBuffer(length);
   if (AllocationFailed(length, fresh)) return;

@@ -31,9 +31,12 @@ int IntegerLiteralToken(uint64_t value, bool decimal) {
   return Deliver(CurrentTLP()->GetLiteral((long long)value, type), kTokInteger);
 }
 
-// The value comes from the text alone, read in the "C" locale.
-int RealLiteralToken() {
-  double value = uatod(tokenbuf);
+// The value comes from the literal's own bytes in the source, read in the
+// "C" locale: tokenbuf keeps only the first of a very long literal.
+int RealLiteralToken(unsigned int start) {
+  string literal;
+  literal.ConstructFromBuffer(sState.text + start, sState.pos - start);
+  double value = uatod(literal.CString());
   TacAddr const* addr =
       CurrentTLP()->GetLiteral(IRValue::Real64(value), IRDataType(kReal64Type));
   return Deliver(addr, kTokFloat);
@@ -176,6 +179,7 @@ int HexDigitValue(int c) {
 // digit serves integers only and wraps silently.
 int NumericLiteralToken(int first) {
   ClearCanAssignAtDepthZero();
+  unsigned int start = sState.pos - 1;
   TokenText text;
   uint64_t value = 0;
   int c = first;
@@ -193,13 +197,14 @@ int NumericLiteralToken(int first) {
   }
   real = AddExponent(text, c) || real;
   putback(c);
-  if (real) return RealLiteralToken();
+  if (real) return RealLiteralToken(start);
   return IntegerLiteralToken(value, true);
 }
 
 // `.5` reads as 0.5.
 int FractionLiteralToken() {
   ClearCanAssignAtDepthZero();
+  unsigned int start = sState.pos - 1;
   TokenText text;
   text.Add('0');
   text.Add('.');
@@ -207,7 +212,7 @@ int FractionLiteralToken() {
   AddDigits(text, c);
   AddExponent(text, c);
   putback(c);
-  return RealLiteralToken();
+  return RealLiteralToken(start);
 }
 
 // After "&": h, o, b radix prefixes and c for a colour; anything else is

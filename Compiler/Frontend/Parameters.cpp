@@ -95,7 +95,8 @@ bool ValidateParameterModifiers(SemBase* modifiers, SemBase* defaultValue) {
 
 namespace {
 
-// ParamArray makes the type an array of one dimension; ByRef a reference.
+// ParamArray makes the type an array of one dimension; ByRef a reference,
+// once however often it is written (the repetition is reported apart).
 IRDataType ModifiedType(SemBase* modifiers, IRDataType type, SemBase* ident) {
   ForEachItem(modifiers, [&type, ident](SemBase* item) {
     int which = ModifierOf(item);
@@ -104,7 +105,7 @@ IRDataType ModifiedType(SemBase* modifiers, IRDataType type, SemBase* ident) {
         type = type.AsArray(1);
       else if (type.GetDimensions() > 1)
         Error(kErrorParameterArrayRank, ident->Location());
-    } else if (which == kByRef) {
+    } else if (which == kByRef && type.GetMainType() != kReferenceType) {
       type = type.AsReference();
     }
   });

@@ -8,8 +8,6 @@
 
 namespace {
 
-enum { kMaxLinkNameLength = 2048 };
-
 // "<" the type's text ">": the link name of a declared type.
 string TypeNameToken(IRDataType const& type) {
   return string("<") + type.ToString() + ">";
@@ -91,8 +89,8 @@ char* RawTypeCode(char* buf, IRDataType const& type) {
   return buf + code.Length();
 }
 
-// Built as a string rather than in a fixed buffer, so that a long name
-// fails the length check instead of overrunning memory.
+// Built as a string rather than in a fixed buffer: a name of any length,
+// however deep its qualifier, has its link name.
 string MangledMethodName(MethodSymbol* method, string qualifier) {
   QASSERT_TEXT(method, "method");
   if (method->External()) return method->GetLinkID();
@@ -112,7 +110,6 @@ string MangledMethodName(MethodSymbol* method, string qualifier) {
     for (unsigned long i = 0; i < method->CountParameters(); i++)
       id += TypeCode(method->GetParameter(i)->GetType());
   }
-  QASSERT_TEXT(id.Length() < kMaxLinkNameLength, "id.Length() < 2048");
   id = id.GetUTF8String();
   id.SetEncoding(kEncodingUTF8);
   return id;

@@ -25,12 +25,13 @@ SourceUnitDependencyLink::SourceUnitDependencyLink(
 
 Symbol::Symbol(string const& name)
     : mName(name), mHash(Hash(name)), mSourceUnit(nullptr),
-      mSourceLine(CurrentSourceLine()), mOwner(nullptr), mNextInTable(nullptr),
-      mNextSameName(nullptr) {}
+      mSourceLine(CurrentSourceLine()), mWrittenInScript(false),
+      mOwner(nullptr), mNextInTable(nullptr), mNextSameName(nullptr) {}
 
 Symbol::Symbol(Symbol const& original, SourceUnitDependencyLink* link)
     : mName(original.mName), mHash(original.mHash), mSourceUnit(link),
-      mSourceLine(original.mSourceLine), mOwner(nullptr),
+      mSourceLine(original.mSourceLine), mWrittenInScript(true),
+      mOwner(nullptr),
       mNextInTable(nullptr), mNextSameName(nullptr) {
   QASSERT_TEXT(NULL == original.mSourceUnit, "NULL == original.mSourceUnit");
 }
@@ -138,7 +139,7 @@ Symbol* SymbolTable::LookupDeclaration(string const& name,
   LookupSet set = Lookup(name);
   while (set.Next()) {
     Symbol* symbol = set.Value();
-    if (symbol->SourceLine() != line) continue;
+    if (!symbol->WrittenInScript() || symbol->SourceLine() != line) continue;
     if (symbol->SourceUnit() && symbol->SourceUnit()->UnitID() != unitID)
       continue;
     QASSERT_TEXT(NULL == out, "NULL == out");

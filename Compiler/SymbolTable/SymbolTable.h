@@ -66,6 +66,8 @@ class Symbol {
   explicit Symbol(string const& name);
   // A copy for another table: name, hash and line; the copy is not owned
   // and carries `link` as its source unit. A clone is never cloned again.
+  // Copies are what a unit's scan leaves in the global table: only they
+  // count as declarations written in a script.
   Symbol(Symbol const& original, SourceUnitDependencyLink* link);
   virtual bool IsA(int kind) const { return false; }
   virtual ~Symbol() {}
@@ -78,6 +80,9 @@ class Symbol {
   unsigned long GetHash() const { return mHash; }
   unsigned int SourceLine() const { return mSourceLine; }
   SourceUnitDependencyLink* SourceUnit() const { return mSourceUnit; }
+  // False for what the host and the runtime library declare: their lines
+  // are those of their own declaration texts, not of any script.
+  bool WrittenInScript() const { return mWrittenInScript; }
   SymbolTable* Owner() const { return mOwner; }
 
  private:
@@ -91,6 +96,7 @@ class Symbol {
   unsigned long mHash;
   SourceUnitDependencyLink* mSourceUnit;
   unsigned int mSourceLine;
+  bool mWrittenInScript;
   SymbolTable* mOwner;
   Symbol* mNextInTable;   // insertion order
   Symbol* mNextSameName;  // the next older symbol of this name

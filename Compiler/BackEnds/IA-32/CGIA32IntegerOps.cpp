@@ -71,8 +71,9 @@ void CGIA32::tac_Mul(TacLine const& line) {
   QASSERT_TEXT(0, "0");
 }
 
-// Division by zero never reaches the processor's trap: the divisor is
-// tested first, and a zero gives 0 (quotient) or the dividend (remainder).
+// Neither division fault reaches the processor's trap. A zero divisor gives
+// 0 (quotient) or the dividend (remainder); a signed divisor of -1 is a
+// negation, which wraps the lowest value to itself, and leaves remainder 0.
 void CGIA32::IntegerDivide(TacLine const& line, bool remainder) {
   bool isSigned = CategorizeBinop(line) == kCategorySInt32;
   int a = LoadTacAddr(line.opA, kSelectFunctionResult);
@@ -81,10 +82,13 @@ void CGIA32::IntegerDivide(TacLine const& line, bool remainder) {
   Touch(b);
   Touch(kEDX);
   long byZero = NewLocalLabel();
+  long byMinusOne = NewLocalLabel();
   long done = NewLocalLabel();
   ia32_cmp_imm32(kModRegister, b, 0);
   EmitBranch(&IA32OpWriter::ia32_je, 2, byZero);
   if (isSigned) {
+    ia32_cmp_imm32(3, b, -1);
+    EmitBranch(&IA32OpWriter::ia32_je, 2, byMinusOne);
     ia32_cdq();
     ia32_idiv(kModRegister, b);
   } else {
@@ -97,6 +101,14 @@ void CGIA32::IntegerDivide(TacLine const& line, bool remainder) {
     ia32_mov(kModRegister, kEDX, kEAX);
   else
     ia32_mov_imm32(kEAX, 0);
+  if (isSigned) {
+    EmitBranch(&IA32OpWriter::ia32_jmp_rel, 1, done);
+    PlaceLabel(byMinusOne);
+    if (remainder)
+      ia32_xor(3, kEDX, kEDX);
+    else
+      ia32_neg(3, kEAX);
+  }
   PlaceLabel(done);
   StoreTacAddr(remainder ? kEDX : kEAX, line.result);
 }
@@ -167,8 +179,16 @@ void CGIA32::tac_BitXor(TacLine const& line) {
 
 // A nil opB categorises as UInt32, so a 64-bit operand stops at the
 // category check.
+// The operand is alone: its own type gives the width.
 void CGIA32::tac_BitNot(TacLine const& line) {
-  ArithmeticCategory category = CategorizeBinop(line);
+  ArithmeticCategory category = CategorizeType(line.opA->mType);
+  if (category == kCategorySInt64 || category == kCategoryUInt64) {
+    int hi, lo;
+    LoadInt64TacAddr(line.opA, &hi, &lo, kSelectAnyGPR);
+    ia32_not(3, hi);
+    ia32_not(3, lo);
+    return StoreInt64TacAddr(hi, lo, line.result);
+  }
   QASSERT_TEXT(category <= kCategoryUInt32, "0");
   int a = LoadTacAddr(line.opA, kSelectAnyGPR);
   Touch(a);

@@ -161,9 +161,17 @@ void CGPPC::tac_BitXor(TacLine const& line) {
   Int64Binop(line, QUORL_OP(ppc_xor), QUORL_OP(ppc_xor));
 }
 
-// The complement is -1 - a.
+// The complement is -1 - a, word by word; the operand is alone, so its own
+// type gives the width.
 void CGPPC::tac_BitNot(TacLine const& line) {
-  ArithmeticCategory category = CategorizeBinop(line);
+  ArithmeticCategory category = CategorizeType(line.opA->mType);
+  if (category == kCategorySInt64 || category == kCategoryUInt64) {
+    int hi, lo;
+    LoadInt64TacAddr(line.opA, &hi, &lo, kSelectAnyGPR);
+    ppc_subfic(hi, hi, -1);
+    ppc_subfic(lo, lo, -1);
+    return StoreInt64TacAddr(hi, lo, line.result);
+  }
   QASSERT_TEXT(category <= kCategoryUInt32, "0");
   int a = LoadTacAddr(line.opA, kSelectAnyGPR);
   Touch(a);
