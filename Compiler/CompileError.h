@@ -18,6 +18,8 @@ enum CompileErrorCode {
   kErrorParserStackOverflow = 5,
   kErrorTooManyArguments = 6,
   kErrorNotEnoughArguments = 7,
+  // Also an argument that fits no parameter: a call, a constructor, an
+  // overload of a local method.
   kErrorNotAnArray = 9,
   kErrorBadParameterDefault = 10,
   kErrorUnknownName = 11,
@@ -43,6 +45,7 @@ enum CompileErrorCode {
   kErrorMeOutsideClass = 33,
   kErrorReturnOutsideMethod = 34,
   kErrorCatchNotException = 35,
+  kErrorInterfaceReturnType = 36,
   kErrorBadReturnType = 37,
   kErrorSuperOutsideClass = 41,
   kErrorSuperWithoutParent = 42,
@@ -53,6 +56,13 @@ enum CompileErrorCode {
   kErrorNextNameMismatch = 47,
   kErrorArrayBoundNotConstant = 48,
   kErrorArraySortType = 52,
+  // 56 to 61: a name already used by another declaration.
+  kErrorNameUsedByMethod = 56,
+  kErrorNameUsedByClassMethod = 57,
+  kErrorDuplicateEvent = 58,
+  kErrorNameUsedByType = 59,
+  kErrorNameUsedByModule = 60,
+  kErrorNameUsedByConstant = 61,
   kErrorReservedWord = 62,
   kErrorNotAType = 63,
   kErrorExternNeedsReturn = 65,
@@ -63,6 +73,7 @@ enum CompileErrorCode {
   kErrorModulePropertyGetter = 71,
   kErrorIfWithoutCondition = 72,
   kErrorReturnValueMismatch = 73,
+  kErrorExclusiveModifiers = 74,
   kErrorRepeatedModifier = 75,
   // 76 to 79: forbidden combinations of parameter modifiers.
   kErrorParameterModifier = 76,
@@ -81,6 +92,8 @@ enum CompileErrorCode {
   kErrorUnknownPragma = 87,
   kErrorTypeAsValue = 89,
   kErrorCaseOutsideSelect = 90,
+  kErrorBadAccessorWord = 91,
+  kErrorAccessorEndMismatch = 92,
   kErrorDuplicateLinkName = 93,
   kErrorIfNotClosed = 95,
   kErrorSelectNotClosed = 96,

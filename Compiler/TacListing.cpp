@@ -1,5 +1,6 @@
 #include "Compiler/TacListing.h"
 
+#include "Compiler/Intrinsics.h"
 #include "Universal/ByteHelpers.h"
 
 namespace {
@@ -56,37 +57,62 @@ string StorageText(TacAddr const* addr) {
   return "storage?";
 }
 
-// Numbers that name something rather than being values: an intrinsic's
-// number, a function's local table.
-string NumberedText(char const* what, TacAddr const* addr) {
-  if (!addr->IsConstant()) return TacAddrText(addr);
-  return string(what) + ultoa(addr->GetValue()->uSInt32);
+// A constant that stands for something run-dependent, by its name.
+bool StandInText(TacAddr const* addr, TacListingStandIns const* standIns,
+                 string* text) {
+  if (!standIns || IsNil(addr) || !addr->IsConstant()) return false;
+  IRValue const* value = addr->GetValue();
+  string name;
+  SimpleDataType type = addr->mType.GetMainType();
+  bool found = (type == kSInt32Type &&
+                standIns->mAddresses.GetEntry(value->uSInt32, name)) ||
+               (type == kStringType &&
+                standIns->mLinkNames.GetEntry(value->mString, name));
+  if (found) *text = string("<") + name + "> As " + addr->mType.ToString();
+  return found;
 }
 
-string OpAText(TacLine const& line) {
+string OperandText(TacAddr const* addr, TacListingStandIns const* standIns) {
+  string text;
+  return StandInText(addr, standIns, &text) ? text : TacAddrText(addr);
+}
+
+// An intrinsic by its link name, a local table by its number.
+string OpAText(TacLine const& line, TacListingStandIns const* standIns) {
   if (line.opcode == kTacLabel) return LabelText(line.opA);
-  if (line.opcode == kTacIntrinsic) return NumberedText("intrinsic ", line.opA);
-  return TacAddrText(line.opA);
+  if (line.opcode == kTacIntrinsic && line.opA->IsConstant()) {
+    SimpleVector<string> const& names = IntrinsicFunctionNames();
+    unsigned long number = line.opA->GetValue()->uSInt32;
+    if (number > 0 && number < names.size()) return names[number];
+  }
+  return OperandText(line.opA, standIns);
 }
 
-string OpBText(TacLine const& line) {
-  if (line.opcode == kTacEnter) return NumberedText("table ", line.opB);
-  return TacAddrText(line.opB);
+string OpBText(TacLine const& line, TacListingStandIns const* standIns) {
+  if (line.opcode == kTacEnter && line.opB->IsConstant())
+    return string("table ") + ultoa(line.opB->GetValue()->uSInt32);
+  return OperandText(line.opB, standIns);
 }
 
 // The operand list of one line: `opA, opB -> result`.
-string OperandsText(TacLine const& line) {
+string OperandsText(TacLine const& line, TacListingStandIns const* standIns) {
   bool hasA = !IsNil(line.opA), hasB = !IsNil(line.opB);
   string text;
-  if (hasA || hasB) text = OpAText(line);
-  if (hasB) text += string(", ") + OpBText(line);
+  if (hasA || hasB) text = OpAText(line, standIns);
+  if (hasB) text += string(", ") + OpBText(line, standIns);
   if (!IsNil(line.result)) {
     if (text.Length()) text += " ";
     text += "-> ";
     text += ResultIsLabel(line.opcode) ? LabelText(line.result)
-                                       : TacAddrText(line.result);
+                                       : OperandText(line.result, standIns);
   }
   return text;
+}
+
+string LineText(TacLine const& line, TacListingStandIns const* standIns) {
+  if (line.opcode == kTacLabel) return LabelText(line.opA) + ":";
+  string text = PadRight(TacOpcodeName(line.opcode), kOpcodeColumn);
+  return rtrim(text + OperandsText(line, standIns));
 }
 
 }  // namespace
@@ -99,22 +125,18 @@ string TacAddrText(TacAddr const* addr) {
   return addr->LinkID() + type + " (" + StorageText(addr) + ")";
 }
 
-string TacLineText(TacLine const& line) {
-  if (line.opcode == kTacLabel) return LabelText(line.opA) + ":";
-  string text = PadRight(TacOpcodeName(line.opcode), kOpcodeColumn);
-  return rtrim(text + OperandsText(line));
-}
+string TacLineText(TacLine const& line) { return LineText(line, nullptr); }
 
 // Labels stand flush left like in an assembler listing, so that the jumps'
 // targets are easy to find; operations are indented below them.
-string ListTacBlock(TacBlock const& block) {
+string ListTacBlock(TacBlock const& block, TacListingStandIns const* standIns) {
   string listing;
   TacBlockIterator lines(&block);
   while (lines.Next()) {
     TacLine const& line = lines.Value();
     listing += PadLeft(ultoa(line.mLine), kLineColumn);
     listing += line.opcode == kTacLabel ? "  " : "      ";
-    listing += TacLineText(line);
+    listing += LineText(line, standIns);
     listing += "\n";
   }
   return listing;

@@ -122,7 +122,8 @@ Ref<CodeModule> Compiler::Compile(string const& source, string const& name,
     if (mOptimize && context->mProgramCode && context->mProgramCode->Code())
       ImproveProgram(context->mProgramCode->Code());
     if (mTacListing && context->mProgramCode)
-      *mTacListing = ListTacBlock(*context->mProgramCode->Code());
+      *mTacListing =
+          ListTacBlock(*context->mProgramCode->Code(), &mTacListingStandIns);
     module = RunBackEnd(name);
   }
   if (module) HandOverToModule(&*module, context);

@@ -7,6 +7,7 @@
 #include "Compiler/CompilerDelegate.h"
 #include "Compiler/Frontend/LanguageOptions.h"
 #include "Compiler/SmartRef.h"
+#include "Compiler/TacListing.h"
 #include "Universal/SimpleVector.h"
 #include "Universal/stringmap.h"
 #include "Universal/ustring.h"
@@ -54,6 +55,8 @@ class Compiler {
   // When set, receives the listing of the program's three-address code
   // once the front end has succeeded: the developer's view of a compile.
   string* mTacListing;
+  // What the listing names in place of run-dependent constants.
+  TacListingStandIns mTacListingStandIns;
   // Run the optimizing passes and let the back end generate its faster
   // forms; on unless the caller asks for the code exactly as written. The
   // listing shows the code after the passes.

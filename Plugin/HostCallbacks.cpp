@@ -30,6 +30,13 @@ static string HostLinkName(void* entry) {
   return string("_") + ultohexa((unsigned long)entry);
 }
 
+bool IsHostLinkName(string const& name) {
+  if (name.Length() != 9 || name[0] != '_') return false;
+  for (int i = 1; i < 9; i++)
+    if (!isxdigit(static_cast<unsigned char>(name[i]))) return false;
+  return true;
+}
+
 // A hidden Int32 parameter whose value is baked into every call.
 static ParameterSymbol* MakeHiddenParameter(char const* name, long value) {
   ParameterSymbol* parameter = new ParameterSymbol(string(name), IRDataType(kSInt32Type));

@@ -47,6 +47,23 @@ static bool DeclareSource(GlobalSymbolTable* symbols, string const& source,
   return true;
 }
 
+// The listing names what changes from run to run: the correspondent and the
+// context, whose addresses calls pass silently, and the host's methods,
+// whose link names are made from their addresses.
+static void NameBakedAddresses(QuorlScriptCorrespondent* correspondent,
+                               void const* context, ModuleSymbol* symbols,
+                               TacListingStandIns* standIns) {
+  standIns->mAddresses.AddEntry((long)correspondent, string("correspondent"));
+  if (context) standIns->mAddresses.AddEntry((long)context, string("context"));
+  MethodSymbolIterator methods = symbols->IterateMethods();
+  while (methods.Next()) {
+    MethodSymbol* method = methods.Value();
+    if (IsHostLinkName(method->GetLinkID()))
+      standIns->mLinkNames.AddEntry(method->GetLinkID(),
+                                    string("host ") + method->Name());
+  }
+}
+
 Ref<CodeModule> QuorlScriptInterface::CompileSource(
     StringMap<void*>* functionTable, string* listing,
     StringMapCase<string>* powerPCShapes) {
@@ -67,6 +84,8 @@ Ref<CodeModule> QuorlScriptInterface::CompileSource(
   compiler.mOptimize = VELDOptimizeScripts() != 0;
   GlobalSymbolTable* symbols = MakeQuorlScriptRuntimeDeclarations(this);
   EncodeHostCallbacks(symbols, functionTable);
+  if (listing)
+    NameBakedAddresses(this, mContext, symbols, &compiler.mTacListingStandIns);
   string source(mSourceText);
   Ref<CodeModule> module;
   if (DeclareSource(symbols, source, this)) {

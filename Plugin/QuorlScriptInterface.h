@@ -162,4 +162,8 @@ class QuorlScriptInterface : public QuorlScriptCorrespondent,
   volatile long mStopWord = 0;
 };
 
+// Whether a link name is one that the host callbacks made from an entry's
+// address.
+bool IsHostLinkName(string const& name);
+
 #endif

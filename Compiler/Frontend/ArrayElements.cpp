@@ -37,7 +37,8 @@ TacAddr const* StructureReference(TacAddr const* value,
 
 void FetchArrayEntry(TacAddr const* array, ArrayTableEntry offset,
                      TacAddr const* entry, SemBase* code) {
-  code->AddLine(kTacPeek, array, gContext->GetLiteral(24, kSInt32Type), entry);
+  code->AddLine(kTacPeek, array, gContext->GetLiteral(kArrayMethodsOffset, kSInt32Type),
+                entry);
   code->AddLine(kTacPeek, entry, gContext->GetLiteral(offset, kSInt32Type),
                 entry);
 }

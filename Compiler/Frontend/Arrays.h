@@ -3,12 +3,13 @@
 // UBound and the built-in array methods.
 //
 // Every access goes through the method table that each array object holds
-// at offset 24: the generated code reads a function pointer from the table
+// at kArrayMethodsOffset: the generated code reads a function pointer from the table
 // and calls it, so one sequence serves every element type and dimension
 // count. Only the entry's offset is known at compile time.
 #ifndef COMPILER_FRONTEND_ARRAYS_H
 #define COMPILER_FRONTEND_ARRAYS_H
 
+#include "Common/Arrays/ArrayLayout.h"
 #include "Compiler/Frontend/FunctionResultMode.h"
 #include "Compiler/Frontend/ParserError.h"
 #include "Compiler/datatypes.h"
@@ -17,21 +18,6 @@
 class SemBase;
 class TacAddr;
 
-// Byte offsets of the entries of an array's method table.
-enum ArrayTableEntry {
-  kArrayGet = 0,
-  kArraySet = 4,
-  kArrayGetFast = 8,
-  kArraySetFast = 12,
-  kArrayRedim = 16,
-  kArrayInsert = 20,
-  kArrayRemove = 24,
-  kArraySort = 28,
-  kArraySortWith = 32,
-  kArrayIndexOf = 36,
-  kArrayShuffle = 40,
-  kArrayUbound = 44,
-};
 
 // The element code CreateArray takes for an element type; compile error
 // 129 and 0 for a type that has none.

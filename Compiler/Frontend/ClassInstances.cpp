@@ -21,9 +21,6 @@
 
 namespace {
 
-// Arguments that no constructor takes.
-CompileErrorCode const kErrorNoConstructorFits = CompileErrorCode(9);
-
 char const* const kConstructorName = "Constructor";
 char const* const kDestructorName = "Destructor";
 char const* const kAllocatorName = "__New";
@@ -149,7 +146,7 @@ void CallConstructor(ClassSymbol* cls, SemBase* newObject, SemBase* args,
     return;
   }
   if (anyCandidate || args)
-    Error(why == kErrorNone ? kErrorNoConstructorFits : why, where);
+    Error(why == kErrorNone ? kErrorNotAnArray : why, where);
 }
 
 // Only a destructor that the class declares itself counts: the runtime

@@ -76,6 +76,16 @@ void PokeMethods(ClassSymbol* cls, SemBase* code, TacAddr const* record) {
   }
 }
 
+// Whether a class between `cls` and the event's class handles it already:
+// the handler furthest up the chain stands, as in static records.
+bool HandledFurtherUp(ClassSymbol* cls, ClassSymbol* declaredIn,
+                      string const& name) {
+  for (ClassSymbol* c = cls->GetParent(); c && c != declaredIn;
+       c = c->GetParent())
+    if (c->LookupHandledEvent(name)) return true;
+  return false;
+}
+
 // The names of the class's own events, and the handlers it gives to the
 // events of its ancestors.
 void PokeEvents(ClassSymbol* cls, SemBase* code, TacAddr const* record) {
@@ -91,11 +101,12 @@ void PokeEvents(ClassSymbol* cls, SemBase* code, TacAddr const* record) {
   for (unsigned long i = 0; i < cls->CountHandledEvents(); i++) {
     HandledEvent* handled = cls->GetHandledEvent(i);
     QASSERT_TEXT(handled, "evec");
+    ClassSymbol* declaredIn = nullptr;
     MethodSymbol* event =
-        cls->GetParent() ? cls->GetParent()->LookupEvent(handled->EventName())
-                         : nullptr;
+        FindHandledEvent(cls, handled->EventName(), &declaredIn);
     if (!event) break;
     QASSERT_TEXT(handled->Handler(), "evec->Handler()");
+    if (HandledFurtherUp(cls, declaredIn, handled->EventName())) continue;
     PokeFunction(code, handled->Handler()->GetLinkID(), string(), table,
                  long(event->GetDispatchID()) * kEventEntrySize);
   }
@@ -193,6 +204,17 @@ string ClassRecordName(string const& linkName) {
 string MangledPropertyName(PropertySymbol* property) {
   QASSERT_TEXT(property, "property");
   return AddReturnTypeDescriptionToName(property->Name(), property->GetType());
+}
+
+MethodSymbol* FindHandledEvent(ClassSymbol* cls, string const& name,
+                               ClassSymbol** declaredIn) {
+  for (ClassSymbol* c = cls->GetParent(); c; c = c->GetParent()) {
+    if (MethodSymbol* event = c->LookupEvent(name)) {
+      if (declaredIn) *declaredIn = c;
+      return event;
+    }
+  }
+  return nullptr;
 }
 
 MethodSymbol* FindInterfaceMethodMatch(MethodSymbol* method, ClassSymbol* cls) {

@@ -77,6 +77,10 @@ void CheckInterfaceImplementation(InterfaceSymbol* interface, ClassSymbol* cls,
 // The method of `cls` or its nearest parent whose signature is that of the
 // interface method; null when there is none.
 MethodSymbol* FindInterfaceMethodMatch(MethodSymbol* method, ClassSymbol* cls);
+// The event that a handler of `cls` handles: the nearest ancestor's event
+// of that name, or null. `declaredIn` (may be null) receives its class.
+MethodSymbol* FindHandledEvent(ClassSymbol* cls, string const& name,
+                               ClassSymbol** declaredIn);
 // The property's name with its type code, as the property table holds it.
 string MangledPropertyName(PropertySymbol* property);
 // The link name of the variable or block that holds the record of a class

@@ -27,11 +27,6 @@
 
 namespace {
 
-// An accessor block named neither Get nor Set, and an End that names the
-// other word.
-CompileErrorCode const kErrorBadAccessorWord = CompileErrorCode(91);
-CompileErrorCode const kErrorAccessorEndMismatch = CompileErrorCode(92);
-
 char const* const kSelectorName = "__Selector";
 char const* const kSetterValueName = "value";
 

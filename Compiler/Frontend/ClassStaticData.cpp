@@ -88,8 +88,7 @@ void CreateClassEventTableData(ClassSymbol* cls, StaticDataBlock* table) {
       HandledEvent* handled = c->GetHandledEvent(i);
       QASSERT_TEXT(handled, "evec");
       MethodSymbol* event =
-          c->GetParent() ? c->GetParent()->LookupEvent(handled->EventName())
-                         : nullptr;
+          FindHandledEvent(c, handled->EventName(), nullptr);
       if (!event) break;
       QASSERT_TEXT(handled->Handler(), "evec->Handler()");
       ImportFunction(table, handled->Handler()->GetLinkID(), string(),

@@ -18,9 +18,6 @@
 
 namespace {
 
-// Two events of one name on a class's chain.
-CompileErrorCode const kErrorDuplicateEvent = CompileErrorCode(58);
-
 bool StaticClassData() { return gContext->mStaticClassData != 0; }
 
 // Calls `take` for each member of a class body: one item or a flat list.
@@ -110,20 +107,10 @@ string CreateInstanceFinalizer(ClassSymbol* cls, SemBase* code) {
   return name;
 }
 
-MethodSymbol* LookupFunction(MethodDeclarationListOwner* owner,
-                             char const* name) {
-  MethodList found = owner->MethodDeclarationListOwner::LookupMethods(
-      name, kAllMethods);
-  QASSERT_TEXT(found, "getters");
-  QASSERT_TEXT(1 == found->size(), "1 == getters->size()");
-  QASSERT_TEXT((*found)[0], "getter");
-  return (*found)[0];
-}
-
 // __Lookup: the record, made on first use unless it is static data.
 void CreateClassRetriever(MethodDeclarationListOwner* owner,
                           string const& linkName, SemBase* code) {
-  MethodSymbol* lookup = LookupFunction(owner, "__Lookup");
+  MethodSymbol* lookup = ClassLookupFunction(owner);
   GeneratedFunction retriever(lookup->GetLinkID());
   TacAddr const* record = gContext->GetStaticSymbolAddr(
       IRDataType(kClassType), ClassRecordName(linkName));

@@ -189,15 +189,14 @@ SemBase* CompileLoopUntil(SemBase* doCond, SemBase* code, SemBase* body,
 
 // ---------------------------------------------------------- Exit, Continue
 
-SemBase* CompileExit(int blockType, SemBase* ident) {
+SemBase* CompileExit(BlockContext::Type blockType, SemBase* ident) {
   SemBase* code = NewStatementCode();
-  EmitJump(code, Blocks().FindExitAddr(BlockContext::Type(blockType), ident));
+  EmitJump(code, Blocks().FindExitAddr(blockType, ident));
   return code;
 }
 
-SemBase* CompileContinue(int blockType, SemBase* ident) {
+SemBase* CompileContinue(BlockContext::Type blockType, SemBase* ident) {
   SemBase* code = NewStatementCode();
-  EmitJump(code,
-           Blocks().FindContinueAddr(BlockContext::Type(blockType), ident));
+  EmitJump(code, Blocks().FindContinueAddr(blockType, ident));
   return code;
 }

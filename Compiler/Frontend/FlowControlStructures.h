@@ -5,6 +5,8 @@
 #ifndef COMPILER_FRONTEND_FLOWCONTROLSTRUCTURES_H
 #define COMPILER_FRONTEND_FLOWCONTROLSTRUCTURES_H
 
+#include "Compiler/Frontend/BlockContext.h"
+
 class SemBase;
 
 // block_if: the if-start marker; inline_if
@@ -50,9 +52,9 @@ SemBase* CompileNextEachLoop(SemBase* loopVar, SemBase* arrayExpr,
                              SemBase* code, SemBase* body, SemBase* nextVar);
 // exit_statement: Exit, Exit Do, Exit While, Exit For opt_ident, Exit Function,
 // Exit Sub
-SemBase* CompileExit(int blockType, SemBase* ident);
+SemBase* CompileExit(BlockContext::Type blockType, SemBase* ident);
 // continue_statement: Continue, Continue Do, Continue While, Continue For
 // opt_ident
-SemBase* CompileContinue(int blockType, SemBase* ident);
+SemBase* CompileContinue(BlockContext::Type blockType, SemBase* ident);
 
 #endif

@@ -16,8 +16,6 @@
 
 namespace {
 
-enum : unsigned long { kLessThan = 0x3C, kGreaterThan = 0x3E, kPlus = 0x2B };
-
 BlockContextList& Blocks() {
   QASSERT(gContext);
   return gContext->blocks;
@@ -84,8 +82,8 @@ void AppendBranchOut(SemBase* code, SemBase* test, TacOpcode opcode,
 void AppendConstantStepTest(SemBase* code, SemBase* current, SemBase* toValue,
                             SemBase* step, TacAddr const* exit) {
   SemBase* test = IsNegativeConstant(step)
-                      ? CompileBinop(current, kLessThan, toValue)
-                      : CompileBinop(toValue, kLessThan, current);
+                      ? CompileBinop(current, kOpLess, toValue)
+                      : CompileBinop(toValue, kOpLess, current);
   AppendBranchOut(code, test, kTacIfNEI, exit);
 }
 
@@ -96,15 +94,15 @@ void AppendVariableStepTest(SemBase* code, SemBase* current, SemBase* toValue,
   TacAddr const* negative = NewLabel();
   TacAddr const* go = NewLabel();
   SemBase* zero = SemValue::New(gTacZero, nullptr);
-  AppendBranchOut(code, CompileBinop(step->Clone(), kLessThan, zero), kTacIfNEI,
+  AppendBranchOut(code, CompileBinop(step->Clone(), kOpLess, zero), kTacIfNEI,
                   negative);
   AppendBranchOut(
-      code, CompileBinop(current->Clone(), kGreaterThan, toValue->Clone()),
+      code, CompileBinop(current->Clone(), kOpGreater, toValue->Clone()),
       kTacIfEQI, go);
   EmitJump(code, exit);
   EmitLabel(code, negative);
   AppendBranchOut(code,
-                  CompileBinop(current->Clone(), kLessThan, toValue->Clone()),
+                  CompileBinop(current->Clone(), kOpLess, toValue->Clone()),
                   kTacIfNEI, exit);
   EmitLabel(code, go);
 }
@@ -113,7 +111,7 @@ void AppendVariableStepTest(SemBase* code, SemBase* current, SemBase* toValue,
 SemBase* CounterStep(SemBase* loopVar, SemBase* step, TacAddr const* top,
                      TacAddr const* exit) {
   SemBase* tail = NewStatementCode();
-  SemBase* sum = CompileBinop(ReadCounter(loopVar), kPlus, step);
+  SemBase* sum = CompileBinop(ReadCounter(loopVar), kOpAdd, step);
   AppendIfCode(tail, AssignCounter(loopVar, sum, kErrorUnknownName));
   EmitJump(tail, top);
   EmitLabel(tail, exit);
@@ -170,9 +168,10 @@ void AppendUpperBound(SemBase* code, TacAddr const* array,
                       TacAddr const* bound) {
   TacAddr const* method =
       code->NewTemp(IRDataType(kSInt32Type), nullptr)->GetAddr();
-  code->AddLine(kTacPeek, array, gContext->GetLiteral(24, kSInt32Type), method);
-  code->AddLine(kTacPeek, method, gContext->GetLiteral(44, kSInt32Type),
-                method);
+  code->AddLine(kTacPeek, array,
+                gContext->GetLiteral(kArrayMethodsOffset, kSInt32Type), method);
+  code->AddLine(kTacPeek, method,
+                gContext->GetLiteral(kArrayUbound, kSInt32Type), method);
   code->AddLine(kTacPutParam, array, nilTacAddr, nilTacAddr);
   code->AddLine(kTacPutParam, gTacOne, nilTacAddr, nilTacAddr);
   code->AddLine(kTacCallPtr, method, nilTacAddr, bound);

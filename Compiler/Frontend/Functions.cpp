@@ -1,5 +1,6 @@
 #include "Compiler/Frontend/Functions.h"
 
+#include "Common/ObjectModel/ObjectLayout.h"
 #include "Compiler/Frontend/Assignments.h"
 #include "Compiler/Frontend/Exceptions.h"
 #include "Compiler/Frontend/Finalization.h"
@@ -273,7 +274,8 @@ SemBase* CompileEndFunction(SemBase* unused1, SemBase* name, SemBase* params,
   code->Append(CompileFunctionProlog(name, params));
   if (instance)
     code->AddLine(kTacBaseref, LocalVariable(kSelfName)->GetAddr(),
-                  gContext->GetLiteral(24, kSInt32Type), nilTacAddr);
+                  gContext->GetLiteral(kObjectInstanceDataOffset, kSInt32Type),
+                  nilTacAddr);
   if (body && body->Code()) code->Append(body);
   code->Append(ExitSequence(table));
   CloseMethod(method);

@@ -35,9 +35,6 @@ struct Lookup {
   SourceLocation const& Where() const { return ident->Location(); }
 };
 
-// 1c: no overload of a local method fits.
-CompileErrorCode const kErrorNoLocalOverload = CompileErrorCode(9);
-
 // Calls the one of `methods` that fits; null when none does, with the
 // reason in the lookup.
 SemBase* CallFound(Lookup& lookup, MethodList const& methods, SemBase* base) {
@@ -64,7 +61,7 @@ SemBase* SearchMethod(Lookup& lookup) {
   MethodList methods = table->LookupMethods(lookup.name, lookup.Filter());
   if (!methods) return nullptr;
   result = CallFound(lookup, methods, nullptr);
-  if (!result) lookup.whyFailed = kErrorNoLocalOverload;
+  if (!result) lookup.whyFailed = kErrorNotAnArray;
   return result;
 }
 

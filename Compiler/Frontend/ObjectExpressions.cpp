@@ -1,3 +1,4 @@
+#include "Common/ObjectModel/ObjectLayout.h"
 #include "Compiler/Frontend/Classes.h"
 #include "Compiler/Frontend/ObjectExpressions.h"
 
@@ -14,9 +15,6 @@
 #include "Universal/Assertion.h"
 
 namespace {
-
-// Where every object keeps its class pointer.
-long const kObjectClassOffset = 4;
 
 SemBase* FindVariable(char const* name) {
   return FindLocalSymbol(SemIdentifier::New(name));

@@ -45,7 +45,6 @@ namespace {
 
 // Error 9 also names `Ubound` of what is no array; here it is an argument
 // that does not fit its parameter.
-CompileErrorCode const kErrorArgumentMismatch = kErrorNotAnArray;
 
 bool IsParamArray(ParameterSymbol* param) {
   return param->GetRole() == ParameterSymbol::kParamArrayParameter;
@@ -95,7 +94,7 @@ CompileErrorCode MatchArguments(MethodSymbol* method,
       for (; missing < 1; missing++) {
         if (next >= args.size()) break;
         if (!ParamAndArgAreCompatible(element, args[next++], nullptr))
-          return kErrorArgumentMismatch;
+          return kErrorNotAnArray;
       }
       continue;
     }
@@ -104,7 +103,7 @@ CompileErrorCode MatchArguments(MethodSymbol* method,
       continue;
     if (next >= args.size()) break;
     if (!ParamAndArgAreCompatible(param->GetType(), args[next++], nullptr))
-      return kErrorArgumentMismatch;
+      return kErrorNotAnArray;
   }
   return kErrorNone;
 }

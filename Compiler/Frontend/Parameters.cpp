@@ -10,8 +10,6 @@
 
 namespace {
 
-CompileErrorCode const kErrorExclusiveModifiers = CompileErrorCode(74);
-
 // The modifier words in the order the checks name them; the text is how a
 // message spells each word.
 enum Modifier {
@@ -59,11 +57,13 @@ void ReportExclusive(SemBase* const* seen, int a, int b, bool& valid) {
 // numbers: these leave the parameter usable.
 void ReportForbiddenDefaults(SemBase* const* seen) {
   static int const kWithDefault[] = {kByRef, kParamArray, kAssigns, kExtends};
-  static int const kCodes[] = {76, 77, 78, 79};
+  static CompileErrorCode const kCodes[] = {
+      kErrorParameterModifier, kErrorParameterModifier77,
+      kErrorParameterModifier78, kErrorParameterModifier79};
   if (!seen[kOptional]) return;
   for (int i = 0; i < 4; i++)
     if (seen[kWithDefault[i]])
-      Error(CompileErrorCode(kCodes[i]), seen[kWithDefault[i]]->Location());
+      Error(kCodes[i], seen[kWithDefault[i]]->Location());
 }
 
 }  // namespace

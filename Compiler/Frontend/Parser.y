@@ -771,19 +771,19 @@ expr
   | object_ref        { CHECK; }
   | expr "And" expr   { $$ = CompileAnd($1, $3); CHECK; }
   | expr "Or" expr    { $$ = CompileOr($1, $3); CHECK; }
-  | expr '>' expr     { $$ = CompileBinop($1, 0x3E, $3); CHECK; }
-  | expr '<' expr     { $$ = CompileBinop($1, 0x3C, $3); CHECK; }
-  | expr '=' expr     { $$ = CompileBinop($1, 0x3D, $3); CHECK; }
-  | expr ">=" expr    { $$ = CompileBinop($1, 0x3E3D, $3); CHECK; }
-  | expr "<=" expr    { $$ = CompileBinop($1, 0x3C3D, $3); CHECK; }
-  | expr "<>" expr    { $$ = CompileBinop($1, 0x213D, $3); CHECK; }
-  | expr '+' expr     { $$ = CompileBinop($1, 0x2B, $3); CHECK; }
-  | expr '-' expr     { $$ = CompileBinop($1, 0x2D, $3); CHECK; }
-  | expr '*' expr     { $$ = CompileBinop($1, 0x2A, $3); CHECK; }
-  | expr '/' expr     { $$ = CompileBinop($1, 0x2F, $3); CHECK; }
-  | expr '\\' expr    { $$ = CompileBinop($1, 0x5C, $3); CHECK; }
-  | expr "Mod" expr   { $$ = CompileBinop($1, 0x25, $3); CHECK; }
-  | expr '^' expr     { $$ = CompileBinop($1, 0x5E, $3); CHECK; }
+  | expr '>' expr     { $$ = CompileBinop($1, kOpGreater, $3); CHECK; }
+  | expr '<' expr     { $$ = CompileBinop($1, kOpLess, $3); CHECK; }
+  | expr '=' expr     { $$ = CompileBinop($1, kOpEqual, $3); CHECK; }
+  | expr ">=" expr    { $$ = CompileBinop($1, kOpGreaterEqual, $3); CHECK; }
+  | expr "<=" expr    { $$ = CompileBinop($1, kOpLessEqual, $3); CHECK; }
+  | expr "<>" expr    { $$ = CompileBinop($1, kOpNotEqual, $3); CHECK; }
+  | expr '+' expr     { $$ = CompileBinop($1, kOpAdd, $3); CHECK; }
+  | expr '-' expr     { $$ = CompileBinop($1, kOpSubtract, $3); CHECK; }
+  | expr '*' expr     { $$ = CompileBinop($1, kOpMultiply, $3); CHECK; }
+  | expr '/' expr     { $$ = CompileBinop($1, kOpDivide, $3); CHECK; }
+  | expr '\\' expr    { $$ = CompileBinop($1, kOpIntegerDivide, $3); CHECK; }
+  | expr "Mod" expr   { $$ = CompileBinop($1, kOpModulo, $3); CHECK; }
+  | expr '^' expr     { $$ = CompileBinop($1, kOpPower, $3); CHECK; }
   | expr "Xor" expr   { $$ = CompileXor($1, $3); CHECK; }
   | expr TK_BITWISE_A expr
       { $$ = CompileBitwiseOperation($1, $3, kTacBitShiftLeft); CHECK; }
@@ -973,19 +973,19 @@ any_end
 /* ------------------------------------------------------ Exit and Continue */
 
 exit_statement
-  : "Exit"                   { $$ = CompileExit(0, nullptr); }
-  | "Exit" "Do"              { $$ = CompileExit(11, nullptr); }
-  | "Exit" "While"           { $$ = CompileExit(12, nullptr); }
-  | "Exit" "For" opt_ident   { $$ = CompileExit(10, $3); }
-  | "Exit" "Function"        { $$ = CompileExit(9, nullptr); }
-  | "Exit" "Sub"             { $$ = CompileExit(8, nullptr); }
+  : "Exit"                   { $$ = CompileExit(BlockContext::kAnyBlock, nullptr); }
+  | "Exit" "Do"              { $$ = CompileExit(BlockContext::kDo, nullptr); }
+  | "Exit" "While"           { $$ = CompileExit(BlockContext::kWhile, nullptr); }
+  | "Exit" "For" opt_ident   { $$ = CompileExit(BlockContext::kFor, $3); }
+  | "Exit" "Function"        { $$ = CompileExit(BlockContext::kFunction, nullptr); }
+  | "Exit" "Sub"             { $$ = CompileExit(BlockContext::kSub, nullptr); }
   ;
 
 continue_statement
-  : "Continue"                  { $$ = CompileContinue(0, nullptr); }
-  | "Continue" "Do"             { $$ = CompileContinue(11, nullptr); }
-  | "Continue" "While"          { $$ = CompileContinue(12, nullptr); }
-  | "Continue" "For" opt_ident  { $$ = CompileContinue(10, $3); }
+  : "Continue"                  { $$ = CompileContinue(BlockContext::kAnyBlock, nullptr); }
+  | "Continue" "Do"             { $$ = CompileContinue(BlockContext::kDo, nullptr); }
+  | "Continue" "While"          { $$ = CompileContinue(BlockContext::kWhile, nullptr); }
+  | "Continue" "For" opt_ident  { $$ = CompileContinue(BlockContext::kFor, $3); }
   ;
 
 /* --------------------------------------------------------------------- If */
@@ -1102,16 +1102,16 @@ case_tests
   ;
 
 case_test
-  : "Is" '>' expr   { $$ = CompileBinop(PeekSelectExpr(), 0x3E, $3); }
-  | "Is" '<' expr   { $$ = CompileBinop(PeekSelectExpr(), 0x3C, $3); }
-  | "Is" '=' expr   { $$ = CompileBinop(PeekSelectExpr(), 0x3D, $3); }
-  | "Is" ">=" expr  { $$ = CompileBinop(PeekSelectExpr(), 0x3E3D, $3); }
-  | "Is" "<=" expr  { $$ = CompileBinop(PeekSelectExpr(), 0x3C3D, $3); }
-  | "Is" "<>" expr  { $$ = CompileBinop(PeekSelectExpr(), 0x213D, $3); }
+  : "Is" '>' expr   { $$ = CompileBinop(PeekSelectExpr(), kOpGreater, $3); }
+  | "Is" '<' expr   { $$ = CompileBinop(PeekSelectExpr(), kOpLess, $3); }
+  | "Is" '=' expr   { $$ = CompileBinop(PeekSelectExpr(), kOpEqual, $3); }
+  | "Is" ">=" expr  { $$ = CompileBinop(PeekSelectExpr(), kOpGreaterEqual, $3); }
+  | "Is" "<=" expr  { $$ = CompileBinop(PeekSelectExpr(), kOpLessEqual, $3); }
+  | "Is" "<>" expr  { $$ = CompileBinop(PeekSelectExpr(), kOpNotEqual, $3); }
   | expr "To" expr
-      { $$ = CompileAnd(CompileBinop(PeekSelectExpr(), 0x3E3D, $1),
-                        CompileBinop(PeekSelectExpr(), 0x3C3D, $3)); }
-  | expr            { $$ = CompileBinop(PeekSelectExpr(), 0x3D, $1); }
+      { $$ = CompileAnd(CompileBinop(PeekSelectExpr(), kOpGreaterEqual, $1),
+                        CompileBinop(PeekSelectExpr(), kOpLessEqual, $3)); }
+  | expr            { $$ = CompileBinop(PeekSelectExpr(), kOpEqual, $1); }
   ;
 
 select_head

@@ -8,8 +8,6 @@
 
 namespace {
 
-CompileErrorCode const kErrorInterfaceReturnType = CompileErrorCode(36);
-
 bool IsAncestor(ClassSymbol* candidate, ClassSymbol* of) {
   for (ClassSymbol* up = of; up; up = up->GetParent())
     if (up == candidate) return true;

@@ -21,18 +21,18 @@ CompileErrorCode VariableClash(LocalSymbolTable* cur, string const& name) {
 // outside a method table.
 CompileErrorCode ClassClash(ClassSymbol* owner, string const& name) {
   CompileErrorCode code = kErrorNone;
-  if (owner->LookupEvent(name)) code = CompileErrorCode(58);
-  if (owner->LookupMethods(name, kPlainMethods)) code = CompileErrorCode(57);
+  if (owner->LookupEvent(name)) code = kErrorDuplicateEvent;
+  if (owner->LookupMethods(name, kPlainMethods)) code = kErrorNameUsedByClassMethod;
   return code;
 }
 
 // 56, 59, 60, 61: a declaration of the module, in that order of checking.
 CompileErrorCode ModuleClash(ModuleSymbol* module, string const& name) {
   if (module->LookupMethodsRecursive(name, kPlainMethods))
-    return CompileErrorCode(56);
-  if (module->LookupType(name)) return CompileErrorCode(59);
-  if (module->LookupModule(name)) return CompileErrorCode(60);
-  if (module->LookupConstant(name)) return CompileErrorCode(61);
+    return kErrorNameUsedByMethod;
+  if (module->LookupType(name)) return kErrorNameUsedByType;
+  if (module->LookupModule(name)) return kErrorNameUsedByModule;
+  if (module->LookupConstant(name)) return kErrorNameUsedByConstant;
   return kErrorNone;
 }
 
@@ -62,7 +62,7 @@ void VerifyUniqueName(SemBase* ident) {
   bool isObject = cur->IsObjectTable();
   BlockContextList const& blocks = gContext->blocks;
   if (code == kErrorNone && blocks.CurrentMethod()) {
-    if (cur->LookupConstant(name)) code = CompileErrorCode(61);
+    if (cur->LookupConstant(name)) code = kErrorNameUsedByConstant;
   } else if (code == kErrorNone) {
     ClassSymbol* owner = blocks.CurrentClass();
     if (owner && !isMethod) code = ClassClash(owner, name);

@@ -125,12 +125,20 @@ void MethodSymbolTable::PrepareVariable(VariableSymbol* ste) {
   }
 }
 
+// Numbers every block the process makes, so that no two blocks share one;
+// counting rather than using addresses keeps the names, and so a listing,
+// the same from run to run.
+static unsigned long sBlockCount = 0;
+
+BlockSymbolTable::BlockSymbolTable()
+    : LocalSymbolTable(string(), kStackDataStorage), mSerial(++sBlockCount) {}
+
 // The shadow's name holds a blank, which no identifier can, and the
-// table's address, so that sibling blocks may declare the same name.
+// block's number, so that sibling blocks may declare the same name.
 void BlockSymbolTable::PrepareVariable(VariableSymbol* ste) {
   QASSERT_TEXT(ste, "ste");
   QASSERT_TEXT(mNext, "mNext");
-  string shadowName = ste->Name() + " " + ultohexa((unsigned long)this);
+  string shadowName = ste->Name() + " " + ultohexa(mSerial);
   VariableSymbol* shadow = mNext->AddVariable(shadowName, ste->GetType());
   QASSERT_TEXT(shadow, "shadow");
   ste->CloneStorage(shadow);

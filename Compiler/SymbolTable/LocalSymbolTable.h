@@ -138,13 +138,17 @@ class MethodSymbolTable : public LocalSymbolTable {
 // enclosing table's business.
 class BlockSymbolTable : public LocalSymbolTable {
  public:
-  BlockSymbolTable() : LocalSymbolTable(string(), kStackDataStorage) {}
+  BlockSymbolTable();
   void PrepareVariable(VariableSymbol* ste) override;
   void StaticStorageMode() override;
   void NormalStorageMode() override;
   bool IsMethodTable() const override;
   bool IsObjectTable() const override;
   LocalSymbolTable* Root() override;
+
+ private:
+  // Tells this block's shadows from those of a sibling block.
+  unsigned long mSerial;
 };
 
 // Module and class statics, and the outermost table of a compilation: its

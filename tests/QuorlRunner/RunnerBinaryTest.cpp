@@ -115,4 +115,21 @@ TEST_F(RunnerBinary, CheckAndDumpTacAcceptAValidProgram) {
   }
 }
 
+// Addresses differ between processes, so two runs tell whether any reached
+// the listing: the correspondent and the host's functions are named
+// instead, and so are intrinsics. A Dim in a block makes a shadow variable
+// in the enclosing table, whose name must not carry an address either.
+TEST_F(RunnerBinary, DumpTacIsTheSameFromRunToRun) {
+  WriteFile("stable.bas", "Dim n As Integer = 2\nIf n > 1 Then\n"
+                          "  Dim label As String = Str(n)\n  Print label\nEnd If\n");
+  Outcome first = Run("--dump-tac stable.bas");
+  Outcome second = Run("--dump-tac stable.bas");
+  ASSERT_EQ(first.status, 0) << first.err;
+  EXPECT_EQ(first.out, second.out);
+  EXPECT_TRUE(Contains(first.out, "Call            <host Str> As String")) << first.out;
+  EXPECT_TRUE(Contains(first.out, "PutParam        <correspondent> As Int32")) << first.out;
+  EXPECT_TRUE(Contains(first.out, "Intrinsic       RuntimeInit")) << first.out;
+  EXPECT_TRUE(Contains(first.out, "-> label 0000000")) << first.out;
+}
+
 }  // namespace

@@ -26,19 +26,21 @@ Names KeysInOrder(StringMap<T>& map) {
   return keys;
 }
 
-TEST(SimpleVector, GrowthSteps) {
-  SimpleVector<int> v;
-  for (int i = 0; i < 16; i++) v.push_back(i);
-  EXPECT_EQ(v.capacity(), 16u);
-  v.push_back(16);
-  EXPECT_EQ(v.capacity(), 32u);
-  SimpleVector<int> small, big;
-  small.SetGrowthStep(4);
-  small.push_back(0);
-  EXPECT_EQ(small.capacity(), 16u) << "a small step still grows by 16";
-  big.SetGrowthStep(40);
-  big.push_back(0);
-  EXPECT_EQ(big.capacity(), 40u);
+// Whatever the step, growing keeps every element where it was, and inserts
+// and removals across a growth keep the order.
+TEST(SimpleVector, ElementsSurviveGrowthWithAnyStep) {
+  for (unsigned long step : {0ul, 1ul, 4ul, 40ul}) {
+    SimpleVector<int> v;
+    if (step) v.SetGrowthStep(step);
+    for (int i = 0; i < 100; i++) v.push_back(i);
+    v.insert(-1, 0);
+    v.insert(1000, 101);
+    ASSERT_EQ(v.size(), 102u) << step;
+    EXPECT_GE(v.capacity(), v.size()) << step;
+    EXPECT_EQ(v[0], -1) << step;
+    for (int i = 0; i < 100; i++) ASSERT_EQ(v[i + 1], i) << step;
+    EXPECT_EQ(v[101], 1000) << step;
+  }
 }
 
 TEST(SimpleVector, IndexingAtSizeRaisesTheSizeAndEmptyPopAsserts) {

@@ -44,6 +44,9 @@ struct CGIA32Options {
 // A memory operand as the writer's shapes want it: a base register and a
 // displacement, an optional index (SIB, no displacement), or an absolute
 // address whose field the linker fills for a global.
+// The register scheme that accepts `reg` alone; schemes are unions of these.
+constexpr int RegisterBit(int reg) { return 1 << reg; }
+
 struct IA32Operand {
   int mod;
   int rm;
@@ -59,15 +62,20 @@ class CGIA32 : public CodeGenerator, public IA32OpWriter {
     kXMMRegisterCount = 8,
     kNoRegister = -1,
   };
-  // Register schemes: one bit per acceptable register.
+  // Register schemes: one bit per acceptable register. An SSE scheme has
+  // bits in the top byte, which no general register uses.
   enum {
-    kSelectAnyGPR = 207,
-    kSelect8BitGPR = 15,
-    kSelectFunctionResult = 1,
-    kSelectVolatileGPR = 7,
-    kSelectInt64Result = 5,
+    kSelectAnyGPR = RegisterBit(kEAX) | RegisterBit(kECX) | RegisterBit(kEDX) |
+                    RegisterBit(kEBX) | RegisterBit(kESI) | RegisterBit(kEDI),
+    kSelect8BitGPR = RegisterBit(kEAX) | RegisterBit(kECX) |
+                     RegisterBit(kEDX) | RegisterBit(kEBX),
+    kSelectFunctionResult = RegisterBit(kEAX),
+    kSelectVolatileGPR =
+        RegisterBit(kEAX) | RegisterBit(kECX) | RegisterBit(kEDX),
+    kSelectInt64Result = RegisterBit(kEAX) | RegisterBit(kEDX),
     kSelectAnyXMM = -1,
   };
+  static unsigned int const kXMMSchemeBits = 0xFF000000u;
 
   CGIA32();
   ~CGIA32() override;
@@ -153,8 +161,6 @@ class CGIA32 : public CodeGenerator, public IA32OpWriter {
   void ResetRegisters();
   // The operand is no longer what any register holds (its memory changed).
   void ForgetAddr(TacAddr const* addr);
-  // Debug check: after a label no register may claim to hold an operand.
-  void AssertCacheEmpty() const;
 
   // ---- register homes of an optimized function (CGIA32RegisterHomes.cpp)
   // Picks the variables that live in EBX, ESI and EDI from the lines after

@@ -54,11 +54,11 @@ void CGIA32::PushCallParameters(TacAddr const* result) {
     if (arg->mType.IsFloat()) {
       PushFloatTacAddr(arg);
       bool single = arg->mType.GetMainType() == kReal32Type;
-      ia32_sub_imm32(3, kESP, single ? 4 : 8);
+      ia32_sub_imm32(kModRegister, kESP, single ? 4 : 8);
       if (single)
-        ia32_fstp32(0, kESP);
+        ia32_fstp32(kModIndirect, kESP);
       else
-        ia32_fstp64(0, kESP);
+        ia32_fstp64(kModIndirect, kESP);
     } else if (AddrIsInt64(arg) && arg->mType.StorageSize() == 8) {
       PushInt64TacAddr(arg);
     } else if (AddrIsStruct(arg)) {
@@ -101,7 +101,7 @@ void CGIA32::GetReturnedResult(TacAddr const* result) {
   Touch(kEAX);
   switch (result->mType.GetMainType()) {
     case kBooleanType:
-      ia32_and_imm8_se(3, kEAX, 1);
+      ia32_and_imm8_se(kModRegister, kEAX, 1);
       break;
     case kSInt8Type:
       ia32_cbw();
@@ -111,10 +111,10 @@ void CGIA32::GetReturnedResult(TacAddr const* result) {
       ia32_cwde();
       break;
     case kUInt16Type:
-      ia32_and_imm32(3, kEAX, 65535);
+      ia32_and_imm32(kModRegister, kEAX, 65535);
       break;
     case kUInt8Type:
-      ia32_and_imm32(3, kEAX, 255);
+      ia32_and_imm32(kModRegister, kEAX, 255);
       break;
     default:
       break;
@@ -171,7 +171,7 @@ void CGIA32::tac_Call(TacLine const& line) {
 // The pointer is loaded after the pushes, which may need every register.
 void CGIA32::tac_CallPtr(TacLine const& line) {
   PushCallParameters(line.result);
-  ia32_call(3, LoadTacAddr(line.opA, kSelectAnyGPR));
+  ia32_call(kModRegister, LoadTacAddr(line.opA, kSelectAnyGPR));
   BackFromFunctionCall(line.result);
 }
 
@@ -188,7 +188,7 @@ void CGIA32::tac_CallVirtual(TacLine const& line) {
   PushCallParameters(line.result);
   int reg = LoadTacAddr(object, kSelectAnyGPR);
   Touch(reg);
-  ia32_mov(0, reg, reg);
+  ia32_mov(kModIndirect, reg, reg);
   ia32_call(ModDisp(disp), reg, disp);
   BackFromFunctionCall(line.result);
 }

@@ -18,7 +18,7 @@ bool CGIA32::ConvertInLine(TacLine const& line) {
   if (!exact) return false;
   int value = LoadForReading(line.opA, kSelectAnyGPR);
   int converted = AllocateRegister(kSelectAnyXMM, kNoRegister);
-  ia32_cvtsi2sd(3, converted, value);
+  ia32_cvtsi2sd(kModRegister, converted, value);
   StoreTacAddr(converted, line.result);
   return true;
 }

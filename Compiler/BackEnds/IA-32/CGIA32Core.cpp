@@ -78,10 +78,10 @@ void CGIA32::EndFunction() {
 void CGIA32::EmitRegMem(RegMemPlain plain, RegMemDisp displaced,
                         RegMemSIB sib, int reg, IA32Operand const& where) {
   if (where.index != kNoRegister) {
-    QASSERT(where.mod == 0);
-    (this->*sib)(0, reg, 4, 0, where.index, where.rm);
-  } else if (where.mod == 0 && !where.global) {
-    (this->*plain)(0, reg, where.rm);
+    QASSERT(where.mod == kModIndirect);
+    (this->*sib)(kModIndirect, reg, 4, 0, where.index, where.rm);
+  } else if (where.mod == kModIndirect && !where.global) {
+    (this->*plain)(kModIndirect, reg, where.rm);
   } else {
     (this->*displaced)(where.mod, reg, where.rm, where.disp);
   }
@@ -91,8 +91,8 @@ void CGIA32::EmitRegMem(RegMemPlain plain, RegMemDisp displaced,
 void CGIA32::EmitGroup(GroupPlain plain, GroupDisp displaced,
                        IA32Operand const& where) {
   QASSERT(where.index == kNoRegister);
-  if (where.mod == 0 && !where.global)
-    (this->*plain)(0, where.rm);
+  if (where.mod == kModIndirect && !where.global)
+    (this->*plain)(kModIndirect, where.rm);
   else
     (this->*displaced)(where.mod, where.rm, where.disp);
   if (where.global) LoadGlobal(where.global, -4);

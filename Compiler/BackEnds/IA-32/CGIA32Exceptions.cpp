@@ -48,7 +48,8 @@ void CGIA32::tac_HandleException(TacLine const& line) {
   QASSERT(CodeBufferLength() == start + kMarkerFrameOffset);
   ia32_Write16(frameOffset);
   QASSERT(CodeBufferLength() == start + kMarkerResumeOffset);
-  ia32_mov(2, kESP, kEBP, -static_cast<int>(StoredESPOffset()));
+  ia32_mov(kModDisplacement32, kESP, kEBP,
+           -static_cast<int>(StoredESPOffset()));
   if (!hasLabel) PlaceLabel(over);
   unsigned int expectedCodeLength = start + kHandlerRecordLength;
   QASSERT_TEXT(CodeBufferLength() == expectedCodeLength,

@@ -18,7 +18,7 @@ void CGIA32::FloatBinop(TacLine const& line, void (IA32OpWriter::*x87)(),
   int b = LoadForReading(line.opB, SchemeExclude(a, kSelectAnyXMM));
   Touch(&mXMMRegisters[a]);
   bool single = line.opA->mType.GetMainType() == kReal32Type;
-  (this->*(single ? sseSingle : sseDouble))(3, a, b);
+  (this->*(single ? sseSingle : sseDouble))(kModRegister, a, b);
   StoreTacAddr(a, line.result);
 }
 
@@ -35,9 +35,9 @@ void CGIA32::FloatCompare(TacLine const& line, bool swap, int mask, int value,
   int r = AllocateRegister(kSelect8BitGPR, kEAX);
   QASSERT(r == kEAX);
   ia32_fnstsw();
-  ia32_and_imm32(3, kEAX, mask);
-  ia32_cmp_imm32(3, kEAX, value);
-  (this->*setcc)(3, r);
+  ia32_and_imm32(kModRegister, kEAX, mask);
+  ia32_cmp_imm32(kModRegister, kEAX, value);
+  (this->*setcc)(kModRegister, r);
   FinishComparison(r, line.result);
 }
 
@@ -50,13 +50,13 @@ void CGIA32::SSEFloatCompare(TacLine const& line, bool swap, GroupPlain setcc,
   ExprIsFloat(line);
   int a = LoadForReading(swap ? line.opB : line.opA, kSelectAnyXMM);
   int b = LoadForReading(swap ? line.opA : line.opB, SchemeExclude(a, kSelectAnyXMM));
-  ia32_ucomisd(3, a, b);
+  ia32_ucomisd(kModRegister, a, b);
   int r = AllocateRegister(kSelect8BitGPR, kNoRegister);
-  (this->*setcc)(3, r);
+  (this->*setcc)(kModRegister, r);
   if (parity) {
     int unordered = AllocateRegister(SchemeExclude(r, kSelect8BitGPR), kNoRegister);
-    (this->*parity)(3, unordered);
-    (this->*join)(3, r, unordered);
+    (this->*parity)(kModRegister, unordered);
+    (this->*join)(kModRegister, r, unordered);
   }
   FinishComparison(r, line.result);
 }

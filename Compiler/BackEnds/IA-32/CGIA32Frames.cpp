@@ -110,19 +110,20 @@ unsigned long CGIA32::FrameSize() {
 
 void CGIA32::EmitPrologue(unsigned long frameSize) {
   ia32_push(kEBP);
-  ia32_mov(3, kEBP, kESP);
-  if (frameSize > 0) ia32_sub_imm32(3, kESP, frameSize);
+  ia32_mov(kModRegister, kEBP, kESP);
+  if (frameSize > 0) ia32_sub_imm32(kModRegister, kESP, frameSize);
   for (int i = 0; i < kCalleeSavedCount; i++) {
     int reg = kCalleeSaved[i];
     mSavedRegisters[reg] = mRegisters[reg].mUsed;
     if (mSavedRegisters[reg]) ia32_push(reg);
   }
-  ia32_mov_store(2, kESP, kEBP, -static_cast<int>(StoredESPOffset()));
+  ia32_mov_store(kModDisplacement32, kESP, kEBP,
+                 -static_cast<int>(StoredESPOffset()));
 }
 
 // The last GetParam line names the first argument, at EBP + 8.
 void CGIA32::CopyOneParameter(TacAddr const* param, unsigned long* count) {
-  ia32_mov(3, kEAX, kEBP);
+  ia32_mov(kModRegister, kEAX, kEBP);
   Touch(kEAX);
   int disp = static_cast<int>(8 + *count);
   unsigned long size = param->mType.StorageSize();
@@ -140,7 +141,7 @@ void CGIA32::CopyOneParameter(TacAddr const* param, unsigned long* count) {
     StoreInt64TacAddr(kEDX, kEAX, param);
     *count += 8;
   } else if (AddrIsStruct(param)) {
-    ia32_add_imm32(3, kEAX, disp);
+    ia32_add_imm32(kModRegister, kEAX, disp);
     int dest = LoadSymbolAddress(param, SchemeExclude(kEAX, kSelectVolatileGPR));
     CopyStructure(dest, kEAX, size, kSelectVolatileGPR);
     ForgetAddr(param);
@@ -173,11 +174,11 @@ void CGIA32::EmitEpilogue(unsigned long frameSize,
                           unsigned long parameterBytes) {
   for (int i = kCalleeSavedCount; i > 0; i--)
     if (mSavedRegisters[kCalleeSaved[i - 1]]) ia32_pop(kCalleeSaved[i - 1]);
-  if (frameSize > 0) ia32_add_imm32(3, kESP, frameSize);
+  if (frameSize > 0) ia32_add_imm32(kModRegister, kESP, frameSize);
   ia32_pop(kEBP);
   if (mCallingConvention == 1 && parameterBytes > 0) {
     ia32_pop(kECX);
-    ia32_add_imm32(3, kESP, parameterBytes);
+    ia32_add_imm32(kModRegister, kESP, parameterBytes);
     ia32_push(kECX);
   }
   ia32_ret_near();

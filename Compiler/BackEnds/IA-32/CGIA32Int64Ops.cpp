@@ -10,8 +10,8 @@ void CGIA32::Int64Binop(TacLine const& line, RegMemPlain lowOp,
   LoadInt64TacAddr(line.opA, &aHi, &aLo, kSelectAnyGPR);
   LoadInt64TacAddr(line.opB, &bHi, &bLo,
                    SchemeExclude2(aHi, aLo, kSelectAnyGPR));
-  (this->*lowOp)(3, aLo, bLo);
-  (this->*highOp)(3, aHi, bHi);
+  (this->*lowOp)(kModRegister, aLo, bLo);
+  (this->*highOp)(kModRegister, aHi, bHi);
   StoreInt64TacAddr(aHi, aLo, line.result);
 }
 
@@ -26,19 +26,19 @@ void CGIA32::Int64Compare(TacLine const& line, GroupPlain setHigh,
   LoadInt64TacAddr(line.opA, &aHi, &aLo, scheme);
   LoadInt64TacAddr(line.opB, &bHi, &bLo, SchemeExclude2(aHi, aLo, scheme));
   long decided = NewLocalLabel();
-  ia32_xor(3, r, r);
+  ia32_xor(kModRegister, r, r);
   if (equality) {
-    ia32_cmp(3, aLo, bLo);
+    ia32_cmp(kModRegister, aLo, bLo);
     EmitBranch(&IA32OpWriter::ia32_jne, 2, decided);
-    ia32_cmp(3, aHi, bHi);
+    ia32_cmp(kModRegister, aHi, bHi);
     PlaceLabel(decided);
-    (this->*setLow)(3, r);
+    (this->*setLow)(kModRegister, r);
   } else {
-    ia32_cmp(3, aHi, bHi);
-    (this->*setHigh)(3, r);
+    ia32_cmp(kModRegister, aHi, bHi);
+    (this->*setHigh)(kModRegister, r);
     EmitBranch(&IA32OpWriter::ia32_jne, 2, decided);
-    ia32_cmp(3, aLo, bLo);
-    (this->*setLow)(3, r);
+    ia32_cmp(kModRegister, aLo, bLo);
+    (this->*setLow)(kModRegister, r);
     PlaceLabel(decided);
   }
   StoreBoolean(r, line.result);

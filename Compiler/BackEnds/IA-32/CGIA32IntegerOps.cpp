@@ -10,7 +10,7 @@ void CGIA32::IntegerBinop(TacLine const& line, RegMemPlain op) {
   int a = LoadTacAddr(line.opA, kSelectAnyGPR);
   int b = LoadForReading(line.opB, SchemeExclude(a, kSelectAnyGPR));
   Touch(a);
-  (this->*op)(3, a, b);
+  (this->*op)(kModRegister, a, b);
   StoreTacAddr(a, line.result);
 }
 
@@ -55,7 +55,7 @@ void CGIA32::tac_Mul(TacLine const& line) {
       int b = LoadTacAddr(line.opB, SchemeExclude2(kEAX, kEDX, kSelectAnyGPR));
       Touch(a);
       Touch(kEDX);
-      ia32_mul(3, b);
+      ia32_mul(kModRegister, b);
       return StoreTacAddr(kEAX, line.result);
     }
     case kCategorySInt64:
@@ -82,19 +82,19 @@ void CGIA32::IntegerDivide(TacLine const& line, bool remainder) {
   Touch(kEDX);
   long byZero = NewLocalLabel();
   long done = NewLocalLabel();
-  ia32_cmp_imm32(3, b, 0);
+  ia32_cmp_imm32(kModRegister, b, 0);
   EmitBranch(&IA32OpWriter::ia32_je, 2, byZero);
   if (isSigned) {
     ia32_cdq();
-    ia32_idiv(3, b);
+    ia32_idiv(kModRegister, b);
   } else {
-    ia32_xor(3, kEDX, kEDX);
-    ia32_div(3, b);
+    ia32_xor(kModRegister, kEDX, kEDX);
+    ia32_div(kModRegister, b);
   }
   EmitBranch(&IA32OpWriter::ia32_jmp_rel, 1, done);
   PlaceLabel(byZero);
   if (remainder)
-    ia32_mov(3, kEDX, kEAX);
+    ia32_mov(kModRegister, kEDX, kEAX);
   else
     ia32_mov_imm32(kEAX, 0);
   PlaceLabel(done);
@@ -172,7 +172,7 @@ void CGIA32::tac_BitNot(TacLine const& line) {
   QASSERT_TEXT(category <= kCategoryUInt32, "0");
   int a = LoadTacAddr(line.opA, kSelectAnyGPR);
   Touch(a);
-  ia32_not(3, a);
+  ia32_not(kModRegister, a);
   StoreTacAddr(a, line.result);
 }
 
@@ -184,14 +184,14 @@ void CGIA32::tac_Neg(TacLine const& line) {
   } else if (ExprIsInt64(line)) {
     int hi, lo;
     LoadInt64TacAddr(line.opA, &hi, &lo, kSelectAnyGPR);
-    ia32_not(3, hi);
-    ia32_neg(3, lo);
-    ia32_sbb_imm32(3, hi, -1);
+    ia32_not(kModRegister, hi);
+    ia32_neg(kModRegister, lo);
+    ia32_sbb_imm32(kModRegister, hi, -1);
     StoreInt64TacAddr(hi, lo, line.result);
   } else {
     int a = LoadTacAddr(line.opA, kSelectAnyGPR);
     Touch(a);
-    ia32_neg(3, a);
+    ia32_neg(kModRegister, a);
     StoreTacAddr(a, line.result);
   }
 }
@@ -213,16 +213,16 @@ void CGIA32::IntegerShift(TacLine const& line, bool left) {
     Touch(a);
     int count = line.opB->GetValue()->uSInt32;
     if (left)
-      ia32_sal_imm8(3, a, count);
+      ia32_sal_imm8(kModRegister, a, count);
     else
-      ia32_sar_imm8(3, a, count);
+      ia32_sar_imm8(kModRegister, a, count);
   } else {
-    QASSERT(kECX == LoadTacAddr(line.opB, 1 << kECX));
+    QASSERT(kECX == LoadTacAddr(line.opB, RegisterBit(kECX)));
     Touch(a);
     if (left)
-      ia32_sal_cl(3, a);
+      ia32_sal_cl(kModRegister, a);
     else
-      ia32_sar_cl(3, a);
+      ia32_sar_cl(kModRegister, a);
   }
   if (!left) StoreTacAddr(a, line.result);
 }
@@ -239,7 +239,7 @@ void CGIA32::StoreBoolean(int reg, TacAddr const* dest) {
 // Nothing the store emits touches the flags: a stack or global home needs
 // no address arithmetic.
 void CGIA32::FinishComparison(int reg, TacAddr const* dest) {
-  ia32_and_imm8_se(3, reg, 1);
+  ia32_and_imm8_se(kModRegister, reg, 1);
   StoreBoolean(reg, dest);
   StorageClass home = dest->GetStorageClass();
   if (home == kStackDataStorage || home == kGlobalDataStorage) mFlagsLeft = dest;
@@ -249,8 +249,8 @@ void CGIA32::IntegerCompare(TacLine const& line, GroupPlain setcc) {
   int a = LoadForReading(line.opA, kSelectAnyGPR);
   int b = LoadForReading(line.opB, SchemeExclude(a, kSelectAnyGPR));
   int r = AllocateRegister(SchemeExclude2(a, b, kSelect8BitGPR), kNoRegister);
-  ia32_cmp(3, a, b);
-  (this->*setcc)(3, r);
+  ia32_cmp(kModRegister, a, b);
+  (this->*setcc)(kModRegister, r);
   FinishComparison(r, line.result);
 }
 

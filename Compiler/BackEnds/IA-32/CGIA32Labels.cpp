@@ -37,7 +37,6 @@ void CGIA32::tac_Label(TacLine const& line) {
   QASSERT(line.opA->IsConstant() &&
           line.opA->mType.GetMainType() == kSInt32Type);
   InvalidateRegisters();
-  AssertCacheEmpty();
   PlaceLabel(line.opA->GetValue()->uSInt32);
 }
 
@@ -64,7 +63,7 @@ void CGIA32::CompareAndBranch(TacLine const& line, Branch branch) {
   if (BranchOnComparisonFlags(line)) return;
   int a = LoadForReading(line.opA, kSelectAnyGPR);
   int b = LoadForReading(line.opB, SchemeExclude(a, kSelectAnyGPR));
-  ia32_cmp(3, a, b);
+  ia32_cmp(kModRegister, a, b);
   EmitBranch(branch, 2, line.result->GetValue()->uSInt32);
 }
 

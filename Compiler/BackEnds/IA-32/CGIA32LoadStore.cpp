@@ -35,7 +35,7 @@ unsigned long CGIA32::StoredESPOffset() const {
 // ---------------------------------------------------------------- homes
 
 IA32Operand CGIA32::AddressOf(TacAddr const* addr, int scheme) {
-  IA32Operand where = {0, kEBP, 0, kNoRegister, nullptr};
+  IA32Operand where = {kModIndirect, kEBP, 0, kNoRegister, nullptr};
   switch (addr->GetStorageClass()) {
     case kStackDataStorage:
       where.disp = -static_cast<int>(addr->StorageOffset() +
@@ -82,12 +82,12 @@ void CGIA32::SignExtend(int reg, unsigned int size) {
   QASSERT_TEXT(1 == size or 2 == size, "1 == size or 2 == size");
   if (reg != kEAX) {
     ia32_push(kEAX);
-    ia32_mov(3, kEAX, reg);
+    ia32_mov(kModRegister, kEAX, reg);
   }
   if (size == 1) ia32_cbw();
   ia32_cwde();
   if (reg != kEAX) {
-    ia32_mov(3, reg, kEAX);
+    ia32_mov(kModRegister, reg, kEAX);
     ia32_pop(kEAX);
   }
 }
@@ -95,8 +95,8 @@ void CGIA32::SignExtend(int reg, unsigned int size) {
 // A register may hold more than the value's width: narrow values are
 // brought back to their type on every use.
 void CGIA32::Renormalise(int reg, SimpleDataType type) {
-  if (type == kUInt8Type) ia32_and_imm32(3, reg, 255);
-  if (type == kUInt16Type) ia32_and_imm32(3, reg, 65535);
+  if (type == kUInt8Type) ia32_and_imm32(kModRegister, reg, 255);
+  if (type == kUInt16Type) ia32_and_imm32(kModRegister, reg, 65535);
   if (type == kSInt8Type) SignExtend(reg, 1);
   if (type == kSInt16Type) SignExtend(reg, 2);
 }
@@ -114,9 +114,9 @@ int CGIA32::LoadConstant(TacAddr const* addr, int scheme) {
     if (mOptions.mOptimizeCode) {
       unsigned long slot = ConstantSlot(addr);
       if (single)
-        ia32_movss(0, reg, kEBP, 0);
+        ia32_movss(kModIndirect, reg, kEBP, 0);
       else
-        ia32_movsd(0, reg, kEBP, 0);
+        ia32_movsd(kModIndirect, reg, kEBP, 0);
       ReferToConstant(slot);
       return reg;
     }
@@ -127,21 +127,21 @@ int CGIA32::LoadConstant(TacAddr const* addr, int scheme) {
       ia32_push_imm32(static_cast<int>(value->uSInt64));
     }
     int eax = AllocateRegister(kSelectFunctionResult, kEAX);
-    ia32_mov(3, eax, kESP);
+    ia32_mov(kModRegister, eax, kESP);
     if (single)
-      ia32_movss(0, reg, eax);
+      ia32_movss(kModIndirect, reg, eax);
     else
-      ia32_movsd(0, reg, eax);
-    ia32_add_imm32(3, kESP, single ? 4 : 8);
+      ia32_movsd(kModIndirect, reg, eax);
+    ia32_add_imm32(kModRegister, kESP, single ? 4 : 8);
   } else if (type.GetMainType() == kStringType) {
     if (addr->GetValue()->mString.Length()) {
       MarkImport(Import::kImportStringLiteral, addr->GetValue()->mString, 1);
       ia32_mov_imm32(reg, 0);
     } else {
-      ia32_xor(3, reg, reg);
+      ia32_xor(kModRegister, reg, reg);
     }
   } else if (addr->GetValue()->uSInt32 == 0) {
-    ia32_xor(3, reg, reg);
+    ia32_xor(kModRegister, reg, reg);
   } else {
     ia32_mov_imm32(reg, addr->GetValue()->uSInt32);
   }
@@ -154,8 +154,8 @@ void CGIA32::LoadFromMemory(int reg, TacAddr const* addr,
   switch (type.GetMainType()) {
     case kBooleanType:
       EmitRegMem(QUORL_RM(ia32_mov8), reg, where);
-      ia32_cmp_imm8_se(3, reg, 0);
-      ia32_and_imm8_se(3, reg, 1);
+      ia32_cmp_imm8_se(kModRegister, reg, 0);
+      ia32_and_imm8_se(kModRegister, reg, 1);
       return;
     case kSInt8Type:
       EmitRegMem(QUORL_RM(ia32_mov8), reg, where);
@@ -163,14 +163,14 @@ void CGIA32::LoadFromMemory(int reg, TacAddr const* addr,
       return;
     case kUInt8Type:
       EmitRegMem(QUORL_RM(ia32_mov8), reg, where);
-      ia32_and_imm32(3, reg, 255);
+      ia32_and_imm32(kModRegister, reg, 255);
       return;
     case kSInt16Type:
       EmitRegMem(QUORL_RM(ia32_mov16), reg, where);
       SignExtend(reg, 2);
       return;
     case kUInt16Type:
-      ia32_xor(3, reg, reg);
+      ia32_xor(kModRegister, reg, reg);
       EmitRegMem(QUORL_RM(ia32_mov16), reg, where);
       return;
     case kReal32Type:
@@ -205,9 +205,9 @@ int CGIA32::LoadTacAddr(TacAddr const* addr, int scheme) {
     if (!RegMatchesScheme(found, restricted)) {
       reg = AllocateRegister(restricted, preferred);
       if (xmm)
-        ia32_movsd(3, reg, found);
+        ia32_movsd(kModRegister, reg, found);
       else
-        ia32_mov(3, reg, found);
+        ia32_mov(kModRegister, reg, found);
     }
     if (!xmm) Renormalise(reg, type);
   } else if (addr->IsConstant()) {
@@ -215,7 +215,7 @@ int CGIA32::LoadTacAddr(TacAddr const* addr, int scheme) {
   } else {
     reg = AllocateRegister(restricted, preferred);
     int baseScheme = xmm ? kSelectAnyGPR : SchemeExclude(reg, scheme);
-    if (baseScheme == 0) baseScheme = 1 << reg;  // the value's register serves
+    if (baseScheme == 0) baseScheme = RegisterBit(reg);  // the value's register serves
     IA32Operand where = AddressOf(addr, baseScheme);
     LoadFromMemory(reg, addr, where);
   }
@@ -236,11 +236,11 @@ void CGIA32::LoadInt64TacAddr(TacAddr const* addr, int* hi, int* lo,
   if (type.StorageSize() < 8) {
     *lo = LoadTacAddr(addr, scheme);
     *hi = AllocateRegister(SchemeExclude(*lo, scheme), kNoRegister);
-    ia32_mov(3, *hi, *lo);
+    ia32_mov(kModRegister, *hi, *lo);
     if (type.Signed())
-      ia32_sar_imm8(3, *hi, 31);
+      ia32_sar_imm8(kModRegister, *hi, 31);
     else
-      ia32_xor(3, *hi, *hi);
+      ia32_xor(kModRegister, *hi, *hi);
   } else if (addr->IsConstant()) {
     AllocateInt64Registers(hi, lo, scheme);
     ia32_mov_imm32(*lo, LowWord(addr));
@@ -248,7 +248,7 @@ void CGIA32::LoadInt64TacAddr(TacAddr const* addr, int* hi, int* lo,
   } else {
     AllocateInt64Registers(hi, lo, scheme);
     // A field's base goes into the low register, read last.
-    IA32Operand where = AddressOf(addr, 1 << *lo);
+    IA32Operand where = AddressOf(addr, RegisterBit(*lo));
     IA32Operand high = where;
     high.disp += 4;
     if (!where.global) high.mod = ModDisp(high.disp);
@@ -272,7 +272,8 @@ int CGIA32::LoadSymbolAddress(TacAddr const* addr, int scheme) {
     case kBaseRelativeDataStorage:
       reg = LoadTacAddr(mObjectBase, scheme);
       Touch(reg);
-      ia32_add_imm32(3, reg, addr->StorageOffset() + mObjectBaseOffset);
+      ia32_add_imm32(kModRegister, reg,
+                     addr->StorageOffset() + mObjectBaseOffset);
       break;
     case kGlobalDataStorage:
       reg = AllocateRegister(scheme, kNoRegister);
@@ -319,7 +320,7 @@ void CGIA32::StoreTacAddr(int reg, TacAddr const* dest) {
   if (!isFloat && dest->mType.StorageSize() == 1 &&
       !RegMatchesScheme(reg, kSelect8BitGPR)) {
     int byteReg = AllocateRegister(kSelect8BitGPR, kNoRegister);
-    ia32_mov(3, byteReg, reg);
+    ia32_mov(kModRegister, byteReg, reg);
     reg = byteReg;
   }
   RegisterState* bank = isFloat ? mXMMRegisters : mRegisters;
@@ -327,7 +328,7 @@ void CGIA32::StoreTacAddr(int reg, TacAddr const* dest) {
   if (dest == mObjectBase) InvalidateRegisters();
   int baseScheme = isFloat ? kSelectAnyGPR : SchemeExclude(reg, kSelectAnyGPR);
   StoreToMemory(reg, dest, AddressOf(dest, baseScheme));
-  if (!((isFloat ? mXMMHomeMask : mHomeMask) & (1 << reg))) {
+  if (!((isFloat ? mXMMHomeMask : mHomeMask) & RegisterBit(reg))) {
     bank[reg].Record(dest);
     bank[reg].mLastUse = HitClock();
   }
@@ -358,9 +359,9 @@ void CGIA32::PushFloatTacAddr(TacAddr const* addr) {
   if (addr->IsConstant() && mOptions.mOptimizeCode) {
     unsigned long slot = ConstantSlot(addr);
     if (single)
-      ia32_fld32(0, kEBP, 0);
+      ia32_fld32(kModIndirect, kEBP, 0);
     else
-      ia32_fld64(0, kEBP, 0);
+      ia32_fld64(kModIndirect, kEBP, 0);
     ReferToConstant(slot);
     return;
   }
@@ -368,13 +369,13 @@ void CGIA32::PushFloatTacAddr(TacAddr const* addr) {
     IRValue const* value = addr->GetValue();
     if (single) {
       ia32_push_imm32(SingleBits(value->uReal32));
-      ia32_fld32(0, kESP);
+      ia32_fld32(kModIndirect, kESP);
     } else {
       ia32_push_imm32(static_cast<int>(value->uSInt64 >> 32));
       ia32_push_imm32(static_cast<int>(value->uSInt64));
-      ia32_fld64(0, kESP);
+      ia32_fld64(kModIndirect, kESP);
     }
-    ia32_add_imm32(3, kESP, single ? 4 : 8);
+    ia32_add_imm32(kModRegister, kESP, single ? 4 : 8);
     return;
   }
   IA32Operand where = AddressOf(addr, kSelectVolatileGPR);

@@ -17,9 +17,10 @@ int Without(int reg, int scheme) {
 
 IA32Operand Displaced(IA32Operand where, int delta) {
   where.disp += delta;
-  if (where.mod == 0 && where.index == CGIA32::kNoRegister && where.disp)
-    where.mod = 1;
-  if (where.mod != 0) where.mod = CGIA32::ModDisp(where.disp);
+  if (where.mod == kModIndirect && where.index == CGIA32::kNoRegister &&
+      where.disp)
+    where.mod = kModDisplacement8;
+  if (where.mod != kModIndirect) where.mod = CGIA32::ModDisp(where.disp);
   return where;
 }
 
@@ -70,24 +71,26 @@ void CGIA32::ZeroStructure(TacAddr const* dest) {
   int addr = LoadSymbolAddress(dest, SchemeExclude(kECX, kSelectAnyGPR));
   int zero = AllocateRegister(SchemeExclude2(addr, kECX, kSelect8BitGPR),
                               kNoRegister);
-  ia32_xor(3, zero, zero);
+  ia32_xor(kModRegister, zero, zero);
   if (bytes > 32) {
     Touch(kECX);
     ia32_mov_imm32(kECX, bytes / 32);
     unsigned int loopStart = CodeBufferLength();
-    for (int k = 0; k < 32; k += 4) ia32_mov_store(1, zero, addr, k);
-    ia32_add_imm32(3, addr, 32);
+    for (int k = 0; k < 32; k += 4)
+      ia32_mov_store(kModDisplacement8, zero, addr, k);
+    ia32_add_imm32(kModRegister, addr, 32);
     ia32_loop(static_cast<int>(loopStart - (CodeBufferLength() + 2)));
     bytes %= 32;
   }
   unsigned int offset = 0;
-  for (; offset + 4 <= bytes; offset += 4) ia32_mov_store(1, zero, addr, offset);
+  for (; offset + 4 <= bytes; offset += 4)
+    ia32_mov_store(kModDisplacement8, zero, addr, offset);
   if (offset + 2 <= bytes) {
-    ia32_mov16_store(1, zero, addr, offset);
+    ia32_mov16_store(kModDisplacement8, zero, addr, offset);
     offset += 2;
   }
   if (offset + 1 <= bytes) {
-    ia32_mov8_store(1, zero, addr, offset);
+    ia32_mov8_store(kModDisplacement8, zero, addr, offset);
     offset += 1;
   }
   QASSERT_TEXT(offset == bytes, "offset == bytes");
@@ -110,11 +113,11 @@ void CGIA32::CopyStructure(int dest, int src, unsigned int bytes, int scheme) {
     PlaceLabel(top);
     unsigned int loopStart = CodeBufferLength();
     for (int k = 0; k < 16; k += 4) {
-      ia32_push(1, src, k);
-      ia32_pop(1, dest, k);
+      ia32_push(kModDisplacement8, src, k);
+      ia32_pop(kModDisplacement8, dest, k);
     }
-    ia32_add_imm32(3, src, 16);
-    ia32_add_imm32(3, dest, 16);
+    ia32_add_imm32(kModRegister, src, 16);
+    ia32_add_imm32(kModRegister, dest, 16);
     if (counter == kECX) {
       ia32_loop(static_cast<int>(loopStart - (CodeBufferLength() + 2)));
     } else {
@@ -125,17 +128,17 @@ void CGIA32::CopyStructure(int dest, int src, unsigned int bytes, int scheme) {
   }
   unsigned int offset = 0;
   for (; offset + 4 <= bytes; offset += 4) {
-    ia32_mov(1, counter, src, offset);
-    ia32_mov_store(1, counter, dest, offset);
+    ia32_mov(kModDisplacement8, counter, src, offset);
+    ia32_mov_store(kModDisplacement8, counter, dest, offset);
   }
   if (offset + 2 <= bytes) {
-    ia32_mov16(1, counter, src, offset);
-    ia32_mov16_store(1, counter, dest, offset);
+    ia32_mov16(kModDisplacement8, counter, src, offset);
+    ia32_mov16_store(kModDisplacement8, counter, dest, offset);
     offset += 2;
   }
   if (offset + 1 <= bytes) {
-    ia32_mov8(1, counter, src, offset);
-    ia32_mov8_store(1, counter, dest, offset);
+    ia32_mov8(kModDisplacement8, counter, src, offset);
+    ia32_mov8_store(kModDisplacement8, counter, dest, offset);
     offset += 1;
   }
   QASSERT_TEXT(offset == bytes, "offset == bytes");
@@ -166,7 +169,7 @@ IA32Operand CGIA32::PointerOperand(TacLine const& line, TacAddr const* pointer,
   int index = LoadTacAddr(line.opB, SchemeExclude(where.rm, scheme));
   if (x87) {
     Touch(where.rm);
-    ia32_add(3, where.rm, index);
+    ia32_add(kModRegister, where.rm, index);
   } else {
     where.index = index;
   }
@@ -191,7 +194,7 @@ void CGIA32::tac_Peek(TacLine const& line) {
   if (isStruct) {
     int src = where.rm;
     Touch(src);
-    if (where.disp) ia32_add_imm32(3, src, where.disp);
+    if (where.disp) ia32_add_imm32(kModRegister, src, where.disp);
     int dest = LoadSymbolAddress(result, SchemeExclude(src, kSelectAnyGPR));
     CopyStructure(dest, src, result->mType.StorageSize(), kSelectAnyGPR);
     return ForgetAddr(result);
@@ -203,7 +206,7 @@ void CGIA32::tac_Peek(TacLine const& line) {
     EmitRegMem(QUORL_RM(ia32_mov), lo, where);
     if (where.index != kNoRegister) {
       Touch(where.index);
-      ia32_add_imm8_se(3, where.index, 4);
+      ia32_add_imm8_se(kModRegister, where.index, 4);
       EmitRegMem(QUORL_RM(ia32_mov), hi, where);
     } else {
       EmitRegMem(QUORL_RM(ia32_mov), hi, Displaced(where, 4));
@@ -214,12 +217,12 @@ void CGIA32::tac_Peek(TacLine const& line) {
   int reg;
   if (size == 1) {
     reg = AllocateRegister(avoid & kSelect8BitGPR, type == kSInt8Type ? int(kEAX) : int(kNoRegister));
-    if (type != kSInt8Type) ia32_xor(3, reg, reg);
+    if (type != kSInt8Type) ia32_xor(kModRegister, reg, reg);
     EmitRegMem(QUORL_RM(ia32_mov8), reg, where);
     if (type == kSInt8Type) SignExtend(reg, 1);
   } else if (size == 2) {
     reg = AllocateRegister(avoid, type == kSInt16Type ? int(kEAX) : int(kNoRegister));
-    if (type != kSInt16Type) ia32_xor(3, reg, reg);
+    if (type != kSInt16Type) ia32_xor(kModRegister, reg, reg);
     EmitRegMem(QUORL_RM(ia32_mov16), reg, where);
     if (type == kSInt16Type) SignExtend(reg, 2);
   } else if (size == 4) {
@@ -247,7 +250,7 @@ void CGIA32::tac_Poke(TacLine const& line) {
     IA32Operand where = PointerOperand(line, line.result, kSelectAnyGPR, true);
     int dest = where.rm;
     Touch(dest);
-    if (where.disp) ia32_add_imm32(3, dest, where.disp);
+    if (where.disp) ia32_add_imm32(kModRegister, dest, where.disp);
     int src = LoadSymbolAddress(value, SchemeExclude(dest, kSelectAnyGPR));
     CopyStructure(dest, src, value->mType.StorageSize(), kSelectAnyGPR);
   } else if (AddrIsInt64(value)) {
@@ -258,7 +261,7 @@ void CGIA32::tac_Poke(TacLine const& line) {
     EmitRegMem(QUORL_RM(ia32_mov_store), lo, where);
     if (where.index != kNoRegister) {
       Touch(where.index);
-      ia32_add_imm8_se(3, where.index, 4);
+      ia32_add_imm8_se(kModRegister, where.index, 4);
       EmitRegMem(QUORL_RM(ia32_mov_store), hi, where);
     } else {
       EmitRegMem(QUORL_RM(ia32_mov_store), hi, Displaced(where, 4));
@@ -293,20 +296,20 @@ void CGIA32::tac_EndianSwap(TacLine const& line) {
   int scheme = SchemeExclude2(from, to, size == 2 ? kSelect8BitGPR : kSelectAnyGPR);
   int reg = AllocateRegister(scheme, kNoRegister);
   if (size == 4) {
-    ia32_mov(0, reg, from);
+    ia32_mov(kModIndirect, reg, from);
     ia32_bswap(reg);
-    ia32_mov_store(0, reg, to);
+    ia32_mov_store(kModIndirect, reg, to);
   } else if (size == 8) {
-    ia32_mov(0, reg, from);
+    ia32_mov(kModIndirect, reg, from);
     ia32_bswap(reg);
-    ia32_mov_store(1, reg, to, 4);
-    ia32_mov(1, reg, from, 4);
+    ia32_mov_store(kModDisplacement8, reg, to, 4);
+    ia32_mov(kModDisplacement8, reg, from, 4);
     ia32_bswap(reg);
-    ia32_mov_store(0, reg, to);
+    ia32_mov_store(kModIndirect, reg, to);
   } else if (size == 2) {
-    ia32_mov16(0, reg, from);
+    ia32_mov16(kModIndirect, reg, from);
     ia32_xchg_swap8(reg);
-    ia32_mov16_store(0, reg, to);
+    ia32_mov16_store(kModIndirect, reg, to);
   } else {
     QASSERT_TEXT(0, "0");
   }

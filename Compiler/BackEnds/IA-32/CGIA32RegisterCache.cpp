@@ -8,13 +8,13 @@ bool CGIA32::RegMatchesScheme(int reg, int scheme) {
 }
 
 bool CGIA32::IsXMMScheme(int scheme) {
-  return (static_cast<unsigned int>(scheme) & 0xFF000000u) != 0;
+  return (static_cast<unsigned int>(scheme) & kXMMSchemeBits) != 0;
 }
 
 int CGIA32::SchemeExclude(int reg, int scheme) {
   QASSERT_TEXT(reg >= 0 and reg < kRegisterCount,
                "reg >= 0 and reg < kRegisterCount");
-  return scheme & ~(1 << reg);
+  return scheme & ~RegisterBit(reg);
 }
 
 int CGIA32::SchemeExclude2(int reg1, int reg2, int scheme) {
@@ -25,7 +25,9 @@ int CGIA32::SchemeExclude3(int reg1, int reg2, int reg3, int scheme) {
   return SchemeExclude(reg3, SchemeExclude2(reg1, reg2, scheme));
 }
 
-int CGIA32::ModDisp(int disp) { return disp >= -128 && disp <= 127 ? 1 : 2; }
+int CGIA32::ModDisp(int disp) {
+  return disp >= -128 && disp <= 127 ? kModDisplacement8 : kModDisplacement32;
+}
 
 // Only the bank the scheme names is searched: floats live in the SSE bank,
 // everything else in the general one. A hit outside the scheme still
@@ -45,7 +47,7 @@ bool CGIA32::LocateLoadedAddr(TacAddr const* addr, int scheme,
 }
 
 void CGIA32::Touch(int reg) {
-  QASSERT_TEXT(!(mHomeMask & (1 << reg)), "a home register is never changed");
+  QASSERT_TEXT(!(mHomeMask & RegisterBit(reg)), "a home register is never changed");
   Touch(&mRegisters[reg]);
 }
 
@@ -108,13 +110,4 @@ void CGIA32::ForgetAddr(TacAddr const* addr) {
     while (mRegisters[reg].Contains(addr)) mRegisters[reg].Clear(addr);
     while (mXMMRegisters[reg].Contains(addr)) mXMMRegisters[reg].Clear(addr);
   }
-}
-
-void CGIA32::AssertCacheEmpty() const {
-#ifndef NDEBUG
-  for (int reg = 0; reg < kRegisterCount; reg++)
-    QASSERT_TEXT((!mRegisters[reg].Valid() || mHomes[reg] != nilTacAddr) &&
-                     (!mXMMRegisters[reg].Valid() || mXMMHomes[reg] != nilTacAddr),
-                 "stale register cache after a label");
-#endif
 }

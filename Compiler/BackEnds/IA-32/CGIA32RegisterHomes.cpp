@@ -161,7 +161,7 @@ void CGIA32::PickHomes(SimpleVector<HomeCandidate>& candidates,
     int reg = registers[home];
     RegisterState* states = bank ? mXMMRegisters : mRegisters;
     (bank ? mXMMHomes : mHomes)[reg] = chosen.addr;
-    (bank ? mXMMHomeMask : mHomeMask) |= 1 << reg;
+    (bank ? mXMMHomeMask : mHomeMask) |= RegisterBit(reg);
     states[reg].mUsed = true;
     states[reg].Record(chosen.addr);
   }
@@ -232,9 +232,9 @@ void CGIA32::FollowHome(int reg, TacAddr const* dest) {
   bool xmm = dest->mType.IsFloat();
   if (home != reg) {
     if (xmm)
-      ia32_movsd(3, home, reg);
+      ia32_movsd(kModRegister, home, reg);
     else
-      ia32_mov(3, home, reg);
+      ia32_mov(kModRegister, home, reg);
   }
   RegisterState* states = xmm ? mXMMRegisters : mRegisters;
   states[home].Clear();

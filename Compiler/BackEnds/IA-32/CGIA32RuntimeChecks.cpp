@@ -75,7 +75,7 @@ void CGIA32::YieldInLine() {
   CallByName(mIntrinsicLinkNames[kIntrinsicVELDYieldToQuorl]);
   ia32_mov_imm32(kEAX, kYieldInterval);
   StoreEAXTo(YieldCountdown());
-  ia32_xor(3, kEAX, kEAX);
+  ia32_xor(kModRegister, kEAX, kEAX);
   StoreEAXTo(StackLimitCache());
   ia32_popad();
   ReloadHomeRegisters(kReloadSSEHomes);
@@ -92,7 +92,7 @@ void CGIA32::CheckStackInLine() {
   EmitRegMem(&IA32OpWriter::ia32_mov, &IA32OpWriter::ia32_mov,
              &IA32OpWriter::ia32_mov, limit, Absolute(StackLimitCache()));
   ia32_dec(limit);
-  ia32_cmp(3, limit, kESP);
+  ia32_cmp(kModRegister, limit, kESP);
   long fine = NewLocalLabel();
   EmitBranch(&IA32OpWriter::ia32_jb, 2, fine);
   ia32_pushad();

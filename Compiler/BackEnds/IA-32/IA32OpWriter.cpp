@@ -47,10 +47,10 @@ void IA32OpWriter::ia32_WriteSIB(int scale, int index, int base) {
 }
 
 void IA32OpWriter::ia32_WriteDisplacement(int mod, int disp) {
-  if (mod == 1) {
+  if (mod == kModDisplacement8) {
     QASSERT_TEXT(disp >= -128 and disp <= 127, "disp >= -128 and disp <= 127");
     ia32_Write8(disp & 0xFF);
-  } else if (mod == 0 || mod == 2) {
+  } else if (mod == kModIndirect || mod == kModDisplacement32) {
     ia32_Write32(disp);
   } else {
     QASSERT_TEXT(0, "0");
@@ -108,16 +108,18 @@ QUORL_IA32_FIXED_OPERATIONS(QUORL_IA32_DEFINE_FIXED)
 // ---------------------------------------------------------------- immediates
 
 void IA32OpWriter::ia32_Immediate32Group(int group, int mod, int rm, int imm) {
-  QASSERT_TEXT(mod == 3 || (mod == 0 && rm != 4 && rm != 5),
-               "immediate operand without displacement");
+  QASSERT_TEXT(
+      mod == kModRegister || (mod == kModIndirect && rm != kESP && rm != kEBP),
+      "immediate operand without displacement");
   ia32_RegMem(0x81, mod, group, rm);
   ia32_Write32(imm);
 }
 
 void IA32OpWriter::ia32_Immediate8Group(int opcode, int group, int mod, int rm,
                                         int imm8) {
-  QASSERT_TEXT(mod == 3 || (mod == 0 && rm != 4 && rm != 5),
-               "immediate operand without displacement");
+  QASSERT_TEXT(
+      mod == kModRegister || (mod == kModIndirect && rm != kESP && rm != kEBP),
+      "immediate operand without displacement");
   QASSERT_TEXT(imm8 >= -128 && imm8 <= 127, "imm8 >= -128 && imm8 <= 127");
   ia32_RegMem(opcode, mod, group, rm);
   ia32_Write8(imm8 & 0xFF);
@@ -237,7 +239,7 @@ void IA32OpWriter::ia32_xchg(int reg) { ia32_WriteRegisterOpcode(0x90, reg); }
 void IA32OpWriter::ia32_xchg_swap8(int rm) {
   QASSERT_TEXT(rm < 4, "rm < 4");
   ia32_WriteOpcode(0x86);
-  ia32_WriteModRM(3, rm | 4, rm);
+  ia32_WriteModRM(kModRegister, rm | 4, rm);
 }
 
 void IA32OpWriter::ia32_or_imm16(int mod, int rm, int scale, int index,

@@ -6,9 +6,7 @@
 //
 // Register numbers are the hardware's (kEAX...kEDI); the SSE registers are
 // numbered 0 to 7 too. Every memory-capable operation takes `mod` first, the
-// ModRM mode: 0 no displacement (with rm 5: a 32-bit absolute address, given
-// as the displacement), 1 an 8-bit displacement, 2 a 32-bit displacement,
-// 3 register direct. An operand based on ESP (rm 4) needs the SIB shape,
+// ModRM mode (ModRMMode). An operand based on ESP (rm 4) needs the SIB shape,
 // which the caller picks; only the x87 memory operations add the SIB byte
 // for ESP on their own.
 #ifndef COMPILER_BACKENDS_IA32_IA32OPWRITER_H
@@ -27,6 +25,16 @@ enum IA32Register {
   kEDI = 7,
 };
 
+// The mode field of a ModRM byte.
+enum ModRMMode {
+  // No displacement; with rm 5 (EBP's number) a 32-bit absolute address,
+  // given as the displacement.
+  kModIndirect = 0,
+  kModDisplacement8 = 1,
+  kModDisplacement32 = 2,
+  kModRegister = 3,  // the register itself, no memory
+};
+
 class IA32OpWriter {
  public:
   // The sinks; 16- and 32-bit values are little-endian.
@@ -42,7 +50,8 @@ class IA32OpWriter {
   void ia32_WriteRegisterOpcode(int opcode, int reg);
   void ia32_WriteModRM(int mod, int reg, int rm);
   void ia32_WriteSIB(int scale, int index, int base);
-  // mod 1: one byte; mod 0 or 2: four bytes.
+  // One byte for kModDisplacement8, four for kModIndirect and
+  // kModDisplacement32.
   void ia32_WriteDisplacement(int mod, int disp);
 
   // ---- register and memory operand families, four shapes each:

@@ -60,9 +60,6 @@ void RuntimeCheckStack();
 void RuntimeDebugEntry();
 void RemoteDebuggerStartup();
 
-// The object raised by RuntimeCheckStack.
-RuntimeObject* StackOverflowExceptionObject();
-
 // ---- stopping a running script
 // The stop word of the running script. The host sets it to kStopRequested,
 // from any thread; the next yield makes it kStopUnwinding and raises the

@@ -31,7 +31,7 @@ void QuorlScriptLinkIA32::GenerateListCaller(string const& name,
   FunctionBlock* block = mSrc->MakeFunctionBlock();
   block->mName = name;
   FunctionBlockWriter writer(block);
-  writer.ia32_sub_imm32(3, kESP, kListCallerPadding);
+  writer.ia32_sub_imm32(kModRegister, kESP, kListCallerPadding);
   StringMapIterator<string>* iter = list.NewIterator();
   string function;
   while (iter->Next(function)) {
@@ -39,7 +39,7 @@ void QuorlScriptLinkIA32::GenerateListCaller(string const& name,
     writer.ia32_call_disp32(0);
   }
   delete iter;
-  writer.ia32_add_imm32(3, kESP, kListCallerPadding);
+  writer.ia32_add_imm32(kModRegister, kESP, kListCallerPadding);
   writer.ia32_ret_near();
   mSrc->mFunctions.push_back(block);
 }

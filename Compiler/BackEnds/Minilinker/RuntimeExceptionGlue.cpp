@@ -165,10 +165,6 @@ void UnhandledException(RuntimeObject* exception) {
     correspondent->ScriptError(UnhandledErrorCode(exception), 0);
 }
 
-RuntimeObject* StackOverflowExceptionObject() {
-  return &sStackOverflowException;
-}
-
 // The overflow goes through the exception machinery, so a script handler
 // can catch it; uncaught, it reaches UnhandledException. Like every raise
 // from the runtime, this returns to the running code afterwards.

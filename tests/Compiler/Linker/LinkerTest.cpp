@@ -179,3 +179,39 @@ TEST(StripDeadCodeTest, WhatMainCannotReachGoesWithItsGlobalsAndInitializers) {
   EXPECT_EQ(1u, b.mModule->mFinalizers.Count());
 }
 
+
+namespace {
+
+// Joining a library's module into an application's: the blocks arrive as
+// copies after the destination's own, the tables gain the source's entries,
+// and the source stays whole.
+TEST(ModuleMergeTest, BlocksAreCopiedBehindTheDestinationsAndTablesAddUp) {
+  ModuleBuilder app, library;
+  app.Function("% main", 4);
+  app.mModule->mGlobals.AddEntry("App.x", 4);
+  FunctionBlock* helper = library.Function("helper", 3);
+  helper->MarkImportAbsolute(Import::kImportGlobal32, "Lib.x", 1);
+  library.Static("Lib.meta", 8);
+  library.Function("Lib.init", 2);
+  library.mModule->mGlobals.AddEntry("Lib.x", 8);
+  library.mModule->mInitializers.AddEntry("Lib.x", "Lib.init");
+
+  Linker::Merge(app.mModule, library.mModule);
+  Linker::Merge(app.mModule, Ref<CodeModule>());  // nothing to join
+
+  EXPECT_EQ((Texts{"% main", "helper", "Lib.init"}), Names(app.mModule->mFunctions));
+  EXPECT_EQ(Texts{"Lib.meta"}, Names(app.mModule->mStaticData));
+  FunctionBlock* copy = app.mModule->mFunctions[1];
+  EXPECT_NE(helper, copy);
+  EXPECT_EQ(helper->Length(), copy->Length());
+  EXPECT_EQ(ImportList(helper->mImports), ImportList(copy->mImports));
+  unsigned int size = 0;
+  EXPECT_TRUE(app.mModule->mGlobals.GetEntry("App.x", size) && size == 4);
+  EXPECT_TRUE(app.mModule->mGlobals.GetEntry("Lib.x", size) && size == 8);
+  string init;
+  EXPECT_TRUE(app.mModule->mInitializers.GetEntry("Lib.x", init) && init == "Lib.init");
+  EXPECT_EQ(2u, library.mModule->mFunctions.size());
+  EXPECT_EQ(1u, library.mModule->mStaticData.size());
+}
+
+}  // namespace

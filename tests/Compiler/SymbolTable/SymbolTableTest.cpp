@@ -19,12 +19,31 @@ TEST(SymbolHash, FoldsAsciiCaseOnlyAndWraps) {
   EXPECT_NE(Symbol::Hash("\xC3\xA9"), Symbol::Hash("\xC3\x89"));
 }
 
-TEST(SymbolTable, GrowsOnTheTenthSymbolAndCountsSymbolsNotSlots) {
+// Enough names for the index to be rebuilt several times: every name must
+// still be found afterwards, a name declared twice with its newest symbol
+// first, and the count is of symbols, not of index slots.
+TEST(SymbolTable, EverySymbolIsFoundAfterTheIndexGrows) {
   SymbolTable table;
-  for (int i = 0; i < 9; i++) table.Add(new Symbol(("n" + std::to_string(i)).c_str()));
-  EXPECT_EQ(17u, table.IndexSize());
-  table.Add(new Symbol("n9"));
-  EXPECT_EQ(34u, table.IndexSize());
+  Symbol* older = new Symbol("twice");
+  table.Add(older);
+  for (int i = 0; i < 200; i++) table.Add(new Symbol(("n" + std::to_string(i)).c_str()));
+  Symbol* newer = new Symbol("TWICE");
+  table.Add(newer);
+  EXPECT_EQ(202u, table.Count());
+  EXPECT_LT(table.Count(), table.IndexSize());
+  for (int i = 0; i < 200; i++) {
+    std::string name = "N" + std::to_string(i);
+    LookupSet found = table.Lookup(name.c_str());
+    ASSERT_TRUE(found.Next()) << name;
+    EXPECT_STREQ(("n" + std::to_string(i)).c_str(), found.Value()->Name().CString());
+    EXPECT_FALSE(found.Next()) << name;
+  }
+  LookupSet twice = table.Lookup("twice");
+  ASSERT_TRUE(twice.Next());
+  EXPECT_EQ(newer, twice.Value());
+  ASSERT_TRUE(twice.Next());
+  EXPECT_EQ(older, twice.Value());
+  EXPECT_FALSE(twice.Next());
 }
 
 TEST(SymbolTableDeathTest, AnIteratorLocksTheTable) {

@@ -56,7 +56,7 @@ TEST(Promotion, MixedOperandsAndResultTypes) {
       {"String", "String", "Boolean", "a >= b", "PutParam",
        {"PutParam a As String (global)", "PutParam b As String (global)"}},
       {"String", "String", "Boolean", "a >= b", "*",
-       {"Intrinsic intrinsic 37 -> t1 As Int32 (global)",
+       {"Intrinsic RuntimeStringCompare -> t1 As Int32 (global)",
         "LE 0 As Int32, t1 As Int32 (global) -> t2 As Boolean (global)"}},
       {"UInt8", "UInt8", "Int8", "-a", "*",
        {"Cvt a As UInt8 (global) -> t1 As Int8 (global)",

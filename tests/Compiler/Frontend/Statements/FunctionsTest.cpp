@@ -23,7 +23,7 @@ TEST(Functions, PrologTakesParametersLastFirstAndZeroesTheLocals) {
   EXPECT_EQ(1, p.Count("Zero -> F.x "));
   EXPECT_EQ(0, p.Count("Zero -> F.a "));
   EXPECT_EQ(1, p.Count("Lock F.s "));
-  EXPECT_LT(p.Find("Lock"), p.Find("intrinsic 122"));
+  EXPECT_LT(p.Find("Lock"), p.Find("RuntimeCheckStack"));
   int store = p.Find("Store F.a As Int32 (stack 4) -> F.Return");
   ASSERT_GT(store, 0) << p.Listing();
   std::string jump = l[store + 1];
@@ -54,7 +54,7 @@ TEST(Functions, EpilogReleasesTheLocalsOnBothPathsThenReraises) {
   EXPECT_EQ(std::string::npos, l[handler].find("->"));
   int release = FindStart("Unlock S.t ", handler);
   int test = FindStart("IfEQI", handler);
-  int reraise = p.Find("Intrinsic intrinsic 108", handler);
+  int reraise = p.Find("Intrinsic RuntimeReraiseException", handler);
   int leave = FindStart("Leave", handler);
   ASSERT_GT(release, handler) << p.Listing();
   EXPECT_GT(test, release);

@@ -41,7 +41,9 @@ inline Section FindBody(std::vector<std::string> const& lines,
   bool main = name == "% main";
   for (s.end = s.enter + 1; s.end < int(lines.size()); s.end++)
     if (Opens(lines[s.end], main ? "Stop" : "Leave")) break;
-  auto intrinsic = [](long n) { return "Intrinsic intrinsic " + std::to_string(n); };
+  auto intrinsic = [](long n) {
+    return "Intrinsic " + std::string(IntrinsicFunctionNames()[n].CString());
+  };
   struct Phase { std::string prefix; bool many; };  // many: may repeat
   std::vector<Phase> prologue =
       main ? std::vector<Phase>{{intrinsic(kIntrinsicRuntimeInit), false},

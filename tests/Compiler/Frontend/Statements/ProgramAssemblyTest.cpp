@@ -13,15 +13,15 @@ TEST(ProgramAssembly, EmptyProgramStillRunsTheFrame) {
   listing::Section main = p.Body();
   ASSERT_EQ(0, main.enter) << p.Listing();
   EXPECT_EQ(0u, lines[0].rfind("Enter \"% main\" As String", 0));
-  EXPECT_EQ("Intrinsic intrinsic 1", lines[1]);
+  EXPECT_EQ("Intrinsic RuntimeInit", lines[1]);
   EXPECT_EQ("Call \"% initialize\" As String", lines[2]);
   EXPECT_EQ(3, main.first);
   EXPECT_EQ(3, main.exit);
   EXPECT_LT(main.exit, p.Find("HandleException"));
   EXPECT_TRUE(p.InOrder({"HandleException", "Call \"% finalize\" As String",
-                         "intrinsic " + std::to_string(kIntrinsicRuntimeReraiseException)}));
+                         "Intrinsic RuntimeReraiseException"}));
   ASSERT_EQ(int(lines.size()) - 1, main.end) << p.Listing();
-  EXPECT_NE(std::string::npos, lines[main.end - 1].find("intrinsic 2 ->"));
+  EXPECT_NE(std::string::npos, lines[main.end - 1].find("RuntimeExit ->"));
   EXPECT_EQ(0u, lines[main.end].rfind("Stop", 0));
 }
 
@@ -63,11 +63,11 @@ TEST(ProgramAssembly, PragmaInAMethodEndsWithIt) {
       "Sub B()\n While False\n Wend\nEnd Sub\n"
       "While False\nWend\n");
   EXPECT_TRUE(p.errors.empty());
-  int yield = p.Find("intrinsic 119");
+  int yield = p.Find("VELDYieldToQuorl");
   ASSERT_GE(yield, 0) << p.Listing();
   EXPECT_LT(p.Find("\"A\""), yield);
   EXPECT_LT(yield, p.Find("\"B\""));
-  EXPECT_EQ(2, p.Count("intrinsic 119")) << "A's loop and A's entry";
+  EXPECT_EQ(2, p.Count("VELDYieldToQuorl")) << "A's loop and A's entry";
 }
 
 TEST(ProgramAssembly, NewNeedsOneVariable) {

@@ -1,5 +1,6 @@
-// Class records laid out as static data: the blocks and the imports that
-// the linker will fill in, for a small family of classes and interfaces.
+// Class records, for a small family of classes and interfaces: laid out
+// as static data (the blocks and the imports that the linker will fill
+// in), and built at run time by the initialisers (what they poke where).
 #include <gtest/gtest.h>
 
 #include <map>
@@ -12,7 +13,9 @@
 #include "Compiler/Miner/DeclarationParser.h"
 #include "Compiler/Miner/Miner.h"
 #include "Compiler/SymbolTable/GlobalSymbolTable.h"
+#include "Compiler/Intrinsics.h"
 #include "Compiler/compiler.h"
+#include "tests/Compiler/Frontend/Expressions/CompileDriver.h"
 
 namespace {
 
@@ -172,4 +175,58 @@ TEST_F(StaticRecords, InterfacesHaveRecordsAndEachImplementerAVtable) {
   EXPECT_EQ(Code("Dog.Shout%%o<Dog>"), ImportAt("Dog:Loud.__vtable", 0));
   // Every record is put on the runtime's list by an initialiser.
   EXPECT_EQ(5u, initializers);
+}
+
+namespace {
+
+// The lines of one generated function, squeezed.
+std::vector<std::string> FunctionLines(CompiledProgram const& p,
+                                       std::string const& name) {
+  listing::Section f = p.Body(name);
+  std::vector<std::string> lines;
+  if (f.enter < 0) return lines;
+  for (int i = f.enter; i <= f.end && i < int(p.code.size()); i++)
+    lines.push_back(p.code[i]);
+  return lines;
+}
+
+bool HasLine(std::vector<std::string> const& lines, std::string const& text) {
+  for (auto const& line : lines)
+    if (line.find(text) != std::string::npos) return true;
+  return false;
+}
+
+std::string Intrinsic(long which) {
+  return std::string("Intrinsic ") + IntrinsicFunctionNames()[which].CString();
+}
+
+}  // namespace
+
+// The parent's record first, then a record with room for all the tables;
+// only what the class adds is poked in, as the runtime copied the rest.
+TEST(ClassInitializers, ARecordIsMadeFromTheParentsAndFilledWithWhatTheClassAdds) {
+  CompiledProgram p = CompileSource(kProgram);
+  ASSERT_TRUE(p.errors.empty()) << p.Listing();
+  std::vector<std::string> dog = FunctionLines(p, "Dog.__ctblinit");
+  ASSERT_FALSE(dog.empty()) << p.Listing();
+  EXPECT_TRUE(HasLine(dog, "Call \"Animal.__Lookup%x%\""));
+  EXPECT_TRUE(HasLine(dog, Intrinsic(kIntrinsicRuntimeNewClass) + " -> Dog.__ctbl"));
+  EXPECT_TRUE(HasLine(dog, "Poke \"Dog\" As String, 4 As Int32 -> Dog.__ctbl"));
+  EXPECT_TRUE(HasLine(dog, "FuncPtr \"Dog.Speak%s%o<Dog>\""));
+  EXPECT_FALSE(HasLine(dog, "FuncPtr \"Animal.Walk%%o<Animal>\""));
+  EXPECT_TRUE(HasLine(dog, "FuncPtr \"Dog.Moving%%o<Dog>i4\""));
+  EXPECT_TRUE(HasLine(dog, Intrinsic(kIntrinsicRuntimeNewVtable)));
+  EXPECT_TRUE(HasLine(dog, "FuncPtr \"Dog.Shout%%o<Dog>\""));
+  std::vector<std::string> lookup = FunctionLines(p, "Dog.__Lookup%x%");
+  EXPECT_TRUE(HasLine(lookup, "IfNEI Dog.__ctbl"));
+  EXPECT_TRUE(HasLine(lookup, "Call \"Dog.__ctblinit\""));
+}
+
+TEST(ClassInitializers, OnlyClassesWithSomethingToDoGetInitAndExit) {
+  CompiledProgram p = CompileSource(kProgram);
+  EXPECT_LT(p.Body("Empty.__Init").enter, 0);
+  EXPECT_LT(p.Body("Empty.__Exit").enter, 0);
+  EXPECT_GE(p.Body("Animal.__Init").enter, 0);
+  EXPECT_GE(p.Body("Animal.__Exit").enter, 0);
+  EXPECT_LT(p.Body("Dog.__Init").enter, 0);
 }

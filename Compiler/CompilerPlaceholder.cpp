@@ -1,1 +1,0 @@
-// Keeps the compiler library non-empty while its first sources are written.
