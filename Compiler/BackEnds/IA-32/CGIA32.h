@@ -36,8 +36,10 @@ struct CGIA32Options {
         mOptimizeCode(false) {}
   bool mAlignStack16;              // 16-byte stack alignment at calls
   bool mUseSSE2FloatingPointMath;  // SSE registers instead of the x87 stack
-  // Faster forms that look beyond the line at hand: comparisons fused with
-  // the branch that reads them, yields and conversions in line.
+  // Faster forms that look beyond the line at hand: variables of loops in
+  // registers for a whole function, comparisons whose flags feed the
+  // branch, floating constants in a pool, Int32 to Double and the stack
+  // check in line.
   bool mOptimizeCode;
 };
 

@@ -328,7 +328,7 @@ void CGIA32::StoreTacAddr(int reg, TacAddr const* dest) {
   if (dest == mObjectBase) InvalidateRegisters();
   int baseScheme = isFloat ? kSelectAnyGPR : SchemeExclude(reg, kSelectAnyGPR);
   StoreToMemory(reg, dest, AddressOf(dest, baseScheme));
-  if (!((isFloat ? mXMMHomeMask : mHomeMask) & (1 << reg))) {
+  if (!((isFloat ? mXMMHomeMask : mHomeMask) & RegisterBit(reg))) {
     bank[reg].Record(dest);
     bank[reg].mLastUse = HitClock();
   }

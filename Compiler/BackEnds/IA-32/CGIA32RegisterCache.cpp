@@ -47,7 +47,7 @@ bool CGIA32::LocateLoadedAddr(TacAddr const* addr, int scheme,
 }
 
 void CGIA32::Touch(int reg) {
-  QASSERT_TEXT(!(mHomeMask & (1 << reg)), "a home register is never changed");
+  QASSERT_TEXT(!(mHomeMask & RegisterBit(reg)), "a home register is never changed");
   Touch(&mRegisters[reg]);
 }
 

@@ -161,7 +161,7 @@ void CGIA32::PickHomes(SimpleVector<HomeCandidate>& candidates,
     int reg = registers[home];
     RegisterState* states = bank ? mXMMRegisters : mRegisters;
     (bank ? mXMMHomes : mHomes)[reg] = chosen.addr;
-    (bank ? mXMMHomeMask : mHomeMask) |= 1 << reg;
+    (bank ? mXMMHomeMask : mHomeMask) |= RegisterBit(reg);
     states[reg].mUsed = true;
     states[reg].Record(chosen.addr);
   }
