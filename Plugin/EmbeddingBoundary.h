@@ -81,6 +81,7 @@ enum QuorlCallStatus {
   kQuorlRaised = 4,           // the function ended in an uncaught exception
   kQuorlBadDeclaration = 5,   // the declaration does not read
   kQuorlStopped = 6,          // the host stopped it
+  kQuorlBusy = 7,             // the script is running: no call into it now
 };
 
 // The engine's operations, handed to the host once at load.

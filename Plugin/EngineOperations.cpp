@@ -32,13 +32,22 @@ int32_t AddHostFunction(VELDObject instance, void* entry, void* data,
   return kQuorlCallDone;
 }
 
+int32_t CallFunction(VELDObject instance, char const* name,
+                     QuorlValue const* arguments, int32_t count,
+                     QuorlValue* result) {
+  if (!instance) return kQuorlNotCompiled;
+  QuorlScriptData* me = QuorlScriptDataOf(instance);
+  if (!me->mInterface) return kQuorlNotCompiled;
+  return me->mInterface->CallFunction(name, arguments, count, result);
+}
+
 QuorlEngineOperations const kOperations = {
     sizeof(QuorlEngineOperations),
     RequestStop,
     DescribeHostDeclaration,
     AddHostFunction,
     RaiseScriptException,
-    nullptr,
+    CallFunction,
 };
 
 }  // namespace

@@ -14,6 +14,7 @@
 #include "Plugin/CompileLock.h"
 #include "Plugin/EmbeddingBoundary.h"
 #include "Plugin/QuorlScriptInterface.h"
+#include "Plugin/ScriptFunctions.h"
 #include "Universal/Assertion.h"
 #include "Universal/ByteHelpers.h"
 
@@ -165,22 +166,6 @@ void QuorlScriptInterface::EncodeHostCallbacks(ModuleSymbol* symbols,
   delete context;
 }
 
-namespace {
-
-QuorlValueType ValueTypeOf(IRDataType const& type) {
-  switch (type.GetMainType()) {
-    case kNoType: return kQuorlNoValue;
-    case kSInt32Type: return kQuorlInteger;
-    case kSInt64Type: return kQuorlInt64;
-    case kReal64Type: return kQuorlDouble;
-    case kReal32Type: return kQuorlSingle;
-    case kBooleanType: return kQuorlBoolean;
-    case kStringType: return kQuorlString;
-    default: return kQuorlOtherValue;
-  }
-}
-
-}  // namespace
 
 namespace {
 

@@ -13,6 +13,7 @@
 
 #include "Plugin/EmbeddingBoundary.h"
 #include "Plugin/PluginBoundary.h"
+#include "Universal/ustring.h"
 
 // Stored by VELDPluginMain; lives as long as the process.
 extern VELDResolver gResolver;

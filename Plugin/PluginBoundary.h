@@ -14,7 +14,6 @@
 
 #include <stdint.h>
 
-#include "Universal/ustring.h"
 
 extern "C" {
 
@@ -22,7 +21,9 @@ extern "C" {
 // "RegisterPluginVersion".
 enum { kVELDPluginVersion = 9 };
 
-// A host string handle is a stringStorage, in the format of ustring.h.
+// A host string handle is a stringStorage, in the format of
+// Universal/ustring.h; the host sees it through that header.
+struct stringStorage;
 typedef stringStorage* VELDString;
 
 // A host object. Its record starts with two words the contract fixes: a word
@@ -93,8 +94,10 @@ struct VELDClassDefinition {
 // operation by name, or null for a name the host does not serve.
 typedef void* (*VELDResolver)(char const* name);
 
-// The one exported entry of the plug-in.
+// The one exported entry of the plug-in. A program that links the engine
+// in (rather than loading the plug-in) hands this function to quorl::Attach.
 typedef void (*VELDPluginMainProc)(VELDResolver resolver);
+void VELDPluginMain(VELDResolver resolver);
 
 // Signatures of the host operations the engine uses, by name.
 typedef void (*VELDRegisterPluginVersionProc)(int version);

@@ -20,6 +20,7 @@
 #include "Plugin/QuorlScriptInterface.h"
 #include "Plugin/RuntimeLibraryTable.h"
 #include "Universal/ByteHelpers.h"
+#include "Plugin/ScriptFunctions.h"
 #include "Plugin/ScriptRuntime.h"
 
 // The conditional-compilation constants a script sees: every target false,
@@ -67,7 +68,6 @@ static void NameBakedAddresses(QuorlScriptCorrespondent* correspondent,
 Ref<CodeModule> QuorlScriptInterface::CompileSource(
     StringMap<void*>* functionTable, string* listing,
     StringMapCase<string>* powerPCShapes) {
-  std::lock_guard<std::mutex> compiling(CompileLock());
   Compiler compiler;
   compiler.mIntrinsicNames = IntrinsicFunctionNames();
   SetTargetConstants(compiler.mConditionalConstants, powerPCShapes);
@@ -93,6 +93,8 @@ Ref<CodeModule> QuorlScriptInterface::CompileSource(
     compiler.mScriptMode = 1;
     module = compiler.Compile(source, string(""), symbols);
   }
+  mScriptFunctions.deleteAll();
+  if (module) CollectScriptFunctions(symbols, &mScriptFunctions);
   delete symbols;
   return module;
 }
@@ -108,8 +110,11 @@ class LinkFailureWitness : public LinkerDelegate {
 // A script that compiles but calls what the host does not serve can't run.
 // The host hears of it as of an unknown name, since that is what it is; the
 // linker knows no source line.
+// The whole of it holds the compile lock: the tables the compiler and the
+// linker share (intrinsic names, shared operands) are made on first use.
 void QuorlScriptInterface::Precompile() {
   if (!mSourceText || mReadyCode) return;
+  std::lock_guard<std::mutex> compiling(CompileLock());
   StringMap<void*>* functionTable = MakeQuorlScriptRuntimeFunctionTable(&Resolver);
   Ref<CodeModule> module = CompileSource(functionTable, nullptr);
   if (module) {
@@ -122,6 +127,7 @@ void QuorlScriptInterface::Precompile() {
 
 bool QuorlScriptInterface::CompileToTacListing(string* listing) {
   if (!mSourceText) return false;
+  std::lock_guard<std::mutex> compiling(CompileLock());
   StringMap<void*>* functionTable = MakeQuorlScriptRuntimeFunctionTable(&Resolver);
   Ref<CodeModule> module = CompileSource(functionTable, listing);
   delete functionTable;
@@ -158,8 +164,33 @@ Ref<CodeModule> QuorlScriptInterface::CompileForPowerPC(
     StringMapCase<string>* callShapes) {
   if (!mSourceText) return Ref<CodeModule>();
   StringMap<void*>* functionTable = MakeQuorlScriptRuntimeFunctionTable(&Resolver);
-  Ref<CodeModule> module = CompileSource(functionTable, nullptr, callShapes);
+  Ref<CodeModule> module;
+  {
+    std::lock_guard<std::mutex> compiling(CompileLock());
+    module = CompileSource(functionTable, nullptr, callShapes);
+  }
   delete functionTable;
   if (module) NameLibraryFunctions(&*module, callShapes);
   return module;
+}
+
+// A call from the host is a short run of its own: no call while the script
+// runs, and a stop the host asks for meanwhile ends it like a run.
+int32_t QuorlScriptInterface::CallFunction(char const* name,
+                                           QuorlValue const* arguments,
+                                           int32_t count, QuorlValue* result) {
+  if (mRunning) return kQuorlBusy;
+  if (!name || (count && !arguments)) return kQuorlBadArguments;
+  if (!mReadyCode) Precompile();
+  if (!mReadyCode) return kQuorlNotCompiled;
+  mRunning = 1;
+  SetRuntimeStackLimit(GetStackLimit());
+  SetRuntimeStopWord(&mStopWord);
+  int32_t status = CallScriptFunction(mReadyCode, this, mScriptFunctions, name,
+                                      arguments, count, result);
+  SetRuntimeStopWord(nullptr);
+  mRunning = 0;
+  if (status == kQuorlRaised && mStopWord == kStopUnwinding) status = kQuorlStopped;
+  mStopWord = kStopNone;
+  return status;
 }

@@ -7,6 +7,7 @@
 #include <stdint.h>
 
 #include "Plugin/PluginBoundary.h"
+#include "Universal/ustring.h"
 
 class QuorlInterpreter;
 

@@ -8,6 +8,7 @@
 #include "Compiler/BackEnds/Minilinker/QuorlScriptCorrespondent.h"
 #include "Compiler/SmartRef.h"
 #include "Compiler/compiler.h"
+#include "Plugin/ScriptFunctions.h"
 #include "Universal/SimpleVector.h"
 #include "Universal/ustring.h"
 
@@ -100,6 +101,11 @@ class QuorlScriptInterface : public QuorlScriptCorrespondent,
   void ScriptError(RuntimeErrorCode code, unsigned long line) override;
   void ScriptYield() override;
 
+  // Calls the script's Sub or Function of that name with the arguments,
+  // compiling first if needed; a QuorlCallStatus. Not while running.
+  int32_t CallFunction(char const* name, QuorlValue const* arguments,
+                       int32_t count, QuorlValue* result);
+
   // Asks the run in progress to stop at its next yield; nothing when no
   // run is in progress. Safe from any thread while this object lives.
   void RequestStop();
@@ -157,6 +163,8 @@ class QuorlScriptInterface : public QuorlScriptCorrespondent,
   SimpleVector<HostMethod> mHostMethods;
   SimpleVector<HostProperty> mHostProperties;
   SimpleVector<HostFunction> mHostFunctions;
+  // The script's own functions, known with the ready code.
+  SimpleVector<ScriptFunction> mScriptFunctions;
   CompileErrorDetail mPendingError;
   // A ScriptStopState; written by other threads.
   volatile long mStopWord = 0;

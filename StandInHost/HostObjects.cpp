@@ -4,6 +4,7 @@
 #include <stdlib.h>
 #include <strings.h>
 
+#include <atomic>
 #include <map>
 
 namespace quorl {
@@ -27,7 +28,7 @@ struct ObjectRecord {
   void* embedderData;
 };
 
-long gLiveObjects = 0;
+std::atomic<long> gLiveObjects{0};
 
 ObjectRecord* Record(VELDObject object) {
   return reinterpret_cast<ObjectRecord*>(object);

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "Plugin/PluginBoundary.h"
+#include "Universal/ustring.h"
 
 namespace quorl {
 namespace standin {

@@ -14,7 +14,8 @@ struct CallFailures {
   VELDObject raised = nullptr;
 };
 
-CallFailures gCurrent;
+// Each thread calls into the plug-in on its own.
+thread_local CallFailures gCurrent;
 
 [[noreturn]] void ThrowRaised(VELDObject raised) {
   std::string name = raised->mClass->mName;

@@ -28,10 +28,16 @@ std::string DlError() {
 
 }  // namespace
 
+// The environment's choice first, then the plug-in beside the program, the
+// one built with this library, and the one installed with it.
 std::string DefaultPluginPath() {
   char const* fromEnvironment = getenv("QUORL_PLUGIN");
   if (fromEnvironment && *fromEnvironment) return fromEnvironment;
-  return ExecutableDirectory() + "/" + kPluginFileName;
+  std::string beside = ExecutableDirectory() + "/" + kPluginFileName;
+  if (access(beside.c_str(), F_OK) == 0) return beside;
+  for (char const* candidate : {QUORL_BUILT_PLUGIN, QUORL_INSTALLED_PLUGIN})
+    if (access(candidate, F_OK) == 0) return candidate;
+  return beside;
 }
 
 // The plug-in stays loaded for the rest of the process: the engine's code

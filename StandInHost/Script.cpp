@@ -175,6 +175,91 @@ void Script::AddBoundFunction(std::string const& nameOrDeclaration,
   mImpl->boundFunctions.push_back(std::move(function));
 }
 
+namespace {
+
+QuorlValue ToEngineValue(detail::CallValue const& value) {
+  QuorlValue v;
+  v.mType = value.type;
+  switch (value.type) {
+    case detail::kInt64: v.mInt64 = value.integer; break;
+    case detail::kDouble: v.mDouble = value.real; break;
+    case detail::kSingle: v.mSingle = static_cast<float>(value.real); break;
+    case detail::kString: v.mString = value.text.empty() ? nullptr : NewHostString(value.text); break;
+    default: v.mInteger = static_cast<int32_t>(value.integer); break;
+  }
+  return v;
+}
+
+// A string result comes with a reference, which is dropped here.
+detail::CallValue FromEngineValue(QuorlValue const& value) {
+  detail::CallValue v;
+  v.type = static_cast<detail::ValueType>(value.mType);
+  switch (value.mType) {
+    case kQuorlInt64: v.integer = value.mInt64; break;
+    case kQuorlDouble: v.real = value.mDouble; break;
+    case kQuorlSingle: v.real = value.mSingle; break;
+    case kQuorlString:
+      v.text = ToStdString(value.mString);
+      UnlockStringStorage(value.mString);
+      break;
+    default: v.integer = value.mInteger; break;
+  }
+  return v;
+}
+
+char const* CallFailure(int32_t status) {
+  switch (status) {
+    case kQuorlNoSuchFunction: return "the script has no Sub or Function of that name";
+    case kQuorlBadArguments: return "the arguments do not fit the function's parameters";
+    case kQuorlNotCompiled: return "the script does not compile";
+    case kQuorlRaised: return "the function ended in an uncaught exception";
+    case kQuorlStopped: return "the call was stopped";
+    case kQuorlBusy: return "the script is running";
+    default: return "the engine cannot call into scripts";
+  }
+}
+
+}  // namespace
+
+detail::CallValue Script::CallFunction(std::string const& name,
+                                       std::vector<detail::CallValue> const& arguments,
+                                       detail::ValueType resultType) {
+  QuorlEngineOperations const* engine = Host().engine;
+  std::vector<QuorlValue> values;
+  for (detail::CallValue const& argument : arguments)
+    values.push_back(ToEngineValue(argument));
+  QuorlValue result;
+  result.mType = kQuorlNoValue;
+  int32_t const kNoEngine = -1;
+  int32_t status = kNoEngine;
+  mImpl->callbacks.errors.clear();
+  VELDObject outer = CurrentScriptInstance();
+  SetCurrentScriptInstance(mImpl->instance);
+  try {
+    CallIntoPlugin([&] {
+      if (engine && engine->mCallFunction)
+        status = engine->mCallFunction(mImpl->instance, name.c_str(), values.data(),
+                                       static_cast<int32_t>(values.size()), &result);
+    });
+  } catch (...) {
+    SetCurrentScriptInstance(outer);
+    for (QuorlValue const& v : values)
+      if (v.mType == kQuorlString) UnlockStringStorage(v.mString);
+    throw;
+  }
+  SetCurrentScriptInstance(outer);
+  for (QuorlValue const& v : values)
+    if (v.mType == kQuorlString) UnlockStringStorage(v.mString);
+  detail::CallValue answer = status == kQuorlCallDone ? FromEngineValue(result)
+                                                      : detail::CallValue();
+  if (status != kQuorlCallDone)
+    throw CallError(name + ": " + CallFailure(status));
+  if (resultType != detail::kNoValue && answer.type != resultType)
+    throw CallError(name + ": the function's result is no " +
+                    (resultType == detail::kNoValue ? "nothing" : "such type"));
+  return answer;
+}
+
 VELDObject Script::Instance() const { return mImpl->instance; }
 
 }  // namespace quorl

@@ -103,8 +103,9 @@ char const* GetCodeNameFromEncoding(unsigned long tag) {
 // The answer for the font last asked about is kept; any other font is taken
 // to be UTF-8, which is what every font is on this platform.
 unsigned long GetEncodingFromFont(string const& fontName) {
-  static string& sCachedFont = *new string;  // outlives static destructors
-  static unsigned long sCachedEncoding = kEncodingASCII;
+  // Each thread keeps its own: scripts convert on several threads at once.
+  static thread_local string sCachedFont;
+  static thread_local unsigned long sCachedEncoding = kEncodingASCII;
   if (fontName.GetStringStorage() == sCachedFont.GetStringStorage())
     return sCachedEncoding;
   sCachedFont = fontName;
@@ -160,11 +161,11 @@ string ConvertEncoding(string const& s, unsigned long target) {
   if (target == kEncodingUnknown || s.IsEmpty() || tag == kEncodingUnknown ||
       tag == target)
     return s;
-  // The source's tag is remembered too: SetEncoding may retag a storage. The
-  // cache is never destroyed, so conversions stay safe during process exit.
-  static string& sLastSource = *new string;
-  static string& sLastResult = *new string;
-  static unsigned long sLastSourceTag;
+  // The source's tag is remembered too: SetEncoding may retag a storage.
+  // Each thread has its own cache, as scripts run on several at once.
+  static thread_local string sLastSource;
+  static thread_local string sLastResult;
+  static thread_local unsigned long sLastSourceTag;
   if (s.GetStringStorage() == sLastSource.GetStringStorage() &&
       tag == sLastSourceTag && sLastResult.Encoding() == target &&
       !sLastResult.IsEmpty())

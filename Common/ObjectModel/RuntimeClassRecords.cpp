@@ -23,14 +23,21 @@ enum {
 // The classes of the running program, newest first, linked through `next`.
 // Set by RuntimeNewClass and RuntimeRegisterClass; the host side saves and
 // restores it around a run, and the records live as long as their code.
-RuntimeClass* sActiveClassList;
+// Each thread runs its own script, so each has its own list.
+thread_local RuntimeClass* sActiveClassList;
 
 // What this runtime allocated, as opposed to records that compiled code
 // lays out in its static data and only registers: the former are freed at
 // the end of a run, the latter live with their code. Interface vtables
 // that RuntimeNewVtable made go with the record whose entry holds them.
-SimpleVector<RuntimeClass*> sRecordsMade;
-SimpleVector<void*> sVtablesMade;
+// One set per thread, held in a structure so that its destructor is made
+// here for the thread's exit.
+struct MadeByRuntime {
+  SimpleVector<RuntimeClass*> records;
+  SimpleVector<void*> vtables;
+  ~MadeByRuntime() {}
+};
+thread_local MadeByRuntime sMade;
 
 template <class T>
 bool Forget(SimpleVector<T>& list, T item) {
@@ -116,21 +123,21 @@ RuntimeClass* RuntimeNewClass(RuntimeClass* base, int32_t methods,
   if (base) InheritTables(out, base);
   out->base = base;
   PushClass(out);
-  sRecordsMade.push_back(out);
+  sMade.records.push_back(out);
   return out;
 }
 
 bool IsRuntimeMadeClassRecord(RuntimeClass* record) {
-  for (unsigned long i = 0; i < sRecordsMade.size(); i++)
-    if (sRecordsMade[i] == record) return true;
+  for (unsigned long i = 0; i < sMade.records.size(); i++)
+    if (sMade.records[i] == record) return true;
   return false;
 }
 
 void DisposeClassRecord(RuntimeClass* record) {
-  QASSERT_TEXT(Forget(sRecordsMade, record), "a record the runtime made");
+  QASSERT_TEXT(Forget(sMade.records, record), "a record the runtime made");
   RuntimeInterfaceEntry* entries = record->InterfaceEntries();
   for (int32_t i = 0; i < record->interfaceCount; i++)
-    if (Forget(sVtablesMade, entries[i].vtable))
+    if (Forget(sMade.vtables, entries[i].vtable))
       delete[] static_cast<unsigned char*>(entries[i].vtable);
   delete[] reinterpret_cast<unsigned char*>(record);
 }
@@ -146,7 +153,7 @@ void* RuntimeNewVtable(int32_t count) {
   int32_t size = count * kMethodEntrySize;
   if (size < 1) return nullptr;
   unsigned char* table = new (std::nothrow) unsigned char[size];
-  if (table) sVtablesMade.push_back(table);
+  if (table) sMade.vtables.push_back(table);
   return table;
 }
 

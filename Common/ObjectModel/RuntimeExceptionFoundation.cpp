@@ -11,15 +11,16 @@
 namespace {
 
 // Set once when the script runtime is installed (the monitor and hook may
-// change at any time); they live as long as the process.
-RuntimeExceptionHook sExceptionMonitor;
-RuntimeExceptionHook sUnhandledExceptionHook;
-RuntimeClass* sNilObjectExceptionClass;
-RuntimeClass* sFunctionNotFoundClass;
-RuntimeClass* sExceptionClass;
-RuntimeClass* sIllegalCastExceptionClass;
-RuntimeClass* sOutOfBoundsExceptionClass;
-RuntimeClass* sOutOfMemoryExceptionClass;
+// change at any time). The classes are those of the script running on the
+// thread, so each thread keeps its own.
+thread_local RuntimeExceptionHook sExceptionMonitor;
+thread_local RuntimeExceptionHook sUnhandledExceptionHook;
+thread_local RuntimeClass* sNilObjectExceptionClass;
+thread_local RuntimeClass* sFunctionNotFoundClass;
+thread_local RuntimeClass* sExceptionClass;
+thread_local RuntimeClass* sIllegalCastExceptionClass;
+thread_local RuntimeClass* sOutOfBoundsExceptionClass;
+thread_local RuntimeClass* sOutOfMemoryExceptionClass;
 
 int32_t Read32(unsigned char const* p) {
   int32_t value;

@@ -8,7 +8,7 @@ namespace {
 // True while the nil-object exception itself is being made. A nil raise
 // inside that (no memory, or the class's own initializer failing) cannot be
 // answered with another one without recursing.
-bool sMakingNilObjectException;
+thread_local bool sMakingNilObjectException;
 
 // Nothing can be raised: the host hears of a nil exception, if it listens.
 void ReportUnraisable() {

@@ -18,17 +18,22 @@
 namespace {
 
 // Every live object, newest first. Changed by allocation, registration of
-// arrays and destruction; the objects own themselves.
-RuntimeObject* sActiveObjectList;
+// arrays and destruction; the objects own themselves. Scripts that share
+// no objects run on threads of their own, each with its own list.
+thread_local RuntimeObject* sActiveObjectList;
 // Objects made less objects freed: a hint for the host side.
-int32_t sCurrentObjectCount;
+thread_local int32_t sCurrentObjectCount;
 // Set by the host side at any time; told of each object before it goes.
 RuntimeObjectHook sObjectDestructionMonitor;
 // Objects whose count reached 0 while another destruction was running;
 // emptied by the outermost one. Lives as long as the process.
-SimpleVector<RuntimeObject*> sPendingDestruction;
+struct PendingDestruction {
+  SimpleVector<RuntimeObject*> objects;
+  ~PendingDestruction() {}
+};
+thread_local PendingDestruction sPending;
 // True while the outermost DestroyInstance frees objects.
-bool sDestructionRunning;
+thread_local bool sDestructionRunning;
 
 void LinkActiveObject(RuntimeObject* object) {
   object->previous = nullptr;
@@ -115,13 +120,13 @@ void DestroyInstance(RuntimeObject* object) {
   object->refCount--;
   if (resurrected) return;
   if (sDestructionRunning) {
-    sPendingDestruction.push_back(object);
+    sPending.objects.push_back(object);
     return;
   }
   sDestructionRunning = true;
   Destroy1Instance(object);
-  while (sPendingDestruction.size() > 0)
-    Destroy1Instance(sPendingDestruction.pop_back());
+  while (sPending.objects.size() > 0)
+    Destroy1Instance(sPending.objects.pop_back());
   sDestructionRunning = false;
 }
 

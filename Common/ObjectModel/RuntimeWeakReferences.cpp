@@ -17,7 +17,7 @@ static_assert(sizeof(RuntimeWeakRef) == 36 || sizeof(void*) != 4,
 
 // Registered weak references, newest first. Changed by registration and
 // by the death of targets; the references belong to the script.
-RuntimeWeakRef* sWeakRefList;
+thread_local RuntimeWeakRef* sWeakRefList;
 
 RuntimeWeakRef* AsWeakRef(RuntimeObject* ref) {
   return reinterpret_cast<RuntimeWeakRef*>(ref);

@@ -6,7 +6,7 @@
 int main(void) {
   char* text = calloc(1, 1);
   size_t length = 0;
-  for (int i = 1; i <= 20000; i++) {
+  for (int i = 1; i <= 60000; i++) {
     char digit[12];
     int n = snprintf(digit, sizeof digit, "%d", i % 10);
     char* longer = malloc(length + n + 1);

@@ -6,7 +6,6 @@
 #include "Plugin/QuorlScriptClass.h"
 #include "quorl/QuorlHost.h"
 
-extern "C" void VELDPluginMain(VELDResolver resolver);
 
 inline void AttachEngine() { quorl::Attach(&VELDPluginMain); }
 

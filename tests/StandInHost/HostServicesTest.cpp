@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "Universal/ustring.h"
 #include "quorl/QuorlHost.h"
 
 namespace {

@@ -117,20 +117,98 @@ namespace context {
 int gScore = 0;
 int GetScore(VELDObject, long) { return gScore; }
 void SetScore(VELDObject, long, int value) { gScore = value; }
+double Half(VELDObject, double x) { return x / 2; }
 }  // namespace context
+
+TEST_F(ScriptBindings, AContextMemberThatDoesNotFitIsRefusedWhenTheClassIsDefined) {
+  struct Row {
+    quorl::HostClass cls;
+    char const* why;
+  } const rows[] = {
+      {quorl::HostClass("A").AddMethod(&context::Half, "Function Half(x As Double) As Integer"),
+       "returns Integer"},
+      {quorl::HostClass("B").AddMethod(&context::Half, "Function Half(x As Double"),
+       "does not read"},
+      {quorl::HostClass("C").AddProperty(&context::GetScore, &context::SetScore, 0,
+                                         "Score As String"),
+       "returns String"},
+  };
+  for (Row const& row : rows) {
+    try {
+      quorl::DefineClass(row.cls);
+      ADD_FAILURE() << row.why;
+    } catch (quorl::BindingError const& e) {
+      EXPECT_NE(std::string(e.what()).find(row.why), std::string::npos) << e.what();
+    }
+    EXPECT_FALSE(quorl::IsClassRegistered(row.cls.Name()));
+  }
+}
 
 TEST_F(ScriptBindings, AContextPropertyIsAssignedAndFunctionsOutliveTheContext) {
   quorl::HostClass game("Game");
-  game.AddProperty(reinterpret_cast<void*>(&context::GetScore),
-                   reinterpret_cast<void*>(&context::SetScore), 0, "Score As Integer");
+  game.AddProperty(&context::GetScore, &context::SetScore, 0, "Score As Integer")
+      .AddMethod(&context::Half, "Function Half(x As Double) As Double");
   quorl::DefineClass(game);
   script.AddFunction("Bonus", [] { return 10; });
   script.SetContext(quorl::Object::New("Game"));
   context::gScore = 5;
-  EXPECT_EQ(Run("Score = Score + Bonus()\nPrint Str(Score)\n"), (Lines{"15"}));
+  EXPECT_EQ(Run("Score = Score + Bonus()\nPrint Str(Score)\nPrint Str(Half(3))\n"),
+            (Lines{"15", "1.5"}));
   EXPECT_EQ(context::gScore, 15);
   script.SetContext(nullptr);
   EXPECT_EQ(Run("Print Str(Bonus())\n"), (Lines{"10"}));
+}
+
+}  // namespace
+
+namespace {
+
+TEST_F(ScriptBindings, TheHostCallsTheScriptsFunctionsByName) {
+  script.SetSource(
+      "Function Add(a As Integer, b As Integer) As Integer\n"
+      "  Return a + b\n"
+      "End Function\n"
+      "Function Label(n As Int64, s As String) As String\n"
+      "  Return s + \"=\" + Str(n)\n"
+      "End Function\n"
+      "Function Scale(x As Double, f As Single) As Double\n"
+      "  Return x * f\n"
+      "End Function\n"
+      "Sub Shout(s As String)\n"
+      "  Print s + \"!\"\n"
+      "End Sub\n"
+      "Function Fail(i As Integer) As Integer\n"
+      "  Dim a(1) As Integer\n"
+      "  Return a(i)\n"
+      "End Function\n"
+      "Print \"top level\"\n");
+  EXPECT_EQ(script.Call<int>("Add", 40, 2), 42);
+  EXPECT_EQ(script.Call<std::string>("label", int64_t(1) << 40, std::string("big")),
+            "big=1099511627776");
+  EXPECT_DOUBLE_EQ(script.Call<double>("Scale", 1.5, 2.0f), 3.0);
+  script.Call("Shout", "hey");
+  EXPECT_EQ(out, (Lines{"hey!"})) << "the top-level statements do not run";
+  struct Row {
+    std::function<void()> call;
+    char const* why;
+  } const rows[] = {
+      {[&] { script.Call<int>("Missing"); }, "no Sub or Function"},
+      {[&] { script.Call<int>("Add", 1); }, "do not fit"},
+      {[&] { script.Call<int>("Add", 1.0, 2.0); }, "do not fit"},
+      {[&] { script.Call<int>("Fail", 5); }, "uncaught exception"},
+  };
+  for (Row const& row : rows) {
+    try {
+      row.call();
+      ADD_FAILURE() << row.why;
+    } catch (quorl::CallError const& e) {
+      EXPECT_NE(std::string(e.what()).find(row.why), std::string::npos) << e.what();
+    }
+  }
+  ASSERT_EQ(script.Errors().size(), 1u);
+  EXPECT_EQ(script.Errors()[0].exceptionClass, "OutOfBoundsException");
+  EXPECT_EQ(script.Errors()[0].line, 15);
+  EXPECT_EQ(script.Call<int>("Add", 1, 1), 2) << "usable after a failed call";
 }
 
 }  // namespace

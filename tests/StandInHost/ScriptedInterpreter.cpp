@@ -1,6 +1,5 @@
 #include "tests/StandInHost/ScriptedInterpreter.h"
 
-extern "C" void VELDPluginMain(VELDResolver resolver);
 
 std::string ScriptedInterpreter::Ask(std::string const& prompt) {
   unsigned long length = 12345;

@@ -36,8 +36,10 @@ struct CGIA32Options {
         mOptimizeCode(false) {}
   bool mAlignStack16;              // 16-byte stack alignment at calls
   bool mUseSSE2FloatingPointMath;  // SSE registers instead of the x87 stack
-  // Faster forms that look beyond the line at hand: comparisons fused with
-  // the branch that reads them, yields and conversions in line.
+  // Faster forms that look beyond the line at hand: variables of loops in
+  // registers for a whole function, comparisons whose flags feed the
+  // branch, floating constants in a pool, Int32 to Double and the stack
+  // check in line.
   bool mOptimizeCode;
 };
 
@@ -154,13 +156,46 @@ class CGIA32 : public CodeGenerator, public IA32OpWriter {
   long HitClock() { return ++mClock; }
   bool LocateLoadedAddr(TacAddr const* addr, int scheme, int* foundWhere);
   void Touch(RegisterState* state);
-  void Touch(int reg) { Touch(&mRegisters[reg]); }
+  void Touch(int reg);
   int AllocateRegister(int scheme, int preferred);
   void AllocateInt64Registers(int* hi, int* lo, int scheme);
   void InvalidateRegisters();
   void ResetRegisters();
   // The operand is no longer what any register holds (its memory changed).
   void ForgetAddr(TacAddr const* addr);
+
+  // ---- register homes of an optimized function (CGIA32RegisterHomes.cpp)
+  // Picks the variables that live in EBX, ESI and EDI from the lines after
+  // `enter` up to the function's end.
+  void ChooseRegisterHomes(TacLine const* enter);
+  int HomeRegisterOf(TacAddr const* addr) const;
+  void StartOptimizedBody(TacLine const& enter);
+  void ClearRegisterHomes();
+  void KeepHomeRecords();
+  // Which homes to read again from memory: the globals after a write
+  // through a pointer; those and every SSE home after a call; every SSE
+  // home after the rare path of an in-line check; all where a raise lands
+  // and where the body starts.
+  enum HomesToReload {
+    kReloadGlobalHomes, kReloadAfterCall, kReloadSSEHomes, kReloadAllHomes
+  };
+  void ReloadHomeRegisters(HomesToReload which);
+  struct HomeCandidate {
+    TacAddr const* addr;
+    long weight;     // uses, weighted by loop depth
+    bool addressed;  // its address is taken, or it was already offered
+    int bank;        // 0 general, 1 SSE
+  };
+  void PickHomes(SimpleVector<HomeCandidate>& candidates,
+                 SimpleVector<TacAddr const*> const& others, int bank,
+                 int const* registers, int count);
+  // A float place the x87 stack wrote: its home register reads it back.
+  void RefreshHome(TacAddr const* dest);
+  // The operand in a register that the caller will not change: a home
+  // register itself, or what LoadTacAddr gives.
+  int LoadForReading(TacAddr const* addr, int scheme);
+  // After `reg` was stored to `dest`: dest's home register takes the value.
+  void FollowHome(int reg, TacAddr const* dest);
 
   // ---- moving operands (CGIA32LoadStore.cpp)
   int LoadTacAddr(TacAddr const* addr, int scheme);
@@ -292,6 +327,13 @@ class CGIA32 : public CodeGenerator, public IA32OpWriter {
   // The per-iteration yield as a countdown in the module's data: the call
   // happens once every kYieldInterval passes, all registers kept.
   void YieldInLine();
+  // The entry's stack check as a compare with the limit kept in the
+  // module's data; the runtime is called when the limit is not known yet
+  // or the stack has reached it.
+  void CheckStackInLine();
+  void CallByName(string const& name);
+  void ForgetSSERegisters();
+  void StoreEAXTo(TacAddr const* global);
   void CompareAndBranch(TacLine const& line, Branch branch);
   void StoreBoolean(int reg, TacAddr const* dest);
   void LockOperation(TacLine const& line, int stringID, int objectID,
@@ -305,6 +347,13 @@ class CGIA32 : public CodeGenerator, public IA32OpWriter {
   long mNextLocalLabel;
   // The Boolean whose value the flags hold for the current line, and the
   // one the line under way leaves in them (nilTacAddr for none).
+  // The variable each register is home to (nilTacAddr for none), the
+  // mask of those registers, and whether a raise may land in the function.
+  TacAddr const* mHomes[kRegisterCount];
+  int mHomeMask;
+  TacAddr const* mXMMHomes[kXMMRegisterCount];
+  int mXMMHomeMask;
+  bool mHasLandingPad;
   SimpleVector<unsigned long long> mConstantPool;
   SimpleVector<ConstantReference> mConstantReferences;
   TacAddr const* mFlagsHold;

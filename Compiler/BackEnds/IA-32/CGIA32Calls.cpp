@@ -21,7 +21,7 @@ void CGIA32::PushTacAddr(TacAddr const* addr) {
     }
     return;
   }
-  ia32_push(LoadTacAddr(addr, kSelectAnyGPR));
+  ia32_push(LoadForReading(addr, kSelectAnyGPR));
 }
 
 void CGIA32::PushInt64TacAddr(TacAddr const* addr) {
@@ -75,6 +75,7 @@ void CGIA32::ClearCallParameters() {
   int disp = -static_cast<int>(StoredESPOffset());
   ia32_mov(ModDisp(disp), kESP, kEBP, disp);
   InvalidateRegisters();
+  ReloadHomeRegisters(kReloadAfterCall);
 }
 
 void CGIA32::BackFromFunctionCall(TacAddr const* result) {
@@ -149,9 +150,12 @@ void CGIA32::tac_Intrinsic(TacLine const& line) {
   QASSERT_TEXT(functionID < kQtyIntrinsics, "functionID < kQtyIntrinsics");
   QASSERT_TEXT(functionID < mIntrinsicLinkNames.size(),
                "functionID < mIntrinsicLinkNames.size()");
-  if (functionID == kIntrinsicVELDYieldToQuorl && !mArguments.size() &&
-      line.result == nilTacAddr)
-    return YieldInLine();
+  // The yield is a countdown in every build; the stack check is one
+  // compare when optimizing.
+  bool plain = !mArguments.size() && line.result == nilTacAddr;
+  if (plain && functionID == kIntrinsicVELDYieldToQuorl) return YieldInLine();
+  if (plain && mOptions.mOptimizeCode && functionID == kIntrinsicRuntimeCheckStack)
+    return CheckStackInLine();
   CallIntrinsic(functionID, line.result);
 }
 

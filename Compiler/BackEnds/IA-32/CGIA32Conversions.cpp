@@ -16,7 +16,7 @@ bool CGIA32::ConvertInLine(TacLine const& line) {
   bool exact = from.IsInteger() && (from.Signed() ? from.StorageSize() <= 4
                                                   : from.StorageSize() < 4);
   if (!exact) return false;
-  int value = LoadTacAddr(line.opA, kSelectAnyGPR);
+  int value = LoadForReading(line.opA, kSelectAnyGPR);
   int converted = AllocateRegister(kSelectAnyXMM, kNoRegister);
   ia32_cvtsi2sd(kModRegister, converted, value);
   StoreTacAddr(converted, line.result);
@@ -32,7 +32,7 @@ void CGIA32::tac_Cvt(TacLine const& line) {
       &FindNumericConversion(line.opA->mType, line.result->mType);
   switch (row->kind) {
     case kConvertMove32:
-      StoreTacAddr(LoadTacAddr(line.opA, kSelectAnyGPR), line.result);
+      StoreTacAddr(LoadForReading(line.opA, kSelectAnyGPR), line.result);
       break;
     case kConvertMove64: {
       int hi, lo;

@@ -10,6 +10,7 @@ CGIA32::CGIA32()
       mClock(0), mCallingConvention(0), mNextLocalLabel(0),
       mFlagsHold(nilTacAddr), mFlagsLeft(nilTacAddr) {
   for (int reg = 0; reg < kRegisterCount; reg++) mSavedRegisters[reg] = false;
+  ClearRegisterHomes();
 }
 
 CGIA32::~CGIA32() {}
@@ -59,6 +60,7 @@ void CGIA32::BeginFunction(string const& name) {
   mConstantPool.deleteAll();
   mConstantReferences.deleteAll();
   ResetRegisters();
+  ClearRegisterHomes();
   for (int reg = 0; reg < kRegisterCount; reg++) mSavedRegisters[reg] = false;
 }
 

@@ -55,4 +55,5 @@ void CGIA32::tac_HandleException(TacLine const& line) {
   QASSERT_TEXT(CodeBufferLength() == expectedCodeLength,
                "CodeBufferLength() == expectedCodeLength");
   InvalidateRegisters();
+  ReloadHomeRegisters(kReloadAllHomes);
 }

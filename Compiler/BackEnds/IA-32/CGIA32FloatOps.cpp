@@ -15,10 +15,10 @@ void CGIA32::FloatBinop(TacLine const& line, void (IA32OpWriter::*x87)(),
     return;
   }
   int a = LoadTacAddr(line.opA, kSelectAnyXMM);
-  int b = LoadTacAddr(line.opB, SchemeExclude(a, kSelectAnyXMM));
+  int b = LoadForReading(line.opB, SchemeExclude(a, kSelectAnyXMM));
   Touch(&mXMMRegisters[a]);
   bool single = line.opA->mType.GetMainType() == kReal32Type;
-  (this->*(single ? sseSingle : sseDouble))(3, a, b);
+  (this->*(single ? sseSingle : sseDouble))(kModRegister, a, b);
   StoreTacAddr(a, line.result);
 }
 
@@ -48,8 +48,8 @@ void CGIA32::FloatCompare(TacLine const& line, bool swap, int mask, int value,
 void CGIA32::SSEFloatCompare(TacLine const& line, bool swap, GroupPlain setcc,
                              GroupPlain parity, RegMemPlain join) {
   ExprIsFloat(line);
-  int a = LoadTacAddr(swap ? line.opB : line.opA, kSelectAnyXMM);
-  int b = LoadTacAddr(swap ? line.opA : line.opB, SchemeExclude(a, kSelectAnyXMM));
+  int a = LoadForReading(swap ? line.opB : line.opA, kSelectAnyXMM);
+  int b = LoadForReading(swap ? line.opA : line.opB, SchemeExclude(a, kSelectAnyXMM));
   ia32_ucomisd(kModRegister, a, b);
   int r = AllocateRegister(kSelect8BitGPR, kNoRegister);
   (this->*setcc)(kModRegister, r);

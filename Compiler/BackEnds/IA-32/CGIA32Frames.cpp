@@ -27,6 +27,18 @@ void CGIA32::tac_Enter(TacLine const& line) {
             line.opB->mType.GetMainType() == kSInt32Type);
     mLocals = mSymbols->GetTable(line.opB->GetValue()->uSInt32);
   }
+  if (mOptions.mOptimizeCode) StartOptimizedBody(line);
+}
+
+// The homes are read at the body's start, after the prologue has copied
+// the parameters. A function where a raise may land keeps every
+// callee-saved register of its caller: the frames a raise skips restore
+// none of theirs.
+void CGIA32::StartOptimizedBody(TacLine const& enter) {
+  ChooseRegisterHomes(&enter);
+  if (mHasLandingPad)
+    for (int i = 0; i < kCalleeSavedCount; i++) mRegisters[kCalleeSaved[i]].mUsed = true;
+  ReloadHomeRegisters(kReloadAllHomes);
 }
 
 void CGIA32::tac_GetParam(TacLine const& line) {

@@ -8,7 +8,7 @@
 // Load a, load b (never into a's register), a op= b, store a.
 void CGIA32::IntegerBinop(TacLine const& line, RegMemPlain op) {
   int a = LoadTacAddr(line.opA, kSelectAnyGPR);
-  int b = LoadTacAddr(line.opB, SchemeExclude(a, kSelectAnyGPR));
+  int b = LoadForReading(line.opB, SchemeExclude(a, kSelectAnyGPR));
   Touch(a);
   (this->*op)(kModRegister, a, b);
   StoreTacAddr(a, line.result);
@@ -266,8 +266,8 @@ void CGIA32::FinishComparison(int reg, TacAddr const* dest) {
 }
 
 void CGIA32::IntegerCompare(TacLine const& line, GroupPlain setcc) {
-  int a = LoadTacAddr(line.opA, kSelectAnyGPR);
-  int b = LoadTacAddr(line.opB, SchemeExclude(a, kSelectAnyGPR));
+  int a = LoadForReading(line.opA, kSelectAnyGPR);
+  int b = LoadForReading(line.opB, SchemeExclude(a, kSelectAnyGPR));
   int r = AllocateRegister(SchemeExclude2(a, b, kSelect8BitGPR), kNoRegister);
   ia32_cmp(kModRegister, a, b);
   (this->*setcc)(kModRegister, r);

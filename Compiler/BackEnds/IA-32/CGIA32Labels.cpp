@@ -61,8 +61,8 @@ bool CGIA32::BranchOnComparisonFlags(TacLine const& line) {
 void CGIA32::CompareAndBranch(TacLine const& line, Branch branch) {
   if (ExprIsInt64(line)) QFAIL("not yet supported for Int64");
   if (BranchOnComparisonFlags(line)) return;
-  int a = LoadTacAddr(line.opA, kSelectAnyGPR);
-  int b = LoadTacAddr(line.opB, SchemeExclude(a, kSelectAnyGPR));
+  int a = LoadForReading(line.opA, kSelectAnyGPR);
+  int b = LoadForReading(line.opB, SchemeExclude(a, kSelectAnyGPR));
   ia32_cmp(kModRegister, a, b);
   EmitBranch(branch, 2, line.result->GetValue()->uSInt32);
 }

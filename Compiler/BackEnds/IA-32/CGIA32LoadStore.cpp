@@ -196,6 +196,7 @@ int CGIA32::LoadTacAddr(TacAddr const* addr, int scheme) {
   SimpleDataType type = addr->mType.GetMainType();
   int preferred;
   int restricted = RestrictScheme(type, scheme, &preferred);
+  restricted &= ~(xmm ? mXMMHomeMask : mHomeMask);
   RegisterState* bank = Bank(scheme);
   int reg;
   int found;
@@ -327,8 +328,11 @@ void CGIA32::StoreTacAddr(int reg, TacAddr const* dest) {
   if (dest == mObjectBase) InvalidateRegisters();
   int baseScheme = isFloat ? kSelectAnyGPR : SchemeExclude(reg, kSelectAnyGPR);
   StoreToMemory(reg, dest, AddressOf(dest, baseScheme));
-  bank[reg].Record(dest);
-  bank[reg].mLastUse = HitClock();
+  if (!((isFloat ? mXMMHomeMask : mHomeMask) & RegisterBit(reg))) {
+    bank[reg].Record(dest);
+    bank[reg].mLastUse = HitClock();
+  }
+  FollowHome(reg, dest);
 }
 
 void CGIA32::StoreInt64TacAddr(int hi, int lo, TacAddr const* dest) {
@@ -389,4 +393,5 @@ void CGIA32::PopFloatTacAddr(TacAddr const* addr) {
     EmitGroup(QUORL_GROUP(ia32_fstp32), where);
   else
     EmitGroup(QUORL_GROUP(ia32_fstp64), where);
+  RefreshHome(addr);
 }

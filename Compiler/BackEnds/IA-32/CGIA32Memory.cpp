@@ -32,7 +32,7 @@ void CGIA32::tac_Store(TacLine const& line) {
   QASSERT_TEXT(not line.result->IsConstant(), "not line.result->IsConstant()");
   if (line.result->mType.IsFloat()) {
     if (mOptions.mUseSSE2FloatingPointMath) {
-      StoreTacAddr(LoadTacAddr(line.opA, kSelectAnyXMM), line.result);
+      StoreTacAddr(LoadForReading(line.opA, kSelectAnyXMM), line.result);
     } else {
       PushFloatTacAddr(line.opA);
       PopFloatTacAddr(line.result);
@@ -46,7 +46,7 @@ void CGIA32::tac_Store(TacLine const& line) {
     int dest = LoadSymbolAddress(line.result, SchemeExclude(src, kSelectAnyGPR));
     CopyStructure(dest, src, line.result->mType.StorageSize(), kSelectAnyGPR);
   } else {
-    StoreTacAddr(LoadTacAddr(line.opA, kSelectAnyGPR), line.result);
+    StoreTacAddr(LoadForReading(line.opA, kSelectAnyGPR), line.result);
   }
 }
 
@@ -279,6 +279,7 @@ void CGIA32::tac_Poke(TacLine const& line) {
       EmitRegMem(QUORL_RM(ia32_mov_store), reg, where);
   }
   InvalidateRegisters();
+  ReloadHomeRegisters(kReloadGlobalHomes);
 }
 
 // Reads from one home and writes the reversed bytes to the other.

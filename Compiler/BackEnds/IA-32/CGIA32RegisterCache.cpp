@@ -46,6 +46,11 @@ bool CGIA32::LocateLoadedAddr(TacAddr const* addr, int scheme,
   return found;
 }
 
+void CGIA32::Touch(int reg) {
+  QASSERT_TEXT(!(mHomeMask & RegisterBit(reg)), "a home register is never changed");
+  Touch(&mRegisters[reg]);
+}
+
 void CGIA32::Touch(RegisterState* state) {
   state->Clear();
   state->mUsed = true;
@@ -56,6 +61,8 @@ void CGIA32::Touch(RegisterState* state) {
 // least recently hit, the lowest number on a tie.
 int CGIA32::AllocateRegister(int scheme, int preferred) {
   QASSERT_TEXT(0 != scheme, "0 != scheme");
+  scheme &= ~(IsXMMScheme(scheme) ? mXMMHomeMask : mHomeMask);
+  QASSERT_TEXT(0 != scheme, "a scheme of home registers only");
   RegisterState* bank = Bank(scheme);
   int chosen = kNoRegister;
   if (!IsXMMScheme(scheme) && RegMatchesScheme(preferred, scheme) &&
@@ -88,6 +95,7 @@ void CGIA32::InvalidateRegisters() {
     mRegisters[reg].Clear();
     mXMMRegisters[reg].Clear();
   }
+  KeepHomeRecords();
 }
 
 void CGIA32::ResetRegisters() {

@@ -6,6 +6,7 @@
 #include "Common/ObjectModel/FrameChainEntry.h"
 #include "Compiler/BackEnds/Minilinker/QuorlScriptIntrinsics.h"
 #include "Compiler/BackEnds/Minilinker/QuorlScriptLinker.h"
+#include "Compiler/BackEnds/Minilinker/ScriptCallEntry.h"
 #include "Universal/Assertion.h"
 
 RunReadyCode::RunReadyCode(Ref<DataBlock> globals,
@@ -55,6 +56,42 @@ void RunReadyCode::Run(QuorlScriptCorrespondent* correspondent) {
   CallAtFrameChainEnd(mEntrypoint);
   ExitQuorlScriptRuntime();
   if (backup) memcpy(mGlobals->Buffer(), backup->Buffer(), backup->Length());
+}
+
+// The function's item initialisers and finalisers run around it, as
+// around the main body; an exception it lets out is reported as a run's
+// uncaught exception is, and the answer is false.
+bool RunReadyCode::Call(QuorlScriptCorrespondent* correspondent, void* entry,
+                        ArgumentWords const& arguments, ResultKind kind,
+                        unsigned long long* registers, double* floating) {
+  QASSERT_TEXT(entry, "entry");
+  Ref<DataBlock> backup;
+  if (mGlobals->Length()) backup = mGlobals->Get(0, mGlobals->Length());
+  InitQuorlScriptRuntime();
+  SetRuntimeCorrespondent(correspondent);
+  SetRuntimeCode(this);
+  RuntimeInit();
+  RuntimeObject* raised = nullptr;
+  double floatResult = 0;
+  if (void* initialize = FunctionEntry(string("% initialize")))
+    CallScriptEntry(initialize, arguments.mWords, 0, nullptr, &raised);
+  unsigned long long result = 0;
+  if (!raised)
+    result = CallScriptEntry(entry, arguments.mWords, kind == kResultOnFloatStack,
+                             &floatResult, &raised);
+  RuntimeObject* raisedLater = nullptr;
+  if (void* finalize = FunctionEntry(string("% finalize")))
+    CallScriptEntry(finalize, arguments.mWords, 0, nullptr, &raisedLater);
+  if (raised) {
+    UnhandledException(raised);
+    RuntimeUnlockObject(raised);
+  }
+  if (raisedLater) RuntimeUnlockObject(raisedLater);
+  ExitQuorlScriptRuntime();
+  if (backup) memcpy(mGlobals->Buffer(), backup->Buffer(), backup->Length());
+  if (registers) *registers = result;
+  if (floating) *floating = floatResult;
+  return !raised;
 }
 
 RunReadyCode* MiniLink(Ref<CodeModule> code, StringMap<void*>* functions,

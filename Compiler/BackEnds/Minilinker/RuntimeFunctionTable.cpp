@@ -26,6 +26,8 @@ OwnEntry const kOwnEntries[] = {
     QUORL_OWN("RuntimeDebugEntry", RuntimeDebugEntry),
     QUORL_OWN("RemoteDebuggerStartup", RemoteDebuggerStartup),
     QUORL_OWN("RuntimeCheckStack", RuntimeCheckStack),
+    // Optimized code keeps the limit at hand and asks for it here.
+    QUORL_OWN("RuntimeStackLimit", GetRuntimeStackLimit),
     QUORL_OWN("RuntimeNewClass", RuntimeNewClass),
     QUORL_OWN("RuntimeNewObject", RuntimeNewObject),
     QUORL_OWN("RuntimeRegisterClass", RuntimeRegisterClass),

@@ -27,6 +27,23 @@ class RunReadyCode {
   // run starts from the global data as linked.
   void Run(QuorlScriptCorrespondent* correspondent);
 
+  // The arguments of a call from the host, as the machine code takes them:
+  // 32-bit words, pushed last to first. Room for the most words a call may
+  // have; the words not used are pushed too, and ignored.
+  enum { kMostArgumentWords = 32 };
+  struct ArgumentWords {
+    unsigned long mWords[kMostArgumentWords];
+  };
+  // Where the result of a call comes back.
+  enum ResultKind { kResultInRegisters, kResultOnFloatStack };
+  // Calls one function of the code, with the global data as linked and
+  // the runtime set up as for a run; an exception it does not catch is
+  // reported as a run's is, and the answer is false. The result's bits:
+  // EDX:EAX, or the double.
+  bool Call(QuorlScriptCorrespondent* correspondent, void* entry,
+            ArgumentWords const& arguments, ResultKind kind,
+            unsigned long long* registers, double* floating);
+
   // The lines of the code and the offsets of its functions by link name,
   // given by the linker.
   void SetLineTable(CodeOffsetToLineIndex const& lines) { mLines = lines; }

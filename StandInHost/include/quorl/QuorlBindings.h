@@ -31,6 +31,8 @@
 #include <utility>
 #include <vector>
 
+struct stringStorage;  // a script string (Plugin/PluginBoundary.h)
+
 namespace quorl {
 
 // Thrown by a bound host function: the calling script gets an exception of
@@ -105,6 +107,36 @@ template <> struct Wire<long> : Wire<int32_t> {
 template <class T> using Plain = std::remove_cv_t<std::remove_reference_t<T>>;
 template <class T> using WireOf = Wire<Plain<T>>;
 
+// One argument or result of a call into a script, as the engine takes it.
+struct CallValue {
+  ValueType type = kNoValue;
+  int64_t integer = 0;  // Integer, Int64, Boolean
+  double real = 0;      // Double, Single
+  std::string text;     // String
+};
+template <class T> CallValue ToCallValue(T const& value) {
+  CallValue v;
+  v.type = WireOf<T>::kType;
+  if constexpr (std::is_same_v<Plain<T>, std::string>) v.text = value;
+  else if constexpr (std::is_floating_point_v<Plain<T>>) v.real = value;
+  else v.integer = static_cast<int64_t>(value);
+  return v;
+}
+inline CallValue ToCallValue(char const* value) {
+  return ToCallValue(std::string(value));
+}
+template <class R> R FromCallValue(CallValue const& value) {
+  if constexpr (std::is_void_v<R>) return;
+  else if constexpr (std::is_same_v<R, std::string>) return value.text;
+  else if constexpr (std::is_floating_point_v<R>) return static_cast<R>(value.real);
+  else if constexpr (std::is_same_v<R, bool>) return value.integer != 0;
+  else return static_cast<R>(value.integer);
+}
+template <class R> constexpr ValueType ResultType() {
+  if constexpr (std::is_void_v<R>) return kNoValue;
+  else return Wire<Plain<R>>::kType;
+}
+
 // The C++ side of a binding, as the checks compare it.
 struct CppSignature {
   ValueType result;
@@ -165,6 +197,26 @@ struct Binding<void, A...> {
 
   static CppSignature Signature() { return {kNoValue, {WireOf<A>::kType...}}; }
 };
+
+// The types of a context method or property that the script calls
+// directly, without a binding between: what the machine code passes.
+template <class T> struct Raw;
+template <> struct Raw<int32_t> { static constexpr ValueType kType = kInteger; };
+template <> struct Raw<long> { static constexpr ValueType kType = kInteger; };
+template <> struct Raw<int64_t> { static constexpr ValueType kType = kInt64; };
+template <> struct Raw<double> { static constexpr ValueType kType = kDouble; };
+template <> struct Raw<float> { static constexpr ValueType kType = kSingle; };
+template <> struct Raw<bool> { static constexpr ValueType kType = kBoolean; };
+template <> struct Raw<stringStorage*> { static constexpr ValueType kType = kString; };
+template <> struct Raw<void> { static constexpr ValueType kType = kNoValue; };
+
+template <class R, class... A>
+CppSignature RawSignature() {
+  // A C++ bool result fills one byte of the register the script reads whole.
+  static_assert(!std::is_same<R, bool>::value,
+                "a context method gives a Boolean as int32_t, 0 or 1");
+  return {Raw<R>::kType, {Raw<A>::kType...}};
+}
 
 // The signature of a plain function, a lambda or another callable object.
 template <class F> struct Callable : Callable<decltype(&F::operator())> {};

@@ -68,6 +68,14 @@ class BindingError : public Error {
   using Error::Error;
 };
 
+// A call into a script's function failed: no such function, arguments
+// that do not fit, compile errors, an uncaught exception or a stop (the
+// detail of the last two is in Errors()).
+class CallError : public Error {
+ public:
+  using Error::Error;
+};
+
 // Source or Context was set while the script was running.
 class ScriptAlreadyRunning : public HostException {
  public:
@@ -97,7 +105,9 @@ struct HostOptions {
   std::function<void()> yieldHook;
 };
 
-// The plug-in beside the running executable, unless QUORL_PLUGIN names one.
+// The plug-in QUORL_PLUGIN names; else the one beside the running
+// executable; else the one built with this library (a program built beside
+// the engine); else the installed one.
 std::string DefaultPluginPath();
 
 // Loads the plug-in (an empty path means DefaultPluginPath()) and calls its
@@ -154,10 +164,35 @@ class HostClass {
   HostClass& SetConstructor(VELDInstanceProc constructor);
   HostClass& SetDestructor(VELDInstanceProc destructor);
 
+  // Checked forms: the C++ function takes the object first, then what the
+  // declaration declares, in the types the script passes (int32_t, int64_t,
+  // double, float, bool, VELDString; a Boolean result as int32_t). A
+  // property's getter is T getter(object, parameter), its setter
+  // setter(object, parameter, T), either may be null. DefineClass checks
+  // each declaration against its function when an engine is loaded, and
+  // throws BindingError when one does not read or does not fit.
   template <class R, class... A>
-  HostClass& AddMethod(R (*entry)(A...), std::string declaration) {
+  HostClass& AddMethod(R (*entry)(VELDObject, A...), std::string declaration) {
+    mChecks.push_back({false, mMethods.size(), detail::RawSignature<R, A...>()});
     return AddMethod(reinterpret_cast<void*>(entry), std::move(declaration));
   }
+  template <class T>
+  HostClass& AddProperty(T (*getter)(VELDObject, long),
+                         void (*setter)(VELDObject, long, T), long parameter,
+                         std::string declaration) {
+    mChecks.push_back({true, mProperties.size(), detail::RawSignature<T>()});
+    return AddProperty(reinterpret_cast<void*>(getter),
+                       reinterpret_cast<void*>(setter), parameter,
+                       std::move(declaration));
+  }
+
+  // What the checked forms recorded: a member and its C++ signature.
+  struct Check {
+    bool property;
+    std::size_t index;
+    detail::CppSignature signature;
+  };
+  std::vector<Check> const& Checks() const { return mChecks; }
 
   std::string const& Name() const { return mName; }
   std::string const& SuperName() const { return mSuperName; }
@@ -175,6 +210,7 @@ class HostClass {
   VELDInstanceProc mDestructor = nullptr;
   std::vector<Method> mMethods;
   std::vector<Property> mProperties;
+  std::vector<Check> mChecks;
 };
 
 // Registers the class with the host (replacing one of the same name).
@@ -316,12 +352,28 @@ class Script {
                      reinterpret_cast<void*>(&Bound::Entry), held);
   }
 
+  // Calls the script's Sub or Function of that name with the arguments
+  // (types as for bindings; the first overload whose parameters match them
+  // exactly) and gives its result as R. The script is compiled first if it
+  // needs to be; with R void a result is dropped. The call starts from the script's globals as declared:
+  // the top-level statements do not run, each call starts afresh. Throws
+  // CallError; not while the script runs.
+  template <class R = void, class... A>
+  R Call(std::string const& name, A const&... arguments) {
+    std::vector<detail::CallValue> values = {detail::ToCallValue(arguments)...};
+    detail::CallValue result = CallFunction(name, values, detail::ResultType<R>());
+    return detail::FromCallValue<R>(result);
+  }
+
   // The host object behind the script, for white-box tests.
   VELDObject Instance() const;
 
   struct Impl;
 
  private:
+  detail::CallValue CallFunction(std::string const& name,
+                                 std::vector<detail::CallValue> const& arguments,
+                                 detail::ValueType resultType);
   void AddBoundFunction(std::string const& nameOrDeclaration,
                         detail::CppSignature const& signature, void* entry,
                         std::shared_ptr<void> function);
