@@ -3,6 +3,13 @@
 #include "Common/ObjectModel/ExceptionMarkerLayout.h"
 #include "Compiler/BackEnds/IA-32/CGIA32.h"
 #include "Universal/Assertion.h"
+#include "Universal/ByteHelpers.h"
+
+namespace {
+
+int const kLowestRecordFrameOffset = -32768;
+
+}  // namespace
 
 void CGIA32::EmitExceptionMarker(unsigned int marker) {
   unsigned int start = CodeBufferLength();
@@ -28,6 +35,8 @@ void CGIA32::tac_EndTry(TacLine const& line) {
 // raise resumes at the stack reset, which drops whatever the failed
 // expression had pushed; what follows is the handler, reached from
 // elsewhere, so nothing the registers held before is known there.
+// The record keeps the exception variable's frame offset in 16 bits: a
+// variable farther down the frame makes the function's storage too large.
 void CGIA32::tac_HandleException(TacLine const& line) {
   int frameOffset = 0;
   if (line.opA != nilTacAddr) {
@@ -36,6 +45,13 @@ void CGIA32::tac_HandleException(TacLine const& line) {
                  "kStackDataStorage == line.opA->GetStorageClass()");
     frameOffset = -static_cast<int>(line.opA->StorageOffset() +
                                     line.opA->mType.StorageSize());
+    if (frameOffset < kLowestRecordFrameOffset) {
+      SimpleVector<string> arguments;
+      arguments.push_back(ultoa(-frameOffset / 1024));
+      arguments.push_back(ultoa(-kLowestRecordFrameOffset / 1024));
+      Error(kErrorLocalStorageTooLarge, arguments);
+      frameOffset = 0;
+    }
   }
   unsigned int start = CodeBufferLength();
   long over = NewLocalLabel();
