@@ -134,6 +134,7 @@ enum CompileErrorCode {
   kErrorImportLimit = 136,
   kErrorUnresolvedForwardReference = 137,
   kErrorLocalStorageTooLarge = 138,
+  kErrorNestingTooDeep = 139,
 };
 
 // One reported fault: its number, where it is, and optional text arguments

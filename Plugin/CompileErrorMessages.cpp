@@ -113,6 +113,7 @@ MessageRow const kMessages[] = {
     {136, 136, "too many imports"},
     {137, 137, "unresolved forward reference"},
     {138, 138, "a function's local storage is too large"},
+    {139, 139, "declarations nested too deeply"},
 };
 
 // The longest stretch of source quoted in a message: the name at fault,

@@ -7,6 +7,7 @@
 #include "Compiler/Frontend/Lexer.h"
 #include "Compiler/Miner/DeclarationScanner.h"
 #include "Compiler/SemBase.h"
+#include "Universal/ByteHelpers.h"
 
 namespace {
 
@@ -47,6 +48,15 @@ void FlagError(string message) {
   arguments.push_back(message);
   sDelegate->CompilerError(CompileError(
       kErrorSyntax, SourceLocation(current_line()), arguments));
+}
+
+void FlagNestingTooDeep() {
+  sSyntaxError = true;
+  if (!sDelegate) return;
+  SimpleVector<string> arguments;
+  arguments.push_back(ultoa(kDeepestDeclarationNesting));
+  sDelegate->CompilerError(CompileError(
+      kErrorNestingTooDeep, SourceLocation(current_line()), arguments));
 }
 
 UnitSymbolTable* ParseDeclarations(string unitName, string source,

@@ -30,5 +30,11 @@ MethodSymbol* ExtractMethodDeclaration(string text, TypeSymbol* owner);
 PropertySymbol* ExtractPropertyDeclaration(string text);
 // Marks the unit as failed and reports `message` at the current line.
 void FlagError(string message);
+// Blocks (modules, classes, interfaces, structures) nest at most this deep:
+// the scanner reads each level in a frame of its own.
+enum { kDeepestDeclarationNesting = 256 };
+// Reports blocks nested past kDeepestDeclarationNesting; fatal like
+// FlagError.
+void FlagNestingTooDeep();
 
 #endif

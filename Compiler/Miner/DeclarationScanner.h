@@ -16,7 +16,7 @@ struct MemberFlags {
 
 class DeclarationScanner {
  public:
-  DeclarationScanner() : mToken(0) {}
+  DeclarationScanner() : mToken(0), mBlockDepth(0), mTooDeep(false) {}
 
   // Reads the first token.
   void Start() { Read(); }
@@ -100,13 +100,30 @@ class DeclarationScanner {
   // Reads the lines of a block after its head up to its End. Scope words
   // gather on the member that follows them; every other line goes to
   // `parseMember` with the flags gathered for it.
+  // One level deeper for the life of a block body.
+  struct BlockDepth {
+    explicit BlockDepth(int& depth) : mDepth(depth) { ++mDepth; }
+    ~BlockDepth() { --mDepth; }
+    int& mDepth;
+  };
+
+  // Past the deepest nesting the rest of the text is skipped: the error is
+  // fatal, and every open level then meets the end of the text at once.
   template <class ParseMember>
   void ScanBlockBody(BlockShape const& shape, ParseMember parseMember) {
+    BlockDepth level(mBlockDepth);
+    if (mBlockDepth > kDeepestDeclarationNesting) {
+      FlagNestingTooDeep();
+      mTooDeep = true;
+      while (mToken != kTokEndOfText) Read();
+      return;
+    }
     MemberFlags flags;
     for (SkipLine(), Read();; SkipLine(), Read()) {
       for (;;) {
         if (mToken == kTokEndOfText) {
-          FlagError(shape.endOfText);
+          if (!mTooDeep)
+            FlagError(shape.endOfText);
           return;
         }
         if (shape.scopeWords == kNoScopeWords ||
@@ -129,6 +146,8 @@ class DeclarationScanner {
   bool ParseConstantValue(ConstantSymbol* it);
 
   int mToken;  // the token in hand
+  int mBlockDepth;  // block bodies open around the token
+  bool mTooDeep;    // the nesting error was given: the text is abandoned
 };
 
 // "__Lookup": the class function that every class and interface declares.
