@@ -1,4 +1,4 @@
 // The counts of string work; see the header.
 #include "Universal/StringWorkCounters.h"
 
-StringWorkCounts gStringWork;
+thread_local StringWorkCounts gStringWork;

@@ -5,7 +5,8 @@
 // They are always kept (an addition in line per allocation or per call,
 // never per byte) so that tests can prove a function's cost proportional to
 // its input and output by comparing the counts at two sizes, without a
-// clock. Each copy of the runtime in a process keeps its own counts.
+// clock. Each thread, in each copy of the runtime in a process, keeps its
+// own counts.
 #ifndef UNIVERSAL_STRINGWORKCOUNTERS_H
 #define UNIVERSAL_STRINGWORKCOUNTERS_H
 
@@ -18,9 +19,9 @@ struct StringWorkCounts {
   uint64_t scannedBytes;    // bytes walked by searches and position lookups
 };
 
-// Written by the string functions of this copy of the runtime, read and
-// cleared by tests; lives as long as the process.
-extern StringWorkCounts gStringWork;
+// Written by the string functions of this copy of the runtime on this
+// thread, read and cleared by tests; lives as long as the thread.
+extern thread_local StringWorkCounts gStringWork;
 
 inline StringWorkCounts CurrentStringWork() { return gStringWork; }
 inline void ResetStringWork() { gStringWork = StringWorkCounts(); }

@@ -49,15 +49,16 @@ namespace {
 // character, and the text's count of code points once known (-1 before).
 // It keeps a reference to its text, so that the text can be neither freed,
 // with its address given to other text, nor changed in place while its
-// positions are remembered. Set by the lookups below, dropped by
-// ForgetCharacterPositions or at the end of the process.
+// positions are remembered. One per thread, as scripts run on several at
+// once; set by the lookups below, dropped by ForgetCharacterPositions or
+// when the thread ends.
 struct PositionMemo {
   string text;
   unsigned long index = 0;
   unsigned long offset = 0;
   long count = -1;
 };
-PositionMemo sPositionMemo;
+thread_local PositionMemo sPositionMemo;
 
 bool Remembers(string const& view) {
   return view.GetStringStorage() &&
