@@ -15,6 +15,7 @@
 #include "Compiler/Miner/Miner.h"
 #include "Compiler/SymbolTable/GlobalSymbolTable.h"
 #include "Compiler/compiler.h"
+#include "Plugin/ClassRecordMode.h"
 #include "Plugin/CompileLock.h"
 #include "Plugin/HostCalls.h"
 #include "Plugin/QuorlScriptInterface.h"
@@ -82,6 +83,7 @@ Ref<CodeModule> QuorlScriptInterface::CompileSource(
   compiler.mIA32Options.mAlignStack16 = true;
   compiler.mTacListing = listing;
   compiler.mOptimize = VELDOptimizeScripts() != 0;
+  compiler.mStaticClassData = ClassRecordsAsStaticData() ? 1 : 0;
   GlobalSymbolTable* symbols = MakeQuorlScriptRuntimeDeclarations(this);
   EncodeHostCallbacks(symbols, functionTable);
   if (listing)

@@ -17,6 +17,7 @@ struct RunnerOptions {
   bool check = false;
   bool dumpTac = false;
   bool optimize = true;
+  bool staticClassData = false;  // class records as linked data
   double timeLimit = 0;  // seconds; 0 for none
   bool help = false;
   std::string pluginPath;  // empty: the host's default

@@ -8,6 +8,7 @@
 #include "QuorlRunner/ExitStatus.h"
 #include "QuorlRunner/PowerPCModule.h"
 #include "QuorlRunner/ScriptText.h"
+#include "QuorlRunner/StaticClassDataEngine.h"
 #include "QuorlRunner/TacDump.h"
 
 namespace quorl {
@@ -90,7 +91,10 @@ int RunScript(RunnerOptions const& options, std::string const& text,
     HostOptions host;
     host.optimize = options.optimize;
     host.yieldHook = TimeLimitHook(options);
-    LoadPlugin(options.pluginPath, host);
+    if (options.staticClassData)
+      AttachWithStaticClassData(host);
+    else
+      LoadPlugin(options.pluginPath, host);
     Script script;
     return ExecuteScript(script, options, text, console);
   } catch (TimeLimitReached const&) {

@@ -76,24 +76,30 @@ void QuorlScriptLinker::ResolveCodeReference(Import& import,
   }
 }
 
-// Static data holds absolute words. Its import offsets are used as they
-// stand, relative to the start of the image.
+// Static data holds absolute words. Its import offsets count from the start
+// of the merged static data, which sits at mStaticDataOffset in the image. A
+// reference to another static block means the block itself (a class record
+// pointing at its tables), not the slot code reads the block's address from.
 void QuorlScriptLinker::ResolveStaticDataReference(
     Import const& import, StringMapCase<string>& made) {
   unsigned long value;
+  unsigned long blockOffset = 0;
   if (import.IsStringLiteral()) {
     stringStorage* storage = LiteralStorage(import.mName, made);
     KeepSiteReference(storage);
     value = reinterpret_cast<unsigned long>(storage);
   } else if (import.IsCodePtr()) {
     value = CodePointerAddress(import);
+  } else if (import.mType == Import::kImportGlobal32 &&
+             mStaticDataMap.GetEntry(import.mName, blockOffset)) {
+    value = GlobalDataBase() + mStaticDataOffset + blockOffset;
   } else if (import.mType == Import::kImportGlobal32) {
     value = GlobalAddress(import);
   } else {
     QASSERT_TEXT(0, "0");
     return;
   }
-  mGlobalData->Set32(import.mOffset, value);
+  mGlobalData->Set32(mStaticDataOffset + import.mOffset, value);
 }
 
 void QuorlScriptLinker::ResolveDataReferences() {

@@ -29,7 +29,7 @@ class ExposedLinker : public QuorlScriptLinkIA32 {
   using QuorlScriptLinker::mStaticDataOffset;
 };
 
-unsigned long Offset(StringMapCase<unsigned long>& map, char const* name) {
+unsigned long Offset(StringMapCase<unsigned long> const& map, char const* name) {
   unsigned long value = ~0UL;
   map.GetEntry(name, value);
   return value;
@@ -139,8 +139,10 @@ TEST(MiniLinkTest, ListCallersAreWrittenAsStackAlignedCalls) {
 }
 
 // Variables first, each aligned to its size; then a pointer slot per
-// static block named as a global; then the static data.
-TEST(MiniLinkTest, TheGlobalDataImageIsLaidOutBeforeItIsAddressed) {
+// static block named as a global; then the static data. A word of static
+// data is patched where the block landed in the image, and one naming
+// another block points at that block, not at its slot.
+TEST(MiniLinkTest, TheGlobalDataImageIsLaidOutAndStaticDataRelocatedInIt) {
   ScriptProgram s;
   TacAddr const* a = s.p.Global("Module.a", IRDataType(kUInt8Type));
   TacAddr const* b = s.p.Global("Module.b", s.p.Structure(12));
@@ -157,6 +159,13 @@ TEST(MiniLinkTest, TheGlobalDataImageIsLaidOutBeforeItIsAddressed) {
   block->Append32(0x11223344);
   block->Append32(0);
   module->mStaticData.push_back(block);
+  StaticDataBlock* record = module->MakeStaticDataBlock();
+  record->mName = "C.record";
+  for (int i = 0; i < 3; i++) record->Append32(0);
+  record->MarkImportAbsolute(Import::kImportGlobal32, "C.meta", 0);
+  record->MarkImportAbsolute(Import::kImportGlobal32, "Module.c", 4);
+  record->MarkImportAbsolute(Import::kImportFunctionPtr, "% main", 8);
+  module->mStaticData.push_back(record);
   StringMap<void*> table;
   table.AddEntry("RuntimeInit", reinterpret_cast<void*>(&RuntimeInit));
   table.AddEntry("RuntimeExit", reinterpret_cast<void*>(&ExitQuorlScriptRuntime));
@@ -171,10 +180,17 @@ TEST(MiniLinkTest, TheGlobalDataImageIsLaidOutBeforeItIsAddressed) {
   EXPECT_EQ(28u, Offset(linker.mGlobalMap, "C.meta"));
   EXPECT_EQ(32u, linker.mStaticDataOffset);
   Ref<DataBlock> image = linker.GetGlobalData();
-  EXPECT_EQ(40u, image->Length());
+  ASSERT_EQ(52u, image->Length());
+  unsigned long base = reinterpret_cast<unsigned long>(image->Buffer());
   EXPECT_EQ(0x11223344u, image->Get32(32));
-  EXPECT_EQ(reinterpret_cast<unsigned long>(image->Buffer()) + 32,
-            image->Get32(28));
+  EXPECT_EQ(base + 32, image->Get32(28));
+  for (unsigned long variable = 0; variable < 28; variable += 4)
+    EXPECT_EQ(0u, image->Get32(variable)) << "byte " << variable;
+  EXPECT_EQ(base + 32, image->Get32(40));
+  EXPECT_EQ(base + 24, image->Get32(44));
+  unsigned long main = reinterpret_cast<unsigned long>(linker.GetCode()->Buffer()) +
+                       Offset(linker.Entrypoints(), "% main");
+  EXPECT_EQ(main, image->Get32(48));
 }
 
 // count := count + 1 and big := big + 2^32 + 1 each run; both are recorded.
