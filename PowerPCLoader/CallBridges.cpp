@@ -168,6 +168,13 @@ static bool WriteBridge(PPCOpWriter& w, unsigned long target, bool throughR12,
   w.ppc_mflr(kR0);
   w.ppc_stw(kR0, kOwnSavedLink, kSP);
   w.ppc_stwu(kSP, -frame, kSP);
+  // The C callee keeps its return address at 4, so the word at 8, where
+  // the raiser looks for one, would still hold whatever an earlier frame
+  // at this address left there: often a return address into a script
+  // function that has since returned, whose handler would then take the
+  // exception in a frame that no longer exists.
+  w.ppc_li(kR0, 0);
+  w.ppc_stw(kR0, kOwnSavedLink, kSP);
   for (int reg = kFirstGPR; reg <= kLastGPR; reg++)
     w.ppc_stw(reg, saveArea + 4 * (reg - kFirstGPR), kSP);
   if (throughR12) w.ppc_stw(kR12, savedTarget, kSP);
