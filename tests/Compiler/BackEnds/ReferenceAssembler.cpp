@@ -8,22 +8,18 @@
 #include <map>
 #include <sstream>
 
-namespace {
-
-std::string TempDir() {
-  char pattern[] = "/tmp/quorl-ref-XXXXXX";
-  char* dir = mkdtemp(pattern);
+std::string MakeScratchDir(char const* prefix) {
+  std::string pattern = std::string("/tmp/") + prefix + "-XXXXXX";
+  char* dir = mkdtemp(&pattern[0]);
   return dir ? dir : "/tmp";
 }
 
-std::string ReadFile(std::string const& path) {
+std::string ReadWholeFile(std::string const& path) {
   std::ifstream in(path, std::ios::binary);
   std::stringstream text;
   text << in.rdbuf();
   return text.str();
 }
-
-}  // namespace
 
 std::string HexBytes(Bytes const& bytes) {
   std::string out;
@@ -39,7 +35,7 @@ std::string HexBytes(Bytes const& bytes) {
 // Each line gets a label before it; the label offsets cut the section.
 std::vector<Bytes> AssembleLines(std::vector<std::string> const& lines,
                                  std::string* error) {
-  std::string dir = TempDir();
+  std::string dir = MakeScratchDir("quorl-ref");
   std::ofstream source(dir + "/ref.s");
   source << ".intel_syntax noprefix\n.text\n";
   for (size_t i = 0; i < lines.size(); i++)
@@ -51,16 +47,16 @@ std::vector<Bytes> AssembleLines(std::vector<std::string> const& lines,
                         " && objcopy -O binary -j .text ref.o ref.bin"
                         " && nm ref.o > ref.nm";
   if (system(command.c_str()) != 0) {
-    *error = ReadFile(dir + "/as.err");
+    *error = ReadWholeFile(dir + "/as.err");
     return {};
   }
   std::map<size_t, unsigned long> offsets;
-  std::istringstream symbols(ReadFile(dir + "/ref.nm"));
+  std::istringstream symbols(ReadWholeFile(dir + "/ref.nm"));
   std::string address, kind, name;
   while (symbols >> address >> kind >> name)
     if (name.size() > 1 && name[0] == 'q')
       offsets[std::stoul(name.substr(1))] = std::stoul(address, nullptr, 16);
-  std::string code = ReadFile(dir + "/ref.bin");
+  std::string code = ReadWholeFile(dir + "/ref.bin");
   std::vector<Bytes> result;
   for (size_t i = 0; i < lines.size(); i++)
     result.push_back(Bytes(code.begin() + offsets[i],
@@ -70,7 +66,7 @@ std::vector<Bytes> AssembleLines(std::vector<std::string> const& lines,
 }
 
 std::vector<std::string> Disassemble(Bytes const& code) {
-  std::string dir = TempDir();
+  std::string dir = MakeScratchDir("quorl-ref");
   std::ofstream out(dir + "/code.bin", std::ios::binary);
   out.write(reinterpret_cast<char const*>(code.data()), code.size());
   out.close();
@@ -78,7 +74,7 @@ std::vector<std::string> Disassemble(Bytes const& code) {
                         "/code.bin > " + dir + "/code.txt";
   std::vector<std::string> result;
   if (system(command.c_str()) != 0) return result;
-  std::istringstream listing(ReadFile(dir + "/code.txt"));
+  std::istringstream listing(ReadWholeFile(dir + "/code.txt"));
   std::string line;
   while (std::getline(listing, line)) {
     // "   4:\t8b 45 80             \tmov    eax,DWORD PTR [ebp-0x80]"

@@ -19,4 +19,10 @@ std::vector<std::string> Disassemble(Bytes const& code);
 // Hex pairs separated by blanks.
 std::string HexBytes(Bytes const& bytes);
 
+// A fresh scratch folder under /tmp whose name starts with `prefix`, for the
+// reference tools' files; /tmp itself when none can be made.
+std::string MakeScratchDir(char const* prefix);
+// The whole of a file, empty when it cannot be read.
+std::string ReadWholeFile(std::string const& path);
+
 #endif

@@ -2,27 +2,11 @@
 
 #include <stdio.h>
 #include <stdlib.h>
-#include <unistd.h>
 
 #include <fstream>
 #include <sstream>
 
-namespace {
-
-std::string TempDir() {
-  char pattern[] = "/tmp/quorl-ppc-XXXXXX";
-  char* dir = mkdtemp(pattern);
-  return dir ? dir : "/tmp";
-}
-
-std::string ReadFile(std::string const& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::stringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
-
-}  // namespace
+#include "tests/Compiler/BackEnds/ReferenceAssembler.h"
 
 std::string HexWord(unsigned long word) {
   char text[12];
@@ -31,7 +15,7 @@ std::string HexWord(unsigned long word) {
 }
 
 Words AssemblePPC(std::vector<std::string> const& lines, std::string* error) {
-  std::string dir = TempDir();
+  std::string dir = MakeScratchDir("quorl-ppc");
   std::ofstream source(dir + "/ref.s");
   source << ".text\n";
   for (std::string const& line : lines) source << line << "\n";
@@ -43,9 +27,9 @@ Words AssemblePPC(std::vector<std::string> const& lines, std::string* error) {
                         " ref.o ref.bin";
   Words words;
   if (system(command.c_str()) != 0) {
-    *error = ReadFile(dir + "/as.err");
+    *error = ReadWholeFile(dir + "/as.err");
   } else {
-    std::string code = ReadFile(dir + "/ref.bin");
+    std::string code = ReadWholeFile(dir + "/ref.bin");
     for (size_t i = 0; i + 3 < code.size(); i += 4)
       words.push_back((unsigned long)(unsigned char)code[i] << 24 |
                       (unsigned char)code[i + 1] << 16 |
@@ -57,7 +41,7 @@ Words AssemblePPC(std::vector<std::string> const& lines, std::string* error) {
 }
 
 std::vector<std::string> DisassemblePPC(Words const& words) {
-  std::string dir = TempDir();
+  std::string dir = MakeScratchDir("quorl-ppc");
   std::ofstream out(dir + "/code.bin", std::ios::binary);
   for (unsigned long word : words) {
     char bytes[4] = {char(word >> 24), char(word >> 16), char(word >> 8),
@@ -69,7 +53,7 @@ std::vector<std::string> DisassemblePPC(Words const& words) {
                         " -EB " + dir + "/code.bin > " + dir + "/code.txt";
   std::vector<std::string> result;
   if (system(command.c_str()) == 0) {
-    std::istringstream listing(ReadFile(dir + "/code.txt"));
+    std::istringstream listing(ReadWholeFile(dir + "/code.txt"));
     std::string line;
     while (std::getline(listing, line)) {
       // "   4:\t80 a6 ff f8 \tlwz     r5,-8(r6)"
