@@ -235,3 +235,33 @@ unsigned long CodeGenerator::AlignBytes(unsigned long value,
                                         unsigned long alignment) {
   return (value + alignment - 1) / alignment * alignment;
 }
+
+int CodeGenerator::CountingIntrinsic(IRDataType const& type, int stringID,
+                                     int objectID, int wstringID,
+                                     int cfstringID, char const* failure) {
+  QASSERT_TEXT(type.RefCounted(), "type.RefCounted()");
+  switch (type.GetMainType()) {
+    case kStringType:
+      return stringID;
+    case kVariantType:
+    case kObjectType:
+    case kArrayType:
+      return objectID;
+    case kExternalWStringType:
+      return wstringID;
+    case kCFStringRefType:
+      return cfstringID;
+    default:
+      xxxxxxx_printassertion(QASSERT_MESSAGE, __FILE__, __LINE__, failure);
+  }
+}
+
+void CodeGenerator::CallRuntime(unsigned int functionID, TacAddr const* a,
+                                TacAddr const* b, TacAddr const* result) {
+  QASSERT_TEXT(!mArguments.size(), "a runtime call inside an argument list");
+  QASSERT_TEXT(functionID < mIntrinsicLinkNames.size(),
+               "functionID < mIntrinsicLinkNames.size()");
+  if (a != nilTacAddr) mArguments.push_back(a);
+  if (b != nilTacAddr) mArguments.push_back(b);
+  CallIntrinsic(functionID, result);
+}

@@ -217,12 +217,26 @@ class CodeGenerator {
   static ArithmeticCategory CategorizeBinop(TacLine const& line);
   static unsigned long AlignBytes(unsigned long value,
                                   unsigned long alignment);
+  // The runtime entry that changes the reference count of a value of
+  // `type`, out of the one for each family of counted values; `failure` is
+  // the assertion's text for a type that is not counted.
+  static int CountingIntrinsic(IRDataType const& type, int stringID,
+                               int objectID, int wstringID, int cfstringID,
+                               char const* failure);
 
   unsigned int PendingImportCount() const { return mPendingImportCount; }
   Import const& PendingImport(unsigned int i) const;
 
  protected:
   void CompileOneLine(TacLine const& line);
+  // Calls intrinsic `functionID` with the arguments gathered in mArguments
+  // and stores what it returns in `result` (nil for none).
+  virtual void CallIntrinsic(unsigned int functionID,
+                             TacAddr const* result) = 0;
+  // Queues the operands (nil ones are left out) and calls the intrinsic;
+  // for the runtime forms of arithmetic, conversions and reference counts.
+  void CallRuntime(unsigned int functionID, TacAddr const* a,
+                   TacAddr const* b, TacAddr const* result);
 
   TacBlockIterator* mIterator;
   TacBlock* mSource;
@@ -231,6 +245,8 @@ class CodeGenerator {
   FunctionBlock* mFunc;
   SourceLocation mLocation;
   SimpleVector<string> mIntrinsicLinkNames;
+  // The arguments of the call being gathered, from its PutParam lines.
+  SimpleVector<TacAddr const*> mArguments;
   Import* mPendingImports;
   unsigned int mPendingImportCount;
   CompilerDelegate* mDelegate;

@@ -219,11 +219,7 @@ class CGIA32 : public CodeGenerator, public IA32OpWriter {
   void ClearCallParameters();
   void BackFromFunctionCall(TacAddr const* result);
   void GetReturnedResult(TacAddr const* result);
-  void CallIntrinsic(unsigned int functionID, TacAddr const* result);
-  // Queues the operands and calls the intrinsic; for the runtime forms of
-  // arithmetic, conversions and reference counts.
-  void CallRuntime(unsigned int functionID, TacAddr const* a,
-                   TacAddr const* b, TacAddr const* result);
+  void CallIntrinsic(unsigned int functionID, TacAddr const* result) override;
 
   // ---- the pool of floating constants (CGIA32Constants.cpp), for an
   // optimized function.
@@ -259,7 +255,6 @@ class CGIA32 : public CodeGenerator, public IA32OpWriter {
   long mClock;
   RegisterState mRegisters[kRegisterCount];
   RegisterState mXMMRegisters[kXMMRegisterCount];
-  SimpleVector<TacAddr const*> mArguments;
   SimpleVector<TacAddr const*> mParameters;
   long mCallingConvention;
 

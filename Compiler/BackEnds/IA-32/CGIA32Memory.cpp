@@ -322,27 +322,9 @@ void CGIA32::tac_EndianSwap(TacLine const& line) {
 
 void CGIA32::LockOperation(TacLine const& line, int stringID, int objectID,
                            int wstringID, int cfstringID, char const* failure) {
-  QASSERT_TEXT(line.opA->mType.RefCounted(), "line.opA->mType.RefCounted()");
-  int id;
-  switch (line.opA->mType.GetMainType()) {
-    case kStringType:
-      id = stringID;
-      break;
-    case kVariantType:
-    case kObjectType:
-    case kArrayType:
-      id = objectID;
-      break;
-    case kExternalWStringType:
-      id = wstringID;
-      break;
-    case kCFStringRefType:
-      id = cfstringID;
-      break;
-    default:
-      xxxxxxx_printassertion(QASSERT_MESSAGE, __FILE__, __LINE__, failure);
-  }
-  CallRuntime(id, line.opA, line.opB, nilTacAddr);
+  CallRuntime(CountingIntrinsic(line.opA->mType, stringID, objectID, wstringID,
+                                cfstringID, failure),
+              line.opA, line.opB, nilTacAddr);
 }
 
 void CGIA32::tac_Lock(TacLine const& line) {

@@ -205,9 +205,7 @@ class CGPPC : public CodeGenerator, public PPCOpBufWriter {
   void PushCallParameters(TacAddr const* result);
   void BackFromFunctionCall(TacAddr const* result);
   void GetReturnedResult(TacAddr const* result);
-  void CallIntrinsic(unsigned int functionID, TacAddr const* result);
-  void CallRuntime(unsigned int functionID, TacAddr const* a,
-                   TacAddr const* b, TacAddr const* result);
+  void CallIntrinsic(unsigned int functionID, TacAddr const* result) override;
 
   // ---- structures (CGPPCMemory.cpp)
   void CopyStructure(int dest, int src, unsigned int bytes);
@@ -232,7 +230,6 @@ class CGPPC : public CodeGenerator, public PPCOpBufWriter {
   long mClock;
   RegisterState mRegisters[kRegisterCount];
   RegisterState mFloatRegisters[kRegisterCount];
-  SimpleVector<TacAddr const*> mArguments;
   SimpleVector<TacAddr const*> mParameters;
   unsigned long mOutgoingParameterSpace;
   bool mMadeCall;

@@ -205,16 +205,6 @@ void CGPPC::CallIntrinsic(unsigned int functionID, TacAddr const* result) {
   BackFromFunctionCall(result);
 }
 
-void CGPPC::CallRuntime(unsigned int functionID, TacAddr const* a,
-                        TacAddr const* b, TacAddr const* result) {
-  QASSERT_TEXT(!mArguments.size(), "a runtime call inside an argument list");
-  QASSERT_TEXT(functionID < mIntrinsicLinkNames.size(),
-               "functionID < mIntrinsicLinkNames.size()");
-  if (a != nilTacAddr) mArguments.push_back(a);
-  if (b != nilTacAddr) mArguments.push_back(b);
-  CallIntrinsic(functionID, result);
-}
-
 void CGPPC::tac_PutParam(TacLine const& line) { mArguments.push_back(line.opA); }
 
 void CGPPC::tac_GetParam(TacLine const& line) {
