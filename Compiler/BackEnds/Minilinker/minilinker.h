@@ -56,6 +56,8 @@ class RunReadyCode {
   unsigned long LineAt(void const* address) const;
   // The entry of the function with that link name, or null.
   void* FunctionEntry(string const& linkName) const;
+  // Every function's offset in the code, by link name.
+  StringMapCase<unsigned long> const& Entrypoints() const { return mEntrypoints; }
 
   Ref<DataBlock> Globals() const { return mGlobals; }
   Ref<ExecutableDataBlock> Code() const { return mCode; }
