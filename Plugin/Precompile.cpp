@@ -138,22 +138,29 @@ bool QuorlScriptInterface::CompileToTacListing(string* listing) {
   return module;
 }
 
-bool QuorlScriptInterface::CompileToDebugSymbolListing(string* listing) {
-  if (!mSourceText) return false;
+Ref<DebuggerSymbols> QuorlScriptInterface::CompileDebugSymbols() {
+  Ref<DebuggerSymbols> symbols;
+  if (!mSourceText) return symbols;
   std::lock_guard<std::mutex> compiling(CompileLock());
   StringMap<void*>* functionTable = MakeQuorlScriptRuntimeFunctionTable(&Resolver);
   Ref<CodeModule> module = CompileSource(functionTable, nullptr, nullptr, true);
-  bool linked = false;
   if (module) {
     LinkFailureWitness witness;
-    Ref<DebuggerSymbols> symbols = DebuggerSymbols::New();
+    symbols = DebuggerSymbols::New();
     delete MiniLink(module, functionTable, &witness, symbols);
-    linked = !witness.mFailed;
-    if (linked) *listing = ListDebuggerSymbols(*symbols);
-    else CompilerError(kErrorUnknownName, 0);
+    if (witness.mFailed) {
+      symbols = Ref<DebuggerSymbols>();
+      CompilerError(kErrorUnknownName, 0);
+    }
   }
   delete functionTable;
-  return linked;
+  return symbols;
+}
+
+bool QuorlScriptInterface::CompileToDebugSymbolListing(string* listing) {
+  Ref<DebuggerSymbols> symbols = CompileDebugSymbols();
+  if (symbols) *listing = ListDebuggerSymbols(*symbols);
+  return symbols;
 }
 
 // Library functions are linked by their address in this process ("_" and

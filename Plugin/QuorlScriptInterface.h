@@ -6,6 +6,7 @@
 #define PLUGIN_QUORLSCRIPTINTERFACE_H
 
 #include "Compiler/BackEnds/Minilinker/QuorlScriptCorrespondent.h"
+#include "Compiler/Linker/LinkedDebugSymbols.h"
 #include "Compiler/SmartRef.h"
 #include "Compiler/compiler.h"
 #include "Plugin/ScriptFunctions.h"
@@ -87,6 +88,8 @@ class QuorlScriptInterface : public QuorlScriptCorrespondent,
   // gives that data in readable form; false after compile or link errors,
   // which are reported as usual.
   bool CompileToDebugSymbolListing(string* listing);
+  // The debug data itself; nil after compile or link errors.
+  Ref<DebuggerSymbols> CompileDebugSymbols();
   // Compiles the source for 32-bit PowerPC, for a loader on that machine,
   // with the argument shapes of its calls by name; nil after compile
   // errors, which are reported as usual. The engine itself never runs it.
