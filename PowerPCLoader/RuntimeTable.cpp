@@ -39,6 +39,8 @@ char const* ErrorClassName(RuntimeErrorCode code) {
       return "IllegalCastException";
     case kRuntimeErrorOutOfMemory:
       return "OutOfMemoryException";
+    case kRuntimeErrorTypeMismatch:
+      return "TypeMismatchException";
     default:
       return "RuntimeException";
   }
