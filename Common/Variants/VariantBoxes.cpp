@@ -44,7 +44,8 @@ struct VariantClasses {
     memset(records, 0, sizeof records);
     for (int kind = 0; kind < kKindCount; kind++) {
       if (!kKinds[kind].className) continue;
-      records[kind].name = string(kKinds[kind].className).ExtractStringStorage();
+      records[kind].name =
+          string(kKinds[kind].className).ExtractStringStorage();
       records[kind].instanceSize = sizeof(RuntimeVariant);
       records[kind].finalizer = &DisposeVariant;
     }

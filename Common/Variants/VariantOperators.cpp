@@ -41,13 +41,11 @@ Rank RankOf(VariantKind kind) {
   switch (kind) {
     case kKindUInt32:
     case kKindInt64:
-    case kKindUInt64:
-      return kRankInt64;
+    case kKindUInt64: return kRankInt64;
     case kKindCurrency: return kRankCurrency;
     case kKindSingle:
     case kKindDouble:
-    case kKindString:
-      return kRankDouble;
+    case kKindString: return kRankDouble;
     default: return kRankInt32;
   }
 }
@@ -109,19 +107,20 @@ double RealOf(Operation op, double a, double b) {
   }
 }
 
+Rank Widest(VariantView const& a, VariantView const& b) {
+  return RankOf(a.kind) > RankOf(b.kind) ? RankOf(a.kind) : RankOf(b.kind);
+}
+
 Rank ResultRank(Operation op, VariantView const& a, VariantView const& b) {
-  Rank widest = RankOf(a.kind) > RankOf(b.kind) ? RankOf(a.kind) : RankOf(b.kind);
+  Rank widest = Widest(a, b);
   switch (op) {
     case kDivide:
-    case kPower:
-      return kRankDouble;
+    case kPower: return kRankDouble;
     case kIntegerDivide:
     case kModulo:
     case kAnd:
-    case kOr:
-      return widest == kRankInt32 ? kRankInt32 : kRankInt64;
-    default:
-      return widest;
+    case kOr: return widest == kRankInt32 ? kRankInt32 : kRankInt64;
+    default: return widest;
   }
 }
 
@@ -151,7 +150,10 @@ RuntimeObject* Logic(Operation op, RuntimeObject* a, RuntimeObject* b) {
   return Arithmetic(op, a, b);
 }
 
-int Sign(bool less, bool greater) { return less ? -1 : greater ? 1 : 0; }
+template <typename T>
+int ThreeWay(T a, T b) {
+  return a < b ? -1 : a > b ? 1 : 0;
+}
 
 // Two whole numbers, either of them possibly unsigned: a negative signed
 // value is below every unsigned one; otherwise the bits order them.
@@ -159,8 +161,8 @@ int CompareWhole(VariantNumber const& x, VariantNumber const& y) {
   bool xNegative = x.form == kSignedNumber && x.whole < 0;
   bool yNegative = y.form == kSignedNumber && y.whole < 0;
   if (xNegative != yNegative) return xNegative ? -1 : 1;
-  uint64_t ux = static_cast<uint64_t>(x.whole), uy = static_cast<uint64_t>(y.whole);
-  return Sign(ux < uy, ux > uy);
+  return ThreeWay(static_cast<uint64_t>(x.whole),
+                  static_cast<uint64_t>(y.whole));
 }
 
 // Unordered reals (a NaN) compare as different.
@@ -173,10 +175,9 @@ int CompareNumbers(VariantView const& a, VariantView const& b) {
   VariantNumber x, y;
   ReadNumber(a, &x);
   ReadNumber(b, &y);
-  Rank rank = RankOf(a.kind) > RankOf(b.kind) ? RankOf(a.kind) : RankOf(b.kind);
-  if (rank <= kRankInt64) return CompareWhole(x, y);
+  if (Widest(a, b) <= kRankInt64) return CompareWhole(x, y);
   if (x.form == kCurrencyNumber && y.form == kCurrencyNumber)
-    return Sign(x.whole < y.whole, x.whole > y.whole);
+    return ThreeWay(x.whole, y.whole);
   return CompareReal(NumberToDouble(x), NumberToDouble(y));
 }
 
@@ -186,7 +187,9 @@ int32_t VariantCompare(RuntimeObject* a, RuntimeObject* b) {
   if (a == b) return 0;
   if (!a || !b) return a ? 1 : -1;
   VariantView left = ViewVariant(a), right = ViewVariant(b);
-  if (left.kind == kKindObject && right.kind == kKindObject) return Sign(a < b, a > b);
+  if (left.kind == kKindObject && right.kind == kKindObject)
+    return ThreeWay(reinterpret_cast<uintptr_t>(a),
+                    reinterpret_cast<uintptr_t>(b));
   if (left.kind == kKindObject || right.kind == kKindObject) {
     RaiseTypeMismatchException();
     return 1;
@@ -201,7 +204,8 @@ RuntimeObject* VariantAdd(RuntimeObject* a, RuntimeObject* b) {
   if (left.kind != kKindString || right.kind != kKindString)
     return Arithmetic(kAdd, a, b);
   string sum;
-  sum.AdoptReference(ConcatenateStorages(StringOf(left.data), StringOf(right.data)));
+  sum.AdoptReference(
+      ConcatenateStorages(StringOf(left.data), StringOf(right.data)));
   return StringToVariant(sum.GetStringStorage());
 }
 
@@ -264,7 +268,8 @@ RuntimeObject* VariantNegate(RuntimeObject* a) {
       return Int32ToVariant(Whole32(kSubtract, 0, NumberToInt32(n)));
     case kRankInt64:
       return Int64ToVariant(Whole64(kSubtract, 0, NumberToInt64(n)));
-    case kRankCurrency: return CurrencyToVariant(Whole64(kSubtract, 0, n.whole));
+    case kRankCurrency:
+      return CurrencyToVariant(Whole64(kSubtract, 0, n.whole));
     default: return DoubleToVariant(-NumberToDouble(n));
   }
 }

@@ -40,10 +40,8 @@ int32_t RuntimeIsNumeric(RuntimeObject* variant) {
     case kVariantTypeLong:
     case kVariantTypeSingle:
     case kVariantTypeDouble:
-    case kVariantTypeCurrency:
-      return 1;
-    default:
-      return 0;
+    case kVariantTypeCurrency: return 1;
+    default: return 0;
   }
 }
 

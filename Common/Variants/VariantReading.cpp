@@ -29,16 +29,16 @@ bool ReadNumber(VariantView const& view, VariantNumber* out) {
       *out = Whole(kSignedNumber, static_cast<int32_t>(data.words[0]));
       return true;
     case kKindUInt32:
-    case kKindColor:
-      *out = Whole(kUnsignedNumber, data.words[0]);
-      return true;
+    case kKindColor: *out = Whole(kUnsignedNumber, data.words[0]); return true;
     case kKindInt64:
       *out = Whole(kSignedNumber, static_cast<int64_t>(LongOf(data)));
       return true;
     case kKindUInt64:
       *out = Whole(kUnsignedNumber, static_cast<int64_t>(LongOf(data)));
       return true;
-    case kKindBoolean: *out = Whole(kSignedNumber, data.words[0] ? 1 : 0); return true;
+    case kKindBoolean:
+      *out = Whole(kSignedNumber, data.words[0] ? 1 : 0);
+      return true;
     case kKindCurrency:
       *out = Whole(kCurrencyNumber, static_cast<int64_t>(LongOf(data)));
       return true;

@@ -13,6 +13,8 @@ namespace {
 
 int const kCurrencyScale = 10000;
 int const kCurrencyDecimals = 4;
+// The red, green and blue bytes of a colour word.
+uint32_t const kColorComponents = 0xFFFFFF;
 
 bool IsDigitIn(char c, int radix) {
   int value = c >= '0' && c <= '9'   ? c - '0'
@@ -22,9 +24,7 @@ bool IsDigitIn(char c, int radix) {
   return value < radix;
 }
 
-int DigitOf(char c) {
-  return c <= '9' ? c - '0' : (c | 0x20) - 'a' + 10;
-}
+int DigitOf(char c) { return c <= '9' ? c - '0' : (c | 0x20) - 'a' + 10; }
 
 // The radix that "&h", "&o" or "&b" names; 0 for none.
 int PrefixRadix(char letter) {
@@ -40,7 +40,8 @@ int PrefixRadix(char letter) {
 // an unsigned number that wraps at 64 bits.
 double RadixVal(char const* text, int radix) {
   unsigned long long value = 0;
-  for (; IsDigitIn(*text, radix); text++) value = value * radix + DigitOf(*text);
+  for (; IsDigitIn(*text, radix); text++)
+    value = value * radix + DigitOf(*text);
   return static_cast<double>(value);
 }
 
@@ -113,7 +114,8 @@ string CurrencyText(int64_t value) {
 
 string ColorText(uint32_t value) {
   char text[16];
-  snprintf(text, sizeof text, "&c%06X", static_cast<unsigned>(value & 0xFFFFFF));
+  snprintf(text, sizeof text, "&c%06X",
+           static_cast<unsigned>(value & kColorComponents));
   return string(text);
 }
 

@@ -61,7 +61,12 @@ stringStorage* StringOf(VariantData const& data);
 
 // How a value reads as a number: a whole number (signed or not), a real, or
 // Currency's scaled whole number.
-enum NumberForm { kSignedNumber, kUnsignedNumber, kRealNumber, kCurrencyNumber };
+enum NumberForm {
+  kSignedNumber,
+  kUnsignedNumber,
+  kRealNumber,
+  kCurrencyNumber
+};
 struct VariantNumber {
   NumberForm form;
   int64_t whole;  // the value for the whole forms, the bits for unsigned

@@ -191,14 +191,27 @@ SemBase* CallMember(VariantMember const& member, SemBase* expr, SemBase* args,
   return code;
 }
 
-SemBase* TypeConstantValue(long value, SourceLocation const& where) {
-  return MakeSemValue<long long>(value, IRDataType(kSInt32Type), where);
-}
-
 SemBase* Report(CompileErrorCode why, SourceLocation const& where,
                 FunctionResultMode mode) {
   Error(why, where);
   return FailedLookupValue(where, mode);
+}
+
+// The Int32 literal of the type constant `ident` names, or null when it
+// names none. A constant that is assigned, called or left standing as a
+// statement is reported at the name (an assignment comes with the mode of
+// a statement, so it is told first).
+SemBase* TypeConstantLookup(SemBase* expr, SemBase* ident, SemBase* args,
+                            SemBase* assignValue, FunctionResultMode mode) {
+  long value = 0;
+  if (!LookupVariantTypeConstant(ident->toString(), &value)) return nullptr;
+  SourceLocation const& where = ident->Location();
+  if (assignValue) return Report(kErrorModulePropertySetter, where, mode);
+  if (mode == kProhibitFunctionResult)
+    return Report(kErrorPointerCallForbidden, where, mode);
+  if (args) return Report(kErrorTooManyArguments, where, mode);
+  return MakeSemValue<long long>(value, IRDataType(kSInt32Type),
+                                 expr->Location() + ident->Location());
 }
 
 }  // namespace
@@ -257,10 +270,9 @@ SemBase* VariantScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
     if (why != kErrorNone) return Report(why, ident->Location(), mode);
     return CallMember(*member, expr, args, where);
   }
-  long value = 0;
-  if (!args && !assignValue && mode != kProhibitFunctionResult &&
-      LookupVariantTypeConstant(name, &value))
-    return TypeConstantValue(value, where);
+  if (SemBase* constant =
+          TypeConstantLookup(expr, ident, args, assignValue, mode))
+    return constant;
   return ExtensionLookup(expr, ident, args, assignValue, mode,
                          kErrorUnknownName);
 }
@@ -268,14 +280,8 @@ SemBase* VariantScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
 SemBase* StaticVariantScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
                                   SemBase* assignValue,
                                   FunctionResultMode mode) {
-  SourceLocation const& where = ident->Location();
-  long value = 0;
-  // An assignment comes with the mode of a statement: it is told first.
-  if (assignValue) return Report(kErrorModulePropertySetter, where, mode);
-  if (mode == kProhibitFunctionResult)
-    return Report(kErrorPointerCallForbidden, where, mode);
-  if (!LookupVariantTypeConstant(ident->toString(), &value))
-    return Report(kErrorUnknownName, where, mode);
-  if (args) return Report(kErrorTooManyArguments, where, mode);
-  return TypeConstantValue(value, expr->Location() + ident->Location());
+  if (SemBase* constant =
+          TypeConstantLookup(expr, ident, args, assignValue, mode))
+    return constant;
+  return Report(kErrorUnknownName, ident->Location(), mode);
 }

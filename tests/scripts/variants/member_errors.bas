@@ -10,6 +10,8 @@ Dim same As Boolean = v.Equals()
 v.Hash = 3
 v.Hash
 n = v.Nope
+n = v.TypeString(2)
+v.TypeString = 1
 // Arrays do not go into variants, nor come out of them.
 Dim list(2) As Integer
 v = list
@@ -23,5 +25,7 @@ Dim copy() As Integer = v
 // expect error 10 70
 // expect error 11 31
 // expect error 12 11
-// expect error 15 2
-// expect error 16 2
+// expect error 13 6
+// expect error 14 70
+// expect error 17 2
+// expect error 18 2
