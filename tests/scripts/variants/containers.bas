@@ -75,3 +75,11 @@ s.Doubled = 21
 Print s.Doubled + " " + s.stored + " " + Setting.Count
 // expect: abab
 // expect: 42 21 1
+
+// A name a variant does not have may be an extension method.
+Function Shout(Extends v As Variant) As String
+  Return Uppercase(v.StringValue) + "!"
+End Function
+Dim greeting As Variant = "hey"
+Print greeting.Shout + " " + counter.Shout()
+// expect: HEY! 42!
