@@ -109,22 +109,4 @@ TEST(RuntimeVariants, ABoxHoldsItsTextAndObjectVariantsAreTheObject) {
   EXPECT_EQ(kVariantTypeNil, VarType(nullptr));
 }
 
-TEST(RuntimeVariants, OperatorsKeepTheWidestType) {
-  Held seven(Int32ToVariant(7)), two(Int32ToVariant(2)), half(DoubleToVariant(0.5));
-  Held money(CurrencyToVariant(12500)), many(Int64ToVariant(1LL << 40));
-  Held top(Int32ToVariant(INT32_MAX)), minusOne(Int32ToVariant(-1));
-  Held lowest(Int32ToVariant(INT32_MIN)), zero(Int32ToVariant(0));
-  Held sum(VariantAdd(top, seven)), quotient(VariantIntegerDivide(lowest, minusOne));
-  Held byZero(VariantModulo(seven, zero)), mixed(VariantMultiply(money, seven));
-  Held wide(VariantSubtract(many, seven)), real(VariantAdd(two, half));
-  EXPECT_EQ(INT32_MIN + 6, VariantToInt32(sum));
-  EXPECT_EQ(INT32_MIN, VariantToInt32(quotient));
-  EXPECT_EQ(0, VariantToInt32(byZero));
-  EXPECT_EQ(kVariantTypeCurrency, VarType(mixed));
-  EXPECT_EQ(87500, VariantToCurrency(mixed));
-  EXPECT_EQ(kVariantTypeLong, VarType(wide));
-  EXPECT_EQ((1LL << 40) - 7, VariantToInt64(wide));
-  EXPECT_EQ(kVariantTypeDouble, VarType(real));
-}
-
 }  // namespace

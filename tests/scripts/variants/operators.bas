@@ -30,8 +30,10 @@ Print (s + s) + " " + (t + a) + " " + (t * b)
 Dim top As Variant = 2147483647
 Dim zero As Variant = 0
 Dim one As Variant = 1
-Print (top + one) + " " + (a \ zero) + " " + (a Mod zero)
-// expect: -2147483648 0 0
+Dim lowest As Variant = top + one
+Dim minusOne As Variant = -1
+Print lowest + " " + (lowest \ minusOne) + " " + (a \ zero) + " " + (a Mod zero)
+// expect: -2147483648 -2147483648 0 0
 
 // Comparisons call the runtime once and test its answer.
 If a > b Then Print "7 > 2"
