@@ -108,10 +108,6 @@ SemBase* StaticStructureScopeLookup(SemBase* expr, SemBase* ident,
                                     FunctionResultMode mode) {
   return UnavailableMember(expr, ident, mode);
 }
-SemBase* EnumScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
-                         SemBase* assignValue, FunctionResultMode mode) {
-  return UnavailableMember(expr, ident, mode);
-}
 SemBase* StaticDelegateScopeLookup(SemBase* expr, SemBase* ident,
                                    SemBase* args, SemBase* assignValue,
                                    FunctionResultMode mode) {

@@ -1,5 +1,5 @@
 // The forms of expressions that belong to other themes of the front end
-// (operator methods, variants, delegates, structures, enums, built-in
+// (operator methods, variants, delegates, structures, built-in
 // members) and that expressions and lookups hand over to.
 //
 // STAND-INS FOR NOW: until its theme exists, each of these reports compile
@@ -51,8 +51,6 @@ SemBase* StructureScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
 SemBase* StaticStructureScopeLookup(SemBase* expr, SemBase* ident,
                                     SemBase* args, SemBase* assignValue,
                                     FunctionResultMode mode);
-SemBase* EnumScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
-                         SemBase* assignValue, FunctionResultMode mode);
 SemBase* StaticDelegateScopeLookup(SemBase* expr, SemBase* ident,
                                    SemBase* args, SemBase* assignValue,
                                    FunctionResultMode mode);

@@ -1,6 +1,7 @@
 // `expr.name`: the member of a module, a class, an object or a built-in
 // type, and extension methods as the last resort.
 #include "Compiler/Frontend/Classes.h"
+#include "Compiler/Frontend/Enums.h"
 #include "Compiler/Frontend/Expressions.h"
 #include "Compiler/Frontend/Lexer.h"
 #include "Compiler/Frontend/MemberAccess.h"
