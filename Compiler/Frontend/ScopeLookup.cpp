@@ -11,6 +11,7 @@
 #include "Compiler/Frontend/NilChecks.h"
 #include "Compiler/Frontend/FunctionCalls.h"
 #include "Compiler/Frontend/OverloadResolution.h"
+#include "Compiler/Frontend/MethodDelegates.h"
 #include "Compiler/Frontend/PendingForms.h"
 #include "Compiler/Frontend/SrcContext.h"
 #include "Compiler/Frontend/TacLiteralPool.h"

@@ -1,6 +1,7 @@
 // The table from link names to addresses that the in-memory linker resolves
 // generated code against.
 #include "Common/Arrays/RuntimeArrays.h"
+#include "Common/ObjectModel/RuntimeDelegates.h"
 #include "Common/ObjectModel/RuntimeExceptionFoundation.h"
 #include "Compiler/BackEnds/Minilinker/QuorlScriptIntrinsics.h"
 #include "Compiler/Intrinsics.h"
@@ -50,6 +51,10 @@ OwnEntry const kOwnEntries[] = {
     QUORL_OWN("RuntimeObjectIsa", RuntimeObjectIsa),
     QUORL_OWN("RuntimeCheckCast", RuntimeCheckCast),
     QUORL_OWN("RuntimeLookupInterfaceVtable", RuntimeLookupInterfaceVtable),
+    QUORL_OWN("RuntimeCreateDelegate", RuntimeCreateDelegate),
+    QUORL_OWN("RuntimeDelegateIsA", RuntimeDelegateIsA),
+    QUORL_OWN("RuntimeCheckDelegateCast", RuntimeCheckDelegateCast),
+    QUORL_OWN("RuntimeCompareDelegates", RuntimeCompareDelegates),
     QUORL_OWN("CreateArray", CreateArray),
     QUORL_OWN("RuntimeCreateStructureArray", RuntimeCreateStructureArray),
     QUORL_OWN("RuntimeCreateArrayCastWrapper", RuntimeCreateArrayCastWrapper),
