@@ -1,6 +1,7 @@
-// Delegates of module methods, shared methods, instance methods and
-// virtual ones, called through Invoke with values of several types, and
-// compared, tested with IsA and cast; a cast to another shape is refused.
+// Delegates of module methods, shared methods, instance methods, virtual
+// ones (through a class or an interface) and private ones, called through
+// Invoke with values of several types, and compared, tested with IsA and
+// cast; a cast to another shape is refused.
 Module Ops
   Delegate Function BinOp(a As Integer, b As Integer) As Integer
   Delegate Sub Notify(msg As String)
@@ -24,7 +25,29 @@ End Module
 Module Talk
   Delegate Function Speaker(times As Integer) As String
   Delegate Function Namer() As String
+  Delegate Function Greeting(name As String) As String
 End Module
+Interface Greeter
+  Function Greet(name As String) As String
+End Interface
+Class Polite
+  Implements Greeter
+  Function Greet(name As String) As String
+    Return "hello " + name
+  End Function
+  Private Function Secret(name As String) As String
+    Return "psst " + name
+  End Function
+  Function Whisper() As Talk.Greeting
+    Return AddressOf Secret
+  End Function
+End Class
+Class Loud
+  Inherits Polite
+  Function Greet(name As String) As String
+    Return "HELLO " + name
+  End Function
+End Class
 Class Animal
   Dim Name As String
   Function Speak(times As Integer) As String
@@ -73,6 +96,10 @@ If Not (sp IsA Talk.Namer) Then Print "is no namer"
 Dim o As Object = sp
 Dim back As Talk.Speaker = Speaker(o)
 Print back.Invoke(1)
+Dim gr As Greeter = New Loud
+Dim hi As Talk.Greeting = AddressOf gr.Greet
+Dim courteous As New Polite
+Print hi.Invoke("ann") + ", " + courteous.Whisper.Invoke("bob")
 Try
   Dim wrong As Talk.Namer = Namer(o)
   Print "cast passed"
@@ -91,4 +118,5 @@ End Try
 // expect: is a speaker
 // expect: is no namer
 // expect: rex barks x1
+// expect: HELLO ann, psst bob
 // expect: cast refused
