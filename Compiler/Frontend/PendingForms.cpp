@@ -58,29 +58,6 @@ SemBase* ObjectNegation(SemBase* operand) {
   return Unavailable(operand, TypeTextOf(operand));
 }
 
-SemBase* VariantBinop(SemBase* left, unsigned long op, SemBase* right) {
-  return Unavailable(left, "Variant");
-}
-SemBase* VariantAnd(SemBase* left, SemBase* right) {
-  return Unavailable(left, "Variant");
-}
-SemBase* VariantOr(SemBase* left, SemBase* right) {
-  return Unavailable(left, "Variant");
-}
-SemBase* VariantNot(SemBase* operand) { return Unavailable(operand, "Variant"); }
-SemBase* VariantNegation(SemBase* operand) {
-  return Unavailable(operand, "Variant");
-}
-SemBase* VariantScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
-                            SemBase* assignValue, FunctionResultMode mode) {
-  return UnavailableMember(expr, ident, mode);
-}
-SemBase* StaticVariantScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
-                                  SemBase* assignValue,
-                                  FunctionResultMode mode) {
-  return UnavailableMember(expr, ident, mode);
-}
-
 SemBase* StructureScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
                               SemBase* assignValue, FunctionResultMode mode) {
   return UnavailableMember(expr, ident, mode);

@@ -1,6 +1,6 @@
 // The forms of expressions that belong to other themes of the front end
-// (operator methods, variants, structures, built-in
-// members) and that expressions and lookups hand over to.
+// (operator methods, structures, built-in members) and that expressions
+// and lookups hand over to.
 //
 // STAND-INS FOR NOW: until its theme exists, each of these reports compile
 // error 26 with the text of what was asked for, and gives a harmless value,
@@ -22,18 +22,6 @@ SemBase* ObjectAnd(SemBase* left, SemBase* right);
 SemBase* ObjectOr(SemBase* left, SemBase* right);
 SemBase* ObjectNot(SemBase* operand);
 SemBase* ObjectNegation(SemBase* operand);
-
-// Operators and members of variants, through the variant runtime.
-SemBase* VariantBinop(SemBase* left, unsigned long op, SemBase* right);
-SemBase* VariantAnd(SemBase* left, SemBase* right);
-SemBase* VariantOr(SemBase* left, SemBase* right);
-SemBase* VariantNot(SemBase* operand);
-SemBase* VariantNegation(SemBase* operand);
-SemBase* VariantScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
-                            SemBase* assignValue, FunctionResultMode mode);
-SemBase* StaticVariantScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
-                                  SemBase* assignValue,
-                                  FunctionResultMode mode);
 
 // `expr.name` on the types that have lookups of their own. `expr` is a
 // namespace or a typed identifier for the static forms.
