@@ -2,6 +2,7 @@
 // generated code against.
 #include "Common/Arrays/RuntimeArrays.h"
 #include "Common/ObjectModel/RuntimeExceptionFoundation.h"
+#include "Common/RuntimeStringFoundation.h"
 #include "Compiler/BackEnds/Minilinker/QuorlScriptIntrinsics.h"
 #include "Compiler/Intrinsics.h"
 
@@ -28,6 +29,8 @@ OwnEntry const kOwnEntries[] = {
     QUORL_OWN("RuntimeCheckStack", RuntimeCheckStack),
     // Optimized code keeps the limit at hand and asks for it here.
     QUORL_OWN("RuntimeStackLimit", GetRuntimeStackLimit),
+    // A sum of several strings: this copy raises when it cannot be stored.
+    QUORL_OWN("RuntimeAddStrings", RuntimeAddStrings),
     QUORL_OWN("RuntimeNewClass", RuntimeNewClass),
     QUORL_OWN("RuntimeNewObject", RuntimeNewObject),
     QUORL_OWN("RuntimeRegisterClass", RuntimeRegisterClass),

@@ -118,8 +118,9 @@ TEST_F(ArrayLibrary, SplitFindsDelimitersInAnyCaseAndAtTheEdges) {
       std::string got = field ? std::string(field->CString(), field->mLength) : "";
       EXPECT_EQ(got, c.fields[k]) << c.text << " field " << k;
     }
-    if (strcasecmp(c.delimiter, "and") != 0 && c.delimiter[0] != 'x')
+    if (strcasecmp(c.delimiter, "and") != 0 && c.delimiter[0] != 'x') {
       EXPECT_EQ(JoinedText(&fields->header, delimiter), c.text);
+    }
     RuntimeUnlockObject(&fields->header);
     RuntimeUnlockString(delimiter);
     RuntimeUnlockString(text);
