@@ -3,6 +3,7 @@
 #include "Common/Arrays/RuntimeArrays.h"
 #include "Common/ObjectModel/RuntimeDelegates.h"
 #include "Common/ObjectModel/RuntimeExceptionFoundation.h"
+#include "Common/RuntimeStringFoundation.h"
 #include "Common/Variants/RuntimeVariants.h"
 #include "Compiler/BackEnds/Minilinker/QuorlScriptIntrinsics.h"
 #include "Compiler/Intrinsics.h"
@@ -30,6 +31,8 @@ OwnEntry const kOwnEntries[] = {
     QUORL_OWN("RuntimeCheckStack", RuntimeCheckStack),
     // Optimized code keeps the limit at hand and asks for it here.
     QUORL_OWN("RuntimeStackLimit", GetRuntimeStackLimit),
+    // A sum of several strings: this copy raises when it cannot be stored.
+    QUORL_OWN("RuntimeAddStrings", RuntimeAddStrings),
     QUORL_OWN("RuntimeNewClass", RuntimeNewClass),
     QUORL_OWN("RuntimeNewObject", RuntimeNewObject),
     QUORL_OWN("RuntimeRegisterClass", RuntimeRegisterClass),
