@@ -24,6 +24,16 @@ std::string CompileErrorLine(std::string const& fileName, int line,
          std::to_string(number) + ": " + CompileErrorSummary(number);
 }
 
+// An exception nobody caught, with the line it was raised at when known
+// and its message when it has one.
+std::string RuntimeErrorLine(std::string const& fileName,
+                             ScriptError const& error) {
+  std::string where =
+      error.line > 0 ? fileName + ":" + std::to_string(error.line) : fileName;
+  std::string text = where + ": runtime error: " + error.exceptionClass;
+  return error.message.empty() ? text : text + ": " + error.message;
+}
+
 }  // namespace
 
 std::string ReadLine(std::FILE* in) {
@@ -49,10 +59,10 @@ void ConnectConsole(Script& script, Console const& console,
     ++counts.compileErrors;
     Report(console, CompileErrorLine(fileName, line, number));
   });
-  script.OnRuntimeError([console, fileName, &counts](
-                            int, std::string const& exceptionClass) {
+  script.OnError([console, fileName, &counts](ScriptError const& error) {
+    if (error.kind != ScriptError::Kind::Runtime) return;
     ++counts.runtimeErrors;
-    Report(console, fileName + ": runtime error: " + exceptionClass);
+    Report(console, RuntimeErrorLine(fileName, error));
   });
 }
 
@@ -60,7 +70,7 @@ void DisconnectConsole(Script& script) {
   script.OnPrint(nullptr);
   script.OnInput(nullptr);
   script.OnCompilerError(nullptr);
-  script.OnRuntimeError(nullptr);
+  script.OnError(nullptr);
 }
 
 }  // namespace runner

@@ -46,6 +46,8 @@ RuntimeClass* GetNilObjectExceptionClass();
 RuntimeClass* GetIllegalCastExceptionClass();
 RuntimeClass* GetOutOfBoundsExceptionClass();
 RuntimeClass* GetOutOfMemoryExceptionClass();
+// The root of every exception class, RuntimeException.
+RuntimeClass* GetExceptionClass();
 RuntimeExceptionHook GetUnhandledExceptionHook();
 
 // Walks the frame chain from the caller's frame and activates the first

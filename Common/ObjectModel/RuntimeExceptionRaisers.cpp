@@ -2,6 +2,7 @@
 // and released. They return to their caller afterwards, which hands a
 // harmless value back to the script.
 #include "Common/ObjectModel/RuntimeExceptionFoundation.h"
+#include "Common/ObjectModel/RuntimeExceptionObjects.h"
 
 namespace {
 
@@ -14,6 +15,15 @@ thread_local bool sMakingNilObjectException;
 void ReportUnraisable() {
   if (GetUnhandledExceptionHook()) RuntimeUnhandledException(nullptr);
 }
+
+// What each of the runtime's own exceptions says happened.
+char const kNilObjectMessage[] = "An object was used that is Nil";
+char const kIllegalCastMessage[] =
+    "An object was cast to a class it does not belong to";
+char const kOutOfBoundsMessage[] =
+    "An index was outside the bounds of the array";
+char const kOutOfMemoryMessage[] =
+    "There was not enough memory for the operation";
 
 void RaiseObject(RuntimeObject* exception) {
   RuntimeRaiseException(exception);
@@ -36,17 +46,21 @@ void RaiseNilObjectException() {
   sMakingNilObjectException = true;
   RuntimeObject* exception = RuntimeNewObject(cls);
   sMakingNilObjectException = false;
+  SetExceptionMessageText(exception, kNilObjectMessage);
   RaiseObject(exception);
 }
 
 void RaiseIllegalCastException() {
-  RaiseExceptionClass(GetIllegalCastExceptionClass());
+  RaiseExceptionClassWithMessage(GetIllegalCastExceptionClass(),
+                                 kIllegalCastMessage);
 }
 
 void RaiseOutOfBoundsException() {
-  RaiseExceptionClass(GetOutOfBoundsExceptionClass());
+  RaiseExceptionClassWithMessage(GetOutOfBoundsExceptionClass(),
+                                 kOutOfBoundsMessage);
 }
 
 void RaiseOutOfMemoryException() {
-  RaiseExceptionClass(GetOutOfMemoryExceptionClass());
+  RaiseExceptionClassWithMessage(GetOutOfMemoryExceptionClass(),
+                                 kOutOfMemoryMessage);
 }

@@ -34,17 +34,13 @@ bool DerivesFromException(ClassSymbol* cls) {
 }
 
 // A Catch type must name a class derived from RuntimeException: compile
-// error 35 otherwise. Gives whether the type may be tested.
+// error 35 otherwise (plain Object and interfaces included). Gives whether
+// the type may be tested.
 bool CheckCatchType(SemBase* exceptionType) {
   IRDataType const& type = exceptionType->GetType();
-  if (type.GetMainType() != kObjectType) {
-    Error(kErrorCatchNotException, exceptionType->Location());
-    return false;
-  }
-  QASSERT_TEXT(type.Declaration(), "exType->GetType().Declaration()");
-  QASSERT_TEXT(type.Declaration()->IsA(Symbol::kClass),
-               "exType->GetType().Declaration()->IsA( Symbol::kClass )");
-  if (DerivesFromException(static_cast<ClassSymbol*>(type.Declaration())))
+  TypeSymbol* decl = type.Declaration();
+  if (type.GetMainType() == kObjectType && decl && decl->IsA(Symbol::kClass) &&
+      DerivesFromException(static_cast<ClassSymbol*>(decl)))
     return true;
   Error(kErrorCatchNotException, exceptionType->Location());
   return false;

@@ -2,6 +2,7 @@
 
 #include "Compiler/Frontend/ConstantFolding.h"
 #include "Compiler/Frontend/ParserError.h"
+#include "Compiler/Frontend/OperatorOverloading.h"
 #include "Compiler/Frontend/PendingForms.h"
 #include "Compiler/Frontend/TypeConversions.h"
 #include "Compiler/Intrinsics.h"

@@ -1,6 +1,5 @@
 // The forms of expressions that belong to other themes of the front end
-// (operator methods, variants, delegates, structures, enums, built-in
-// members) and that expressions and lookups hand over to.
+// (variants, delegates, structures, enums, built-in members) and that expressions and lookups hand over to.
 //
 // STAND-INS FOR NOW: until its theme exists, each of these reports compile
 // error 26 with the text of what was asked for, and gives a harmless value,
@@ -16,12 +15,7 @@
 
 class SemBase;
 
-// Operators on objects and delegates, through methods named Operator_...
-SemBase* ObjectBinop(SemBase* left, unsigned long op, SemBase* right);
-SemBase* ObjectAnd(SemBase* left, SemBase* right);
-SemBase* ObjectOr(SemBase* left, SemBase* right);
-SemBase* ObjectNot(SemBase* operand);
-SemBase* ObjectNegation(SemBase* operand);
+// Comparison of delegates.
 SemBase* DelegateBinop(SemBase* left, unsigned long op, SemBase* right);
 
 // Operators and members of variants, through the variant runtime.

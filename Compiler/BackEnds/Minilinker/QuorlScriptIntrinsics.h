@@ -41,12 +41,16 @@ void ExitQuorlScriptRuntime();
 // string the caller owns, or nil without an answer.
 stringStorage* Input(QuorlScriptCorrespondent* corr, stringStorage* prompt);
 void Print(QuorlScriptCorrespondent* corr, stringStorage* text);
-// The classes of the runtime's exceptions; a class that cannot be had is
+// The classes of the runtime's exceptions, which are also what a script's
+// RuntimeException and its subclasses name; a class that cannot be had is
 // reported as runtime error 10.
 RuntimeClass* RuntimeExceptionLookup();
+RuntimeClass* OutOfMemoryExceptionLookup();
 RuntimeClass* NilObjectExceptionLookup();
 RuntimeClass* IllegalCastExceptionLookup();
+RuntimeClass* TypeMismatchExceptionLookup();
 RuntimeClass* OutOfBoundsExceptionLookup();
+RuntimeClass* StackOverflowExceptionLookup();
 // First call of the main body: exception classes and the unhandled hook.
 void RuntimeInit();
 // What no handler caught: reported as runtime error 2 (6 for a stack

@@ -40,6 +40,14 @@ OwnEntry const kOwnEntries[] = {
     QUORL_OWN("RaiseIllegalCastException", RaiseIllegalCastException),
     QUORL_OWN("RaiseOutOfBoundsException", RaiseOutOfBoundsException),
     QUORL_NOT_YET("RuntimeRaiseFunctionNotFoundException"),
+    // The exception classes, by the link names their declarations carry.
+    QUORL_OWN("RuntimeExceptionLookup", RuntimeExceptionLookup),
+    QUORL_OWN("OutOfMemoryExceptionLookup", OutOfMemoryExceptionLookup),
+    QUORL_OWN("NilObjectExceptionLookup", NilObjectExceptionLookup),
+    QUORL_OWN("IllegalCastExceptionLookup", IllegalCastExceptionLookup),
+    QUORL_OWN("TypeMismatchExceptionLookup", TypeMismatchExceptionLookup),
+    QUORL_OWN("OutOfBoundsExceptionLookup", OutOfBoundsExceptionLookup),
+    QUORL_OWN("StackOverflowExceptionLookup", StackOverflowExceptionLookup),
     // The object model and the arrays too: objects live on this copy's
     // lists and raise through this copy's exception state, so a host's
     // own copy of them must not serve a script.

@@ -1,0 +1,87 @@
+// Each failure of the runtime reaches a script's Catch as an object of its
+// own class, derived from RuntimeException, with a message that says what
+// happened.
+Class Animal
+End Class
+Class Dog
+  Inherits Animal
+  Dim name As String
+  Sub Speak()
+    Print "woof"
+  End Sub
+End Class
+Class Cat
+  Inherits Animal
+End Class
+
+Sub Report(e As RuntimeException)
+  Dim kind As String = "RuntimeException"
+  If e IsA OutOfBoundsException Then kind = "OutOfBoundsException"
+  If e IsA NilObjectException Then kind = "NilObjectException"
+  If e IsA IllegalCastException Then kind = "IllegalCastException"
+  If e IsA OutOfMemoryException Then kind = "OutOfMemoryException"
+  If e IsA StackOverflowException Then kind = "StackOverflowException"
+  Print kind + ": " + e.Message
+End Sub
+
+Function Deeper(n As Integer) As Integer
+  Return Deeper(n + 1) + 1
+End Function
+
+Dim a(2) As Integer
+Dim grid(1, 1) As String
+Dim nothing As Dog
+Dim pet As Animal = New Cat
+Dim stage As Integer
+For stage = 1 To 11
+  Try
+    Select Case stage
+    Case 1
+      a(3) = 1
+    Case 2
+      Print Str(a(-1))
+    Case 3
+      grid(0, 2) = "x"
+    Case 4
+      a.Insert(5, 1)
+    Case 5
+      a.Remove(3)
+    Case 6
+      Redim a(-2)
+    Case 7
+      Print nothing.name
+    Case 8
+      nothing.Speak()
+    Case 9
+      Dim d As Dog = Dog(pet)
+    Case 10
+      Redim a(2147483647)
+    Case 11
+      Print Str(Deeper(1))
+    End Select
+    Print "no exception at step " + Str(stage)
+  Catch e As RuntimeException
+    Report(e)
+  End Try
+Next
+// expect: OutOfBoundsException: An index was outside the bounds of the array
+// expect: OutOfBoundsException: An index was outside the bounds of the array
+// expect: OutOfBoundsException: An index was outside the bounds of the array
+// expect: OutOfBoundsException: An index was outside the bounds of the array
+// expect: OutOfBoundsException: An index was outside the bounds of the array
+// expect: OutOfBoundsException: An index was outside the bounds of the array
+// expect: NilObjectException: An object was used that is Nil
+// expect: NilObjectException: An object was used that is Nil
+// expect: IllegalCastException: An object was cast to a class it does not belong to
+// expect: OutOfMemoryException: There was not enough memory for the operation
+// expect: StackOverflowException: The stack overflowed: calls were nested too deeply
+
+// Caught by their own classes, the first matching handler wins.
+Try
+  a(9) = 0
+Catch e As NilObjectException
+  Print "wrong handler"
+Catch e As OutOfBoundsException
+  Print "out of bounds, by class"
+End Try
+// expect: out of bounds, by class
