@@ -27,10 +27,12 @@ typedef void (*QuorlCompileErrorDetailProc)(VELDObject instance, int number,
                                             int column);
 
 // "QuorlRuntimeErrorDetail": an exception no handler caught, before its
-// RuntimeError event. `line` is where it was raised.
+// RuntimeError event. `line` is where it was raised; `errorNumber` is the
+// exception's ErrorNumber.
 typedef void (*QuorlRuntimeErrorDetailProc)(VELDObject instance, int line,
                                             char const* exceptionClass,
-                                            char const* message);
+                                            char const* message,
+                                            int errorNumber);
 
 // "QuorlScriptStopped": the run ended because the host asked it to stop.
 // There is no RuntimeError event for it; the state becomes 3.

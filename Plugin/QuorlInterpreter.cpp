@@ -115,7 +115,8 @@ void QuorlInterpreter::ReportRuntimeErrorDetail(RuntimeErrorCode code) {
   QuorlRuntimeErrorDetail(
       mHostObject, fromException ? (int)uncaught.mLine : 0,
       fromException ? uncaught.mClassName.CString() : RuntimeErrorClassName(code),
-      fromException ? uncaught.mMessage.CString() : "");
+      fromException ? uncaught.mMessage.CString() : "",
+      fromException ? int(uncaught.mErrorNumber) : 0);
 }
 
 // A stop is what the host asked for, not an error of the script: the host

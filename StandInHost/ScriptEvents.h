@@ -42,7 +42,8 @@ void QuorlCompileErrorDetail(VELDObject instance, int number,
                              char const* message, char const* summary,
                              int line, int column);
 void QuorlRuntimeErrorDetail(VELDObject instance, int line,
-                             char const* exceptionClass, char const* message);
+                             char const* exceptionClass, char const* message,
+                             int errorNumber);
 void QuorlScriptStopped(VELDObject instance);
 
 }  // namespace standin

@@ -37,6 +37,11 @@ stringStorage* ExceptionMessageOf(RuntimeObject* object) {
   return fields ? fields->message : nullptr;
 }
 
+int32_t ExceptionErrorNumberOf(RuntimeObject* object) {
+  RuntimeExceptionObject* fields = FieldsOf(object);
+  return fields ? fields->errorNumber : 0;
+}
+
 void SetExceptionMessage(RuntimeObject* object, char const* text,
                          uint32_t length) {
   RuntimeExceptionObject* fields = FieldsOf(object);

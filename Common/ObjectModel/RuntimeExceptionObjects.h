@@ -44,6 +44,8 @@ void FinalizeExceptionObject(RuntimeObject* object);
 // The message, borrowed; nil for none and for an object that is no
 // exception.
 stringStorage* ExceptionMessageOf(RuntimeObject* object);
+// The error number; 0 for an object that is no exception.
+int32_t ExceptionErrorNumberOf(RuntimeObject* object);
 // Replaces the message with a copy of `length` bytes of UTF-8 `text`.
 // Does nothing to an object that is no exception.
 void SetExceptionMessage(RuntimeObject* object, char const* text,

@@ -83,6 +83,7 @@ struct UncaughtExceptionDetail {
   unsigned long mLine = 0;  // where it was raised, from 1; 0 unknown
   string mClassName;
   string mMessage;
+  long mErrorNumber = 0;
 };
 // The detail of the last uncaught exception of this thread.
 UncaughtExceptionDetail const& LastUncaughtException();

@@ -166,6 +166,7 @@ void UnhandledException(RuntimeObject* exception) {
   sUncaught.mLine = exception == sLastRaise.mException ? sLastRaise.mLine : 0;
   sUncaught.mClassName = ClassNameOf(exception);
   sUncaught.mMessage = RuntimeExceptionMessage(exception);
+  sUncaught.mErrorNumber = ExceptionErrorNumberOf(exception);
   QuorlScriptCorrespondent* correspondent = GetRuntimeCorrespondent();
   if (correspondent)
     correspondent->ScriptError(UnhandledErrorCode(exception), 0);
