@@ -1,6 +1,7 @@
 #include "Compiler/Frontend/Exceptions.h"
 
 #include "Compiler/Frontend/FlowControlSupport.h"
+#include "Compiler/Frontend/GeneratedFunctions.h"
 #include "Compiler/Frontend/ObjectExpressions.h"
 #include "Compiler/Frontend/ParserError.h"
 #include "Compiler/Frontend/ProgramAssembly.h"
@@ -85,6 +86,59 @@ TacAddr const* NewHandlerVariable(SemBase* out) {
   return e;
 }
 
+// A Try statement being compiled, for the jumps that leave it: Return,
+// Exit and Continue to a block outside the Try go through its Finally. Such
+// a jump stores its route number in `pending` and jumps to `routes`, where
+// the Finally (if any) follows; behind the statement each route number
+// jumps on to its target, through the Finally of the next Try outward.
+struct OpenTry {
+  SrcContext* context;
+  // Labels are numbered in order, so a target made before the Try lies
+  // outside it.
+  long firstInnerLabel;
+  TacAddr const* routes;
+  TacAddr const* pending;
+  bool inFinally;
+  SimpleVector<TacAddr const*> targets;  // route k goes to targets[k - 1]
+};
+SimpleVector<OpenTry> sOpenTries;
+
+long LabelNumber(TacAddr const* label) {
+  return long(label->GetValue()->uSInt32);
+}
+
+TacAddr const* NewPendingRouteVariable(SemBase* code) {
+  IRDataType number(kSInt32Type);
+  if (!InMethodFrame()) return NewMainBodySlot(number);
+  TacAddr const* pending = code->NewTemp(number, nullptr)->GetAddr();
+  SimpleVector<VariableSymbol*>& temps = code->Temporaries();
+  temps.deleteIdx(temps.size() - 1);
+  return pending;
+}
+
+// The innermost Try of this compilation that a jump to `target` leaves, or
+// null. Code in a Finally has left its own Try already.
+OpenTry* TryLeftBy(TacAddr const* target) {
+  for (unsigned long i = sOpenTries.size(); i-- > 0;) {
+    OpenTry& open = sOpenTries[i];
+    if (open.context != gContext) break;
+    if (open.inFinally) continue;
+    if (LabelNumber(target) < open.firstInnerLabel) return &open;
+    return nullptr;
+  }
+  return nullptr;
+}
+
+// Behind the statement: each route goes on to its target.
+void DispatchRoutes(OpenTry const& closed, SemBase* code) {
+  for (unsigned long k = 1; k <= closed.targets.size(); k++) {
+    TacAddr const* other = NewLabel();
+    EmitBranch(code, kTacIfNEI, closed.pending, IntConstant(long(k)), other);
+    EmitLeavingJump(code, closed.targets[k - 1]);
+    EmitLabel(code, other);
+  }
+}
+
 HandlerTarget FindHandlerTarget(SemBase* exceptionVar) {
   HandlerTarget target;
   if (!exceptionVar) return target;
@@ -131,15 +185,49 @@ unsigned long MainBodyTableIndex() {
 
 SemBase* CompileTry() {
   SemBase* code = SemCode::New(IRDataType(), nullptr);
+  OpenTry open;
+  open.context = gContext;
+  open.routes = NewLabel();
+  open.firstInnerLabel = LabelNumber(open.routes);
+  open.pending = NewPendingRouteVariable(code);
+  open.inFinally = false;
+  // A Try left for good (after a syntax error) belongs to no statement.
+  while (sOpenTries.size() > 0 && sOpenTries.peek_back().context != gContext)
+    sOpenTries.pop_back();
+  sOpenTries.push_back(open);
+  code->AddLine(kTacStore, gTacZero, nilTacAddr, open.pending);
   code->AddLine(kTacBeginTry, nilTacAddr, nilTacAddr, nilTacAddr);
   return CompileDebugEntry(code);
 }
 
-SemBase* CompileEndTry(SemBase* tryCode, SemBase* handlers) {
+void EnterFinallyBlock() {
+  if (sOpenTries.size() > 0 && sOpenTries.peek_back().context == gContext)
+    sOpenTries.peek_back().inFinally = true;
+}
+
+SemBase* CompileEndTry(SemBase* tryCode, SemBase* handlers,
+                       SemBase* finallyCode) {
   SemBase* code = ConcatCode(tryCode, handlers);
   if (!code) code = SemCode::New(IRDataType(), nullptr);
+  QASSERT_TEXT(sOpenTries.size() > 0, "an open Try");
+  OpenTry closed = sOpenTries.pop_back();
+  EmitLabel(code, closed.routes);
+  if (finallyCode) code->Append(finallyCode);
   code->AddLine(kTacEndTry, nilTacAddr, nilTacAddr, nilTacAddr);
+  DispatchRoutes(closed, code);
   return code;
+}
+
+void EmitLeavingJump(SemBase* code, TacAddr const* target) {
+  OpenTry* left = target ? TryLeftBy(target) : nullptr;
+  if (!left) {
+    EmitJump(code, target);
+    return;
+  }
+  left->targets.push_back(target);
+  code->AddLine(kTacStore, IntConstant(long(left->targets.size())), nilTacAddr,
+                left->pending);
+  EmitJump(code, left->routes);
 }
 
 SemBase* CompileExceptionBlock(SemBase* body, SemBase* exceptionVar,
