@@ -139,6 +139,11 @@ void DispatchRoutes(OpenTry const& closed, SemBase* code) {
   }
 }
 
+// The table whose frame holds the hidden slots of the code compiled now.
+LocalSymbolTable* FrameTable() {
+  return InMethodFrame() ? gContext->mSymbols->Root() : MainBodyTable();
+}
+
 HandlerTarget FindHandlerTarget(SemBase* exceptionVar) {
   HandlerTarget target;
   if (!exceptionVar) return target;
@@ -172,6 +177,19 @@ LocalSymbolTable* MainBodyTable() {
   table->Activate(tables->GetGlobalTable(), 0);
   tables->AddTable(table);
   return table;
+}
+
+TacAddr const* ReleasePendingSlot(IRDataType const& type) {
+  LocalSymbolTable* table = FrameTable();
+  string name = string("released ") + type.ToString();
+  VariableSymbol* slot = nullptr;
+  if (table->LookupVariable(name, nullptr, &slot) && slot)
+    return slot->GetAddr();
+  slot = table->AddVariable(name, type);
+  slot->HideFromUser();
+  slot->ProhibitInitialization();
+  slot->ProhibitFinalization();
+  return slot->GetAddr();
 }
 
 unsigned long MainBodyTableIndex() {

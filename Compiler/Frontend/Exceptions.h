@@ -9,6 +9,7 @@
 #define COMPILER_FRONTEND_EXCEPTIONS_H
 
 #include "Compiler/InterRep.h"
+#include "Compiler/datatypes.h"
 
 class LocalSymbolTable;
 class SemBase;
@@ -40,6 +41,10 @@ SemBase* CompileFinallyBlock(SemBase* body);
 SemBase* MakeDefaultExceptionHandler(SemBase* code);
 // raise_statement: Raise expr. A nil exception does nothing at run time.
 SemBase* CompileRaiseException(SemBase* expr);
+
+// A hidden slot of the current frame for an old value of `type` while it
+// is released: one per frame and type, which no prolog or epilog touches.
+TacAddr const* ReleasePendingSlot(IRDataType const& type);
 
 // The stack frame of the main body: top-level variables are static, so
 // the handler variables of top-level code live here instead. Made on first
