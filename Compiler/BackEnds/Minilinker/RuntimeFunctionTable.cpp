@@ -2,6 +2,7 @@
 // generated code against.
 #include "Common/Arrays/RuntimeArrays.h"
 #include "Common/ObjectModel/RuntimeExceptionFoundation.h"
+#include "Common/RuntimeStringFoundation.h"
 #include "Compiler/BackEnds/Minilinker/QuorlScriptIntrinsics.h"
 #include "Compiler/Intrinsics.h"
 
@@ -61,6 +62,9 @@ OwnEntry const kOwnEntries[] = {
     QUORL_OWN("CreateArray", CreateArray),
     QUORL_OWN("RuntimeCreateStructureArray", RuntimeCreateStructureArray),
     QUORL_OWN("RuntimeCreateArrayCastWrapper", RuntimeCreateArrayCastWrapper),
+    // A string sum that cannot be stored raises the out-of-memory
+    // exception, which only this copy's exception state can raise.
+    QUORL_OWN("RuntimeAddString", RuntimeAddString),
 };
 
 #undef QUORL_OWN
