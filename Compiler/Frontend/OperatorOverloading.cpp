@@ -51,17 +51,9 @@ SemBase* NoOperator(SourceLocation const& where) {
   return ErrorValue(where);
 }
 
-// `operand.name()` for the unary operators.
-SemBase* CallUnaryOperator(SemBase* operand, char const* name) {
-  MethodSymbol* method = LookupOperatorMethod(operand, string(name), nullptr);
-  if (!method) return NoOperator(operand->Location());
-  return CompileCall(method, CheckForNilObject(operand), nullptr);
-}
-
-}  // namespace
-
-MethodSymbol* LookupOperatorMethod(SemBase* base, string const& name,
-                                   SemBase* arg) {
+// The method, or null; an ambiguity is reported, and said in `ambiguous`.
+MethodSymbol* FindOperatorMethod(SemBase* base, string const& name,
+                                 SemBase* arg, bool* ambiguous) {
   QASSERT(base);
   TypeSymbol* decl = StripReference(base->GetType()).Declaration();
   if (!decl || !decl->IsA(Symbol::kClass)) return nullptr;
@@ -71,17 +63,41 @@ MethodSymbol* LookupOperatorMethod(SemBase* base, string const& name,
   CompileErrorCode why = kErrorNone;
   MethodSymbol* chosen = SelectAppropriateVariant(
       methods, base, arg, kRequireFunctionResult, &why);
-  if (!chosen && why == kErrorNoMatchingOverload) Error(why, base->Location());
+  *ambiguous = !chosen && why == kErrorNoMatchingOverload;
+  if (*ambiguous) Error(why, base->Location());
   return chosen;
+}
+
+// `operand.name()` for the unary operators.
+SemBase* CallUnaryOperator(SemBase* operand, char const* name) {
+  bool ambiguous = false;
+  MethodSymbol* method =
+      FindOperatorMethod(operand, string(name), nullptr, &ambiguous);
+  if (ambiguous) return ErrorValue(operand->Location());
+  if (!method) return NoOperator(operand->Location());
+  return CompileCall(method, CheckForNilObject(operand), nullptr);
+}
+
+}  // namespace
+
+MethodSymbol* LookupOperatorMethod(SemBase* base, string const& name,
+                                   SemBase* arg) {
+  bool ambiguous = false;
+  return FindOperatorMethod(base, name, arg, &ambiguous);
 }
 
 SemBase* CallObjectOperator(SemBase* left, SemBase* right, string const& name,
                             string const& rightName) {
-  if (MethodSymbol* method = LookupOperatorMethod(left, name, right))
+  SourceLocation where = left->Location() + right->Location();
+  bool ambiguous = false;
+  if (MethodSymbol* method = FindOperatorMethod(left, name, right, &ambiguous))
     return CompileCall(method, CheckForNilObject(left), right);
-  if (MethodSymbol* method = LookupOperatorMethod(right, rightName, left))
+  if (ambiguous) return ErrorValue(where);
+  if (MethodSymbol* method =
+          FindOperatorMethod(right, rightName, left, &ambiguous))
     return CompileCall(method, CheckForNilObject(right), left);
-  return NoOperator(left->Location() + right->Location());
+  if (ambiguous) return ErrorValue(where);
+  return NoOperator(where);
 }
 
 SemBase* ObjectBinop(SemBase* left, unsigned long op, SemBase* right) {
