@@ -85,3 +85,32 @@ Catch e As OutOfBoundsException
   Print "out of bounds, by class"
 End Try
 // expect: out of bounds, by class
+
+// The array library's own checks raise the same classes.
+Dim dogs(1) As Dog
+Dim keys(3) As Integer
+Try
+  Print Str(grid.UBound(3))
+Catch e As OutOfBoundsException
+  Print "UBound of a third dimension"
+End Try
+Try
+  Print Str(a.IndexOf(1, 7))
+Catch e As OutOfBoundsException
+  Print "IndexOf from past the end"
+End Try
+Try
+  a.SortWith(keys)
+Catch e As OutOfBoundsException
+  Print "SortWith keys of another length"
+End Try
+Dim animals() As Animal = dogs
+Try
+  animals(0) = New Cat
+Catch e As IllegalCastException
+  Print "a Cat into an array of Dogs"
+End Try
+// expect: UBound of a third dimension
+// expect: IndexOf from past the end
+// expect: SortWith keys of another length
+// expect: a Cat into an array of Dogs
