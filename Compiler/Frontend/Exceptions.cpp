@@ -92,7 +92,6 @@ TacAddr const* NewHandlerVariable(SemBase* out) {
 // the Finally (if any) follows; behind the statement each route number
 // jumps on to its target, through the Finally of the next Try outward.
 struct OpenTry {
-  SrcContext* context;
   // Labels are numbered in order, so a target made before the Try lies
   // outside it.
   long firstInnerLabel;
@@ -101,6 +100,8 @@ struct OpenTry {
   bool inFinally;
   SimpleVector<TacAddr const*> targets;  // route k goes to targets[k - 1]
 };
+// Emptied at the end of every compilation (a syntax error may leave a Try
+// open).
 SimpleVector<OpenTry> sOpenTries;
 
 long LabelNumber(TacAddr const* label) {
@@ -121,7 +122,6 @@ TacAddr const* NewPendingRouteVariable(SemBase* code) {
 OpenTry* TryLeftBy(TacAddr const* target) {
   for (unsigned long i = sOpenTries.size(); i-- > 0;) {
     OpenTry& open = sOpenTries[i];
-    if (open.context != gContext) break;
     if (open.inFinally) continue;
     if (LabelNumber(target) < open.firstInnerLabel) return &open;
     return nullptr;
@@ -204,14 +204,10 @@ unsigned long MainBodyTableIndex() {
 SemBase* CompileTry() {
   SemBase* code = SemCode::New(IRDataType(), nullptr);
   OpenTry open;
-  open.context = gContext;
   open.routes = NewLabel();
   open.firstInnerLabel = LabelNumber(open.routes);
   open.pending = NewPendingRouteVariable(code);
   open.inFinally = false;
-  // A Try left for good (after a syntax error) belongs to no statement.
-  while (sOpenTries.size() > 0 && sOpenTries.peek_back().context != gContext)
-    sOpenTries.pop_back();
   sOpenTries.push_back(open);
   code->AddLine(kTacStore, gTacZero, nilTacAddr, open.pending);
   code->AddLine(kTacBeginTry, nilTacAddr, nilTacAddr, nilTacAddr);
@@ -219,9 +215,10 @@ SemBase* CompileTry() {
 }
 
 void EnterFinallyBlock() {
-  if (sOpenTries.size() > 0 && sOpenTries.peek_back().context == gContext)
-    sOpenTries.peek_back().inFinally = true;
+  if (sOpenTries.size() > 0) sOpenTries.peek_back().inFinally = true;
 }
+
+void ForgetOpenTries() { sOpenTries.deleteAll(); }
 
 SemBase* CompileEndTry(SemBase* tryCode, SemBase* handlers,
                        SemBase* finallyCode) {

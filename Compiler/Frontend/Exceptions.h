@@ -24,6 +24,8 @@ SemBase* CompileEndTry(SemBase* tryCode, SemBase* handlers,
 // finally_block: Finally EOL [here] block. A jump out of the Finally leaves
 // its Try without running the Finally again.
 void EnterFinallyBlock();
+// At the end of a compilation: no Try is open any more.
+void ForgetOpenTries();
 // A jump to `target` for Return, Exit and Continue: when it leaves a Try,
 // it runs the Try's Finally on the way, and those of the Trys around it.
 void EmitLeavingJump(SemBase* code, TacAddr const* target);

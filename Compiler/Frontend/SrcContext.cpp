@@ -1,6 +1,7 @@
 #include "Compiler/Frontend/SrcContext.h"
 
 #include "Compiler/BackEnds/codestorage.h"
+#include "Compiler/Frontend/Exceptions.h"
 #include "Compiler/SemBase.h"
 #include "Compiler/SymbolTable/LocalSymbolTable.h"
 #include "Compiler/SymbolTable/SymbolTable.h"
@@ -28,6 +29,7 @@ SrcContext::SrcContext()
 // The local tables go with the last Ref to them; the semantic values,
 // program code included, with the sweep.
 SrcContext::~SrcContext() {
+  ForgetOpenTries();
   for (unsigned long i = 0; i < mStaticBlocks.size(); i++)
     delete mStaticBlocks[i];
   gContext = nullptr;
