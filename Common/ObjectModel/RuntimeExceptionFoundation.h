@@ -31,6 +31,9 @@ void RaiseExceptionClass(RuntimeClass* cls);
 void RaiseNilObjectException();
 void RaiseIllegalCastException();
 void RaiseOutOfBoundsException();
+// The same for an index past a dimension whose upper bound is `ubound`;
+// the message names both.
+void RaiseIndexOutOfBounds(long index, long ubound);
 // A buffer the heap cannot give: the script may catch it and go on.
 void RaiseOutOfMemoryException();
 

@@ -1,6 +1,8 @@
 // The runtime's own raises: a fresh object of an exception class, raised
 // and released. They return to their caller afterwards, which hands a
 // harmless value back to the script.
+#include <stdio.h>
+
 #include "Common/ObjectModel/RuntimeExceptionFoundation.h"
 #include "Common/ObjectModel/RuntimeExceptionObjects.h"
 
@@ -22,6 +24,10 @@ char const kIllegalCastMessage[] =
     "An object was cast to a class it does not belong to";
 char const kOutOfBoundsMessage[] =
     "An index was outside the bounds of the array";
+char const kIndexMessage[] = "Index %ld is outside the bounds 0 to %ld";
+char const kEmptyIndexMessage[] = "Index %ld is outside the bounds of an empty array";
+// Room for either with two 64-bit numbers.
+int const kIndexMessageSize = 96;
 char const kOutOfMemoryMessage[] =
     "There was not enough memory for the operation";
 
@@ -58,6 +64,15 @@ void RaiseIllegalCastException() {
 void RaiseOutOfBoundsException() {
   RaiseExceptionClassWithMessage(GetOutOfBoundsExceptionClass(),
                                  kOutOfBoundsMessage);
+}
+
+void RaiseIndexOutOfBounds(long index, long ubound) {
+  char message[kIndexMessageSize];
+  if (ubound < 0)
+    snprintf(message, sizeof message, kEmptyIndexMessage, index);
+  else
+    snprintf(message, sizeof message, kIndexMessage, index, ubound);
+  RaiseExceptionClassWithMessage(GetOutOfBoundsExceptionClass(), message);
 }
 
 void RaiseOutOfMemoryException() {
