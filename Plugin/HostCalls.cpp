@@ -100,6 +100,10 @@ void QuorlRuntimeErrorDetail(VELDObject instance, int line,
   HOST_DO(QuorlRuntimeErrorDetail, instance, line, exceptionClass, message,
           errorNumber);
 }
+void QuorlRuntimeCallStack(VELDObject instance, QuorlStackFrame const* frames,
+                           int32_t count, int32_t complete) {
+  HOST_DO(QuorlRuntimeCallStack, instance, frames, count, complete);
+}
 void QuorlScriptStopped(VELDObject instance) { HOST_DO(QuorlScriptStopped, instance); }
 void QuorlTakeEngineOperations(QuorlEngineOperations const* operations) {
   HOST_DO(QuorlTakeEngineOperations, operations);

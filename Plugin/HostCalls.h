@@ -55,6 +55,8 @@ void QuorlCompileErrorDetail(VELDObject instance, int number, char const* messag
 void QuorlRuntimeErrorDetail(VELDObject instance, int line,
                              char const* exceptionClass, char const* message,
                              int errorNumber);
+void QuorlRuntimeCallStack(VELDObject instance, QuorlStackFrame const* frames,
+                           int32_t count, int32_t complete);
 void QuorlScriptStopped(VELDObject instance);
 void QuorlTakeEngineOperations(QuorlEngineOperations const* operations);
 

@@ -45,12 +45,13 @@ void ArraySet(RuntimeArrayObject* array, long position,
   E::Unlock(old);
 }
 
-// ---- one dimension
+// ---- one dimension: the optimizing path does these in line and raises
+// without the index, so they do too (both paths print the same)
 
 template <class E>
 typename E::Type GetLinear(RuntimeArrayObject* array, long i) {
   if (!IndexInRange(i, array->Ubounds()[0])) {
-    RaiseIndexOutOfBounds(i, array->Ubounds()[0]);
+    RaiseOutOfBoundsException();
     return typename E::Type();
   }
   return Handed<E>(array, i);
@@ -59,7 +60,7 @@ typename E::Type GetLinear(RuntimeArrayObject* array, long i) {
 template <class E>
 void SetLinear(RuntimeArrayObject* array, typename E::Type value, long i) {
   if (!IndexInRange(i, array->Ubounds()[0])) {
-    RaiseIndexOutOfBounds(i, array->Ubounds()[0]);
+    RaiseOutOfBoundsException();
     return;
   }
   ArraySet<E>(array, i, value);

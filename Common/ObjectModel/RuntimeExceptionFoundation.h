@@ -36,6 +36,8 @@ void RaiseOutOfBoundsException();
 void RaiseIndexOutOfBounds(long index, long ubound);
 // A buffer the heap cannot give: the script may catch it and go on.
 void RaiseOutOfMemoryException();
+// A value that cannot be converted to the type asked for (a variant's).
+void RaiseTypeMismatchException();
 
 void SetExceptionMonitor(RuntimeExceptionHook monitor);
 void SetUnhandledExceptionHook(RuntimeExceptionHook hook);
@@ -45,10 +47,12 @@ void SetExceptionClass(RuntimeClass* exc);
 void SetIllegalCastExceptionClass(RuntimeClass* exc);
 void SetOutOfBoundsExceptionClass(RuntimeClass* exc);
 void SetOutOfMemoryExceptionClass(RuntimeClass* exc);
+void SetTypeMismatchExceptionClass(RuntimeClass* exc);
 RuntimeClass* GetNilObjectExceptionClass();
 RuntimeClass* GetIllegalCastExceptionClass();
 RuntimeClass* GetOutOfBoundsExceptionClass();
 RuntimeClass* GetOutOfMemoryExceptionClass();
+RuntimeClass* GetTypeMismatchExceptionClass();
 // The root of every exception class, RuntimeException.
 RuntimeClass* GetExceptionClass();
 RuntimeExceptionHook GetUnhandledExceptionHook();

@@ -28,6 +28,8 @@ char const kIndexMessage[] = "Index %ld is outside the bounds 0 to %ld";
 char const kEmptyIndexMessage[] = "Index %ld is outside the bounds of an empty array";
 // Room for either with two 64-bit numbers.
 int const kIndexMessageSize = 96;
+char const kTypeMismatchMessage[] =
+    "A value could not be converted to the type needed";
 char const kOutOfMemoryMessage[] =
     "There was not enough memory for the operation";
 
@@ -78,4 +80,9 @@ void RaiseIndexOutOfBounds(long index, long ubound) {
 void RaiseOutOfMemoryException() {
   RaiseExceptionClassWithMessage(GetOutOfMemoryExceptionClass(),
                                  kOutOfMemoryMessage);
+}
+
+void RaiseTypeMismatchException() {
+  RaiseExceptionClassWithMessage(GetTypeMismatchExceptionClass(),
+                                 kTypeMismatchMessage);
 }

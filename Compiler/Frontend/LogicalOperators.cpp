@@ -4,6 +4,7 @@
 #include "Compiler/Frontend/ParserError.h"
 #include "Compiler/Frontend/OperatorOverloading.h"
 #include "Compiler/Frontend/PendingForms.h"
+#include "Compiler/Frontend/VariantType.h"
 #include "Compiler/Frontend/SrcContext.h"
 #include "Compiler/Frontend/TypeConversions.h"
 #include "Compiler/SemBase.h"

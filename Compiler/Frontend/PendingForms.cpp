@@ -38,48 +38,6 @@ SemBase* UnavailableMember(SemBase* expr, SemBase* ident,
 
 }  // namespace
 
-SemBase* DelegateBinop(SemBase* left, unsigned long op, SemBase* right) {
-  return Unavailable(left, TypeTextOf(left));
-}
-
-SemBase* VariantBinop(SemBase* left, unsigned long op, SemBase* right) {
-  return Unavailable(left, "Variant");
-}
-SemBase* VariantAnd(SemBase* left, SemBase* right) {
-  return Unavailable(left, "Variant");
-}
-SemBase* VariantOr(SemBase* left, SemBase* right) {
-  return Unavailable(left, "Variant");
-}
-SemBase* VariantNot(SemBase* operand) { return Unavailable(operand, "Variant"); }
-SemBase* VariantNegation(SemBase* operand) {
-  return Unavailable(operand, "Variant");
-}
-SemBase* VariantScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
-                            SemBase* assignValue, FunctionResultMode mode) {
-  return UnavailableMember(expr, ident, mode);
-}
-SemBase* StaticVariantScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
-                                  SemBase* assignValue,
-                                  FunctionResultMode mode) {
-  return UnavailableMember(expr, ident, mode);
-}
-
-SemBase* LookupDelegateSignature(TypeSymbol* decl) {
-  QASSERT(decl);
-  ReportUnavailable(SourceLocation(current_line()), decl->Name());
-  return nullptr;
-}
-
-// Until signatures can be compared, only the same delegate type matches.
-bool DelegateSignaturesMatch(IRDataType const& a, IRDataType const& b) {
-  return a.Declaration() == b.Declaration();
-}
-
-void CreateNewDelegateInstance(TypeSymbol* decl, SemBase* args, SemBase* code) {
-  ReportUnavailable(code->Location(), decl->Name());
-}
-
 SemBase* StructureScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
                               SemBase* assignValue, FunctionResultMode mode) {
   return UnavailableMember(expr, ident, mode);
@@ -87,15 +45,6 @@ SemBase* StructureScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
 SemBase* StaticStructureScopeLookup(SemBase* expr, SemBase* ident,
                                     SemBase* args, SemBase* assignValue,
                                     FunctionResultMode mode) {
-  return UnavailableMember(expr, ident, mode);
-}
-SemBase* EnumScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
-                         SemBase* assignValue, FunctionResultMode mode) {
-  return UnavailableMember(expr, ident, mode);
-}
-SemBase* StaticDelegateScopeLookup(SemBase* expr, SemBase* ident,
-                                   SemBase* args, SemBase* assignValue,
-                                   FunctionResultMode mode) {
   return UnavailableMember(expr, ident, mode);
 }
 SemBase* BuiltInMemberLookup(SemBase* expr, SemBase* ident, SemBase* args,

@@ -3,6 +3,7 @@
 #include "Compiler/BackEnds/codestorage.h"
 #include "Compiler/Frontend/Exceptions.h"
 #include "Compiler/SemBase.h"
+#include "Compiler/SymbolTable/GlobalSymbolTable.h"
 #include "Compiler/SymbolTable/LocalSymbolTable.h"
 #include "Compiler/SymbolTable/SymbolTable.h"
 #include "Universal/Assertion.h"
@@ -32,6 +33,8 @@ SrcContext::~SrcContext() {
   ForgetOpenTries();
   for (unsigned long i = 0; i < mStaticBlocks.size(); i++)
     delete mStaticBlocks[i];
+  for (unsigned long i = 0; i < mImplicitDelegateTypes.size(); i++)
+    delete mImplicitDelegateTypes[i];
   gContext = nullptr;
   SetCurrent(nullptr);
   SemBase::PostCompileCleanup();

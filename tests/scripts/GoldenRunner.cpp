@@ -8,6 +8,9 @@
 //                                  report, after "runtime error: ", starts
 //                                  with TEXT ("CLASS" or "CLASS: MESSAGE")
 //   // expect runtime error LINE: TEXT  the same, raised at LINE
+//   // expect frame: NAME LINE      the next frame of its call stack, which
+//                                  quorl prints below the error, innermost
+//                                  first; the frames must come exactly so
 //   // stdin: TEXT                  a line given to the script's Input
 //
 // The exit status follows from them: 1 with compile errors, 2 with a runtime
@@ -33,6 +36,7 @@ struct Expectations {
   std::vector<std::string> errors;  // "FILE:LINE: error NUMBER:" prefixes
   std::string runtimeError;  // the report from ": runtime error: " on
   std::string runtimeLine;   // the line it names, when one is expected
+  std::vector<std::string> frames;  // "  at NAME (FILE:LINE)"
   std::string input;
 };
 
@@ -81,6 +85,13 @@ Expectations ReadExpectations(std::string const& script, std::string const& sour
       numbers >> lineNumber >> errorNumber;
       expected.errors.push_back(script + ":" + std::to_string(lineNumber) +
                                 ": error " + std::to_string(errorNumber) + ":");
+    } else if (After(line, "// expect frame: ", &rest)) {
+      std::istringstream words(rest);
+      std::string name;
+      int lineNumber = 0;
+      words >> name >> lineNumber;
+      expected.frames.push_back("  at " + name + " (" + script + ":" +
+                                std::to_string(lineNumber) + ")");
     } else if (After(line, "// stdin: ", &rest)) {
       expected.input += rest + "\n";
     }
@@ -170,5 +181,11 @@ int main(int argc, char** argv) {
   if (!expected.runtimeError.empty() &&
       !HasRuntimeError(Lines(outcome.err), script, expected))
     return Fail("missing '" + expected.runtimeError + "'", outcome);
+  if (!expected.frames.empty()) {
+    std::vector<std::string> err = Lines(outcome.err), frames;
+    for (std::string const& line : err)
+      if (line.compare(0, 5, "  at ") == 0) frames.push_back(line);
+    if (frames != expected.frames) return Fail("call stack differs", outcome);
+  }
   return 0;
 }

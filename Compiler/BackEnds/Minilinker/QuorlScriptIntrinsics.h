@@ -10,6 +10,7 @@
 
 #include "Common/ObjectModel/RuntimeObjectFoundation.h"
 #include "Compiler/BackEnds/Minilinker/QuorlScriptCorrespondent.h"
+#include "Compiler/BackEnds/Minilinker/ScriptCallStack.h"
 #include "Universal/stringmap.h"
 #include "Universal/ustring.h"
 
@@ -84,6 +85,7 @@ struct UncaughtExceptionDetail {
   string mClassName;
   string mMessage;
   long mErrorNumber = 0;
+  ScriptCallStack mCallStack;  // where it was raised, innermost first
 };
 // The detail of the last uncaught exception of this thread.
 UncaughtExceptionDetail const& LastUncaughtException();
