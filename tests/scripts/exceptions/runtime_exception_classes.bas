@@ -114,3 +114,12 @@ End Try
 // expect: IndexOf from past the end
 // expect: SortWith keys of another length
 // expect: a Cat into an array of Dogs
+
+// A variant that cannot become the type asked for.
+Dim boxed As Variant = New Dog
+Try
+  Dim n As Integer = boxed
+Catch e As TypeMismatchException
+  Print "TypeMismatchException: " + e.Message
+End Try
+// expect: TypeMismatchException: A value could not be converted to the type needed
