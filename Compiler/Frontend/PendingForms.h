@@ -56,7 +56,7 @@ SemBase* EnumScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
 SemBase* StaticDelegateScopeLookup(SemBase* expr, SemBase* ident,
                                    SemBase* args, SemBase* assignValue,
                                    FunctionResultMode mode);
-// The built-in methods of Color and Ptr (`c.Red`, `p.Int32(0)`).
+// The built-in methods of Ptr (`p.Int32(0)`).
 SemBase* BuiltInMemberLookup(SemBase* expr, SemBase* ident, SemBase* args,
                              SemBase* assignValue, FunctionResultMode mode);
 

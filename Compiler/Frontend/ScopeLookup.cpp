@@ -1,6 +1,7 @@
 // `expr.name`: the member of a module, a class, an object or a built-in
 // type, and extension methods as the last resort.
 #include "Compiler/Frontend/Classes.h"
+#include "Compiler/Frontend/Colors.h"
 #include "Compiler/Frontend/Expressions.h"
 #include "Compiler/Frontend/Lexer.h"
 #include "Compiler/Frontend/MemberAccess.h"
@@ -188,6 +189,12 @@ SemBase* IntrinsicScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
   if (type == kArrayType) {
     if (!assignValue && IsPotentialArrayMethodName(ident->toString()))
       return HandleArrayMethodCall(expr, ident, args, mode);
+    return ExtensionLookup(expr, ident, args, assignValue, mode,
+                           kErrorUnknownName);
+  }
+  if (type == kColorType) {
+    if (!args && !assignValue && IsPotentialColorMethodName(ident->toString()))
+      return HandleColorMethodCall(expr, ident);
     return ExtensionLookup(expr, ident, args, assignValue, mode,
                            kErrorUnknownName);
   }
