@@ -109,6 +109,7 @@ enum CompileErrorCode {
   kErrorInstanceMemberInSharedAccessor = 108,
   kErrorConstructorCall = 109,
   kErrorStructureField = 110,
+  kErrorStructureField111 = 111,
   kErrorStructureField112 = 112,
   kErrorEnum = 113,
   kErrorEnum114 = 114,

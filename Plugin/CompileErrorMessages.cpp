@@ -93,6 +93,7 @@ MessageRow const kMessages[] = {
     {108, 108, "instance member used without an instance in an accessor"},
     {109, 109, "constructor call fails"},
     {110, 110, "bad structure field"},
+    {111, 111, "a structure field cannot hold a counted type"},
     {112, 112, "bad structure field"},
     {113, 114, "bad enum base or value"},
     {115, 115, "cannot assign to a constant"},

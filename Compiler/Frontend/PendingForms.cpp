@@ -99,15 +99,6 @@ void CreateNewDelegateInstance(TypeSymbol* decl, SemBase* args, SemBase* code) {
   ReportUnavailable(code->Location(), decl->Name());
 }
 
-SemBase* StructureScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
-                              SemBase* assignValue, FunctionResultMode mode) {
-  return UnavailableMember(expr, ident, mode);
-}
-SemBase* StaticStructureScopeLookup(SemBase* expr, SemBase* ident,
-                                    SemBase* args, SemBase* assignValue,
-                                    FunctionResultMode mode) {
-  return UnavailableMember(expr, ident, mode);
-}
 SemBase* EnumScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
                          SemBase* assignValue, FunctionResultMode mode) {
   return UnavailableMember(expr, ident, mode);

@@ -1,6 +1,6 @@
 // The forms of expressions that belong to other themes of the front end
-// (operator methods, variants, delegates, structures, enums, built-in
-// members) and that expressions and lookups hand over to.
+// (operator methods, variants, delegates, enums, the built-in
+// members of Ptr) and that expressions and lookups hand over to.
 //
 // STAND-INS FOR NOW: until its theme exists, each of these reports compile
 // error 26 with the text of what was asked for, and gives a harmless value,
@@ -46,11 +46,6 @@ void CreateNewDelegateInstance(TypeSymbol* decl, SemBase* args, SemBase* code);
 
 // `expr.name` on the types that have lookups of their own. `expr` is a
 // namespace or a typed identifier for the static forms.
-SemBase* StructureScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
-                              SemBase* assignValue, FunctionResultMode mode);
-SemBase* StaticStructureScopeLookup(SemBase* expr, SemBase* ident,
-                                    SemBase* args, SemBase* assignValue,
-                                    FunctionResultMode mode);
 SemBase* EnumScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
                          SemBase* assignValue, FunctionResultMode mode);
 SemBase* StaticDelegateScopeLookup(SemBase* expr, SemBase* ident,
