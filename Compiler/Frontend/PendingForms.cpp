@@ -108,7 +108,3 @@ SemBase* StaticDelegateScopeLookup(SemBase* expr, SemBase* ident,
                                    FunctionResultMode mode) {
   return UnavailableMember(expr, ident, mode);
 }
-SemBase* BuiltInMemberLookup(SemBase* expr, SemBase* ident, SemBase* args,
-                             SemBase* assignValue, FunctionResultMode mode) {
-  return UnavailableMember(expr, ident, mode);
-}

@@ -1,6 +1,5 @@
 // The forms of expressions that belong to other themes of the front end
-// (operator methods, variants, delegates, enums, the built-in
-// members of Ptr) and that expressions and lookups hand over to.
+// (operator methods, variants, delegates, enums) and that expressions and lookups hand over to.
 //
 // STAND-INS FOR NOW: until its theme exists, each of these reports compile
 // error 26 with the text of what was asked for, and gives a harmless value,
@@ -51,8 +50,5 @@ SemBase* EnumScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
 SemBase* StaticDelegateScopeLookup(SemBase* expr, SemBase* ident,
                                    SemBase* args, SemBase* assignValue,
                                    FunctionResultMode mode);
-// The built-in methods of Ptr (`p.Int32(0)`).
-SemBase* BuiltInMemberLookup(SemBase* expr, SemBase* ident, SemBase* args,
-                             SemBase* assignValue, FunctionResultMode mode);
 
 #endif

@@ -2,6 +2,7 @@
 // type, and extension methods as the last resort.
 #include "Compiler/Frontend/Classes.h"
 #include "Compiler/Frontend/Colors.h"
+#include "Compiler/Frontend/ExternalDeclarations.h"
 #include "Compiler/Frontend/Expressions.h"
 #include "Compiler/Frontend/Lexer.h"
 #include "Compiler/Frontend/MemberAccess.h"
@@ -193,13 +194,13 @@ SemBase* IntrinsicScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
     return ExtensionLookup(expr, ident, args, assignValue, mode,
                            kErrorUnknownName);
   }
-  if (type == kColorType) {
-    if (!args && !assignValue && IsPotentialColorMethodName(ident->toString()))
-      return HandleColorMethodCall(expr, ident);
-    return ExtensionLookup(expr, ident, args, assignValue, mode,
-                           kErrorUnknownName);
-  }
-  return BuiltInMemberLookup(expr, ident, args, assignValue, mode);
+  if (type == kColorType && !args && !assignValue &&
+      IsPotentialColorMethodName(ident->toString()))
+    return HandleColorMethodCall(expr, ident);
+  if (type == kPtrType && IsPotentialPtrMethodName(ident))
+    return HandlePtrMethodCall(expr, ident, args, assignValue, mode);
+  return ExtensionLookup(expr, ident, args, assignValue, mode,
+                         kErrorUnknownName);
 }
 
 SemBase* InstanceScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,

@@ -2,6 +2,7 @@
 // generated code against.
 #include "Common/Arrays/RuntimeArrays.h"
 #include "Common/ObjectModel/RuntimeExceptionFoundation.h"
+#include "Common/RuntimeExternalFunctions.h"
 #include "Compiler/BackEnds/Minilinker/QuorlScriptIntrinsics.h"
 #include "Compiler/Intrinsics.h"
 
@@ -13,7 +14,6 @@ struct OwnEntry {
 };
 
 #define QUORL_OWN(name, function) {name, reinterpret_cast<void*>(&function)}
-#define QUORL_NOT_YET(name) {name, nullptr}
 
 // The plug-in serves these itself, in this order.
 OwnEntry const kOwnEntries[] = {
@@ -39,7 +39,9 @@ OwnEntry const kOwnEntries[] = {
     QUORL_OWN("RaiseNilObjectException", RaiseNilObjectException),
     QUORL_OWN("RaiseIllegalCastException", RaiseIllegalCastException),
     QUORL_OWN("RaiseOutOfBoundsException", RaiseOutOfBoundsException),
-    QUORL_NOT_YET("RuntimeRaiseFunctionNotFoundException"),
+    QUORL_OWN("RuntimeRaiseFunctionNotFoundException",
+              RuntimeRaiseFunctionNotFoundException),
+    QUORL_OWN("LoadFunctionPointerFromLibrary", LoadFunctionPointerFromLibrary),
     // The object model and the arrays too: objects live on this copy's
     // lists and raise through this copy's exception state, so a host's
     // own copy of them must not serve a script.
@@ -56,7 +58,6 @@ OwnEntry const kOwnEntries[] = {
 };
 
 #undef QUORL_OWN
-#undef QUORL_NOT_YET
 
 }  // namespace
 
