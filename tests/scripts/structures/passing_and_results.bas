@@ -13,6 +13,16 @@ End Sub
 Sub MoveInPlace(ByRef p As Geometry.Point)
   p.X = p.X + 100
 End Sub
+Sub ReplaceCopy(p As Geometry.Point)
+  Dim other As Geometry.Point
+  other.X = -1
+  p = other
+End Sub
+Sub ReplaceInPlace(ByRef p As Geometry.Point)
+  Dim other As Geometry.Point
+  other.X = -2
+  p = other
+End Sub
 Function MakePoint(x As Integer, y As Integer) As Geometry.Point
   Dim p As Geometry.Point
   p.X = x
@@ -34,3 +44,12 @@ Print Str(MakePoint(8, 9).Y)          // expect: 9
 Print Str(Sum(MakePoint(2, 3)))       // expect: 5
 q = MakePoint(7, 7)
 Print Str(Sum(q))                     // expect: 14
+// A whole new value assigned in the callee: only ByRef reaches the caller.
+ReplaceCopy(q)
+Print Str(q.X)                        // expect: 7
+ReplaceInPlace(q)
+Print Str(q.X)                        // expect: -2
+Dim row(1) As Geometry.Point
+row(1).X = 3
+ReplaceCopy(row(1))
+Print Str(row(1).X)                   // expect: 3
