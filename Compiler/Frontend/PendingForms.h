@@ -1,5 +1,6 @@
 // The forms of expressions that belong to other themes of the front end
-// (operator methods, variants, delegates, enums) and that expressions and lookups hand over to.
+// (operator methods, delegates, enums) and that expressions and lookups
+// hand over to.
 //
 // STAND-INS FOR NOW: until its theme exists, each of these reports compile
 // error 26 with the text of what was asked for, and gives a harmless value,
@@ -22,18 +23,6 @@ SemBase* ObjectOr(SemBase* left, SemBase* right);
 SemBase* ObjectNot(SemBase* operand);
 SemBase* ObjectNegation(SemBase* operand);
 SemBase* DelegateBinop(SemBase* left, unsigned long op, SemBase* right);
-
-// Operators and members of variants, through the variant runtime.
-SemBase* VariantBinop(SemBase* left, unsigned long op, SemBase* right);
-SemBase* VariantAnd(SemBase* left, SemBase* right);
-SemBase* VariantOr(SemBase* left, SemBase* right);
-SemBase* VariantNot(SemBase* operand);
-SemBase* VariantNegation(SemBase* operand);
-SemBase* VariantScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
-                            SemBase* assignValue, FunctionResultMode mode);
-SemBase* StaticVariantScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
-                                  SemBase* assignValue,
-                                  FunctionResultMode mode);
 
 // The signature of a delegate type, as a value.
 SemBase* LookupDelegateSignature(TypeSymbol* decl);

@@ -13,6 +13,7 @@
 #include "Compiler/Frontend/FunctionCalls.h"
 #include "Compiler/Frontend/OverloadResolution.h"
 #include "Compiler/Frontend/PendingForms.h"
+#include "Compiler/Frontend/VariantType.h"
 #include "Compiler/Frontend/SrcContext.h"
 #include "Compiler/Frontend/Structures.h"
 #include "Compiler/Frontend/TacLiteralPool.h"
