@@ -25,6 +25,8 @@ namespace {
 char const* const kSizeName = "Size";
 char const* const kStringValueName = "StringValue";
 char const* const kEndianSwapName = "EndianSwap";
+// Array fields up to this many elements are swapped without a loop.
+long const kUnrolledSwapElements = 4;
 
 // One access being compiled: the code, the structure's address and where.
 struct Access {
@@ -194,6 +196,29 @@ void SwapValue(Access& a, IRDataType const& type, long at) {
   a.code->AddLine(kTacPoke, value, IntConstant(at), a.base);
 }
 
+// A few elements are swapped one by one; more go through a loop, so that
+// a large array field costs no more code than a small one.
+void SwapArray(Access& a, StructureFieldSymbol* field, long at) {
+  IRDataType element = field->GetType().AsElement();
+  long stride = long(element.StorageSize());
+  long count = field->mArrayUbound + 1;
+  if (count <= kUnrolledSwapElements) {
+    for (long i = 0; i < count; i++) SwapValue(a, element, at + i * stride);
+    return;
+  }
+  Access each = a;
+  each.base = a.Temp(IRDataType(kPtrType));
+  TacAddr const* left = a.Temp(IRDataType(kSInt32Type));
+  TacAddr const* top = NewLabel();
+  a.code->AddLine(kTacAdd, a.base, IntConstant(at), each.base);
+  a.code->AddLine(kTacStore, IntConstant(count), nilTacAddr, left);
+  a.code->AddLine(kTacLabel, top, nilTacAddr, nilTacAddr);
+  SwapValue(each, element, 0);
+  a.code->AddLine(kTacAdd, each.base, IntConstant(stride), each.base);
+  a.code->AddLine(kTacSub, left, gTacOne, left);
+  a.code->AddLine(kTacIfLTI, gTacZero, left, top);
+}
+
 void SwapStructure(Access& a, StructureSymbol* structure, long at) {
   FieldSymbolIterator f = structure->IterateFields();
   while (f.Next()) {
@@ -204,9 +229,7 @@ void SwapStructure(Access& a, StructureSymbol* structure, long at) {
       SwapValue(a, type, start);
       continue;
     }
-    IRDataType element = type.AsElement();
-    for (long i = 0; i <= field->mArrayUbound; i++)
-      SwapValue(a, element, start + i * long(element.StorageSize()));
+    SwapArray(a, field, start);
   }
 }
 

@@ -7,6 +7,11 @@ Module Wire
     Length As Int16
     Id As Int32
   End Structure
+  Structure Table
+    Values(9) As Int32
+    Headers(5) As Header
+    Tail As Int16
+  End Structure
   Structure Packet
     Head As Header
     Codes(1) As UInt16
@@ -41,3 +46,20 @@ Print Str(p.Codes(0)) + " " + Str(p.Codes(1)) + " " + p.Label            // expe
 If p.Stamp = 72057594037927936 Then Print "stamp swapped"                // expect: stamp swapped
 p.EndianSwap
 Print Str(p.Head.Length) + " " + Str(p.Codes(1)) + " " + Str(p.Stamp)    // expect: 258 513 1
+
+// Long array fields, of numbers and of structures, are swapped whole.
+Dim t As Wire.Table
+For i As Integer = 0 To 9
+  t.Values(i) = i + 256
+Next
+For i As Integer = 0 To 5
+  t.Headers(i).Kind = i
+  t.Headers(i).Length = i + 1
+  t.Headers(i).Id = 16777216 * (i + 1)
+Next
+t.Tail = 2
+t.EndianSwap
+Print Str(t.Values(0)) + " " + Str(t.Values(9)) + " " + Str(t.Tail)     // expect: 65536 151060480 512
+Print Str(t.Headers(5).Kind) + " " + Str(t.Headers(5).Length) + " " + Str(t.Headers(5).Id)  // expect: 5 1536 6
+t.EndianSwap
+Print Str(t.Values(9)) + " " + Str(t.Headers(0).Length) + " " + Str(t.Headers(5).Id)  // expect: 265 1 100663296
