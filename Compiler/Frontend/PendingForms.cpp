@@ -30,13 +30,6 @@ string TypeTextOf(SemBase* value) {
   return value ? value->GetType().ToString() : string("Unknown Type");
 }
 
-SemBase* UnavailableMember(SemBase* expr, SemBase* ident,
-                           FunctionResultMode mode) {
-  return Unavailable(ident ? ident : expr,
-                     TypeTextOf(expr) + "." + (ident ? ident->toString() : string()),
-                     mode);
-}
-
 }  // namespace
 
 // Comparisons are real; the arithmetic through Operator_... methods is not
@@ -57,31 +50,4 @@ SemBase* ObjectNot(SemBase* operand) {
 SemBase* ObjectNegation(SemBase* operand) {
   return Unavailable(operand, TypeTextOf(operand));
 }
-SemBase* DelegateBinop(SemBase* left, unsigned long op, SemBase* right) {
-  return Unavailable(left, TypeTextOf(left));
-}
 
-SemBase* LookupDelegateSignature(TypeSymbol* decl) {
-  QASSERT(decl);
-  ReportUnavailable(SourceLocation(current_line()), decl->Name());
-  return nullptr;
-}
-
-// Until signatures can be compared, only the same delegate type matches.
-bool DelegateSignaturesMatch(IRDataType const& a, IRDataType const& b) {
-  return a.Declaration() == b.Declaration();
-}
-
-void CreateNewDelegateInstance(TypeSymbol* decl, SemBase* args, SemBase* code) {
-  ReportUnavailable(code->Location(), decl->Name());
-}
-
-SemBase* EnumScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
-                         SemBase* assignValue, FunctionResultMode mode) {
-  return UnavailableMember(expr, ident, mode);
-}
-SemBase* StaticDelegateScopeLookup(SemBase* expr, SemBase* ident,
-                                   SemBase* args, SemBase* assignValue,
-                                   FunctionResultMode mode) {
-  return UnavailableMember(expr, ident, mode);
-}

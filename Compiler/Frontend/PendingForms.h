@@ -1,6 +1,5 @@
 // The forms of expressions that belong to other themes of the front end
-// (operator methods, delegates, enums) and that expressions and lookups
-// hand over to.
+// (operator methods) and that expressions and lookups hand over to.
 //
 // STAND-INS FOR NOW: until its theme exists, each of these reports compile
 // error 26 with the text of what was asked for, and gives a harmless value,
@@ -16,28 +15,11 @@
 
 class SemBase;
 
-// Operators on objects and delegates, through methods named Operator_...
+// Operators on objects, through methods named Operator_...
 SemBase* ObjectBinop(SemBase* left, unsigned long op, SemBase* right);
 SemBase* ObjectAnd(SemBase* left, SemBase* right);
 SemBase* ObjectOr(SemBase* left, SemBase* right);
 SemBase* ObjectNot(SemBase* operand);
 SemBase* ObjectNegation(SemBase* operand);
-SemBase* DelegateBinop(SemBase* left, unsigned long op, SemBase* right);
-
-// The signature of a delegate type, as a value.
-SemBase* LookupDelegateSignature(TypeSymbol* decl);
-// Whether a delegate of type `b` may stand where one of type `a` is wanted.
-bool DelegateSignaturesMatch(IRDataType const& a, IRDataType const& b);
-
-// A new delegate into `code`'s result.
-void CreateNewDelegateInstance(TypeSymbol* decl, SemBase* args, SemBase* code);
-
-// `expr.name` on the types that have lookups of their own. `expr` is a
-// namespace or a typed identifier for the static forms.
-SemBase* EnumScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
-                         SemBase* assignValue, FunctionResultMode mode);
-SemBase* StaticDelegateScopeLookup(SemBase* expr, SemBase* ident,
-                                   SemBase* args, SemBase* assignValue,
-                                   FunctionResultMode mode);
 
 #endif
