@@ -1,9 +1,9 @@
 // Member access on structure values. A structure is reached through its
 // address: a field is a reference at an offset from it, so that a field
-// reads, takes assignments, passes ByRef and leads on to a nested
-// structure's fields like any other place. Fixed-size strings and the
-// StringValue member copy bytes through the runtime's structure string
-// functions; EndianSwap swaps every field in place.
+// reads, takes assignments and leads on to a nested structure's fields
+// like any other place. Fixed-size strings and the StringValue member
+// copy bytes through the runtime's structure string functions; EndianSwap
+// swaps every field in place.
 #include "Compiler/Frontend/Structures.h"
 
 #include "Compiler/Frontend/Assignments.h"
