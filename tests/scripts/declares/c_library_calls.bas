@@ -7,6 +7,8 @@ Module CLib
   Declare Function getenv Lib "libc.so.6" (name As CString) As CString
   Declare Function cos Lib "libm.so.6" (x As Double) As Double
   Declare Function pow Lib "libm.so.6" (x As Double, y As Double) As Double
+  Declare Function cosf Lib "libm.so.6" (x As Single) As Single
+  Declare Function llabs Lib "libc.so.6" (n As Int64) As Int64
   Declare Function LongestPrefix Lib "libc.so.6" Alias "strspn" (s As CString, accept As CString) As Integer
   Structure TimeValue
     Seconds As Int32
@@ -24,6 +26,7 @@ Print CLib.getenv("QUORL_GOLDEN_VALUE")               // expect: from C
 Print "[" + CLib.getenv("QUORL_GOLDEN_SURELY_UNSET") + "]"  // expect: []
 Print Str(CLib.cos(0))                                // expect: 1
 Print Str(CLib.pow(2, 10))                            // expect: 1024
+Print Str(CLib.cosf(0)) + " " + Str(CLib.llabs(-5000000000))  // expect: 1 5000000000
 Print Str(CLib.sqrt(16))                              // expect: 4
 Print Str(CLib.LongestPrefix("aabbc", "ab"))          // expect: 4
 Dim now As CLib.TimeValue
