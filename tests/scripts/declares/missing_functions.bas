@@ -35,4 +35,4 @@ End Try
 Print "still running"                                // expect: still running
 Nowhere
 Print "not reached"
-// expect runtime error: RuntimeException
+// expect runtime error: FunctionNotFoundException
