@@ -24,6 +24,21 @@ std::string CompileErrorLine(std::string const& fileName, int line,
          std::to_string(number) + ": " + CompileErrorSummary(number);
 }
 
+// An exception nobody caught, with the line it was raised at when known
+// and its message when it has one. The detail of the error came just
+// before its event.
+std::string RuntimeErrorLine(Script const& script, std::string const& fileName,
+                             std::string const& exceptionClass) {
+  std::vector<ScriptError> const& errors = script.Errors();
+  if (errors.empty() || errors.back().kind != ScriptError::Kind::Runtime)
+    return fileName + ": runtime error: " + exceptionClass;
+  ScriptError const& error = errors.back();
+  std::string where =
+      error.line > 0 ? fileName + ":" + std::to_string(error.line) : fileName;
+  std::string text = where + ": runtime error: " + error.exceptionClass;
+  return error.message.empty() ? text : text + ": " + error.message;
+}
+
 // Below the error line, the frames of the script where the exception was
 // raised, innermost first, as "  at Leaf (FILE:LINE)"; a frame repeated
 // more than kRepeatsShown times in a row (a recursion) is shown once with
@@ -82,7 +97,7 @@ void ConnectConsole(Script& script, Console const& console,
   script.OnRuntimeError([console, fileName, &counts, &script](
                             int, std::string const& exceptionClass) {
     ++counts.runtimeErrors;
-    Report(console, fileName + ": runtime error: " + exceptionClass +
+    Report(console, RuntimeErrorLine(script, fileName, exceptionClass) +
                         CallStackText(script, fileName));
   });
 }
