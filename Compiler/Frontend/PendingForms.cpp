@@ -2,7 +2,6 @@
 
 #include "Compiler/Frontend/Expressions.h"
 #include "Compiler/Frontend/Lexer.h"
-#include "Compiler/Frontend/ObjectComparisons.h"
 #include "Compiler/Frontend/TypeConversions.h"
 #include "Compiler/SemBase.h"
 #include "Universal/Assertion.h"
@@ -39,43 +38,6 @@ SemBase* UnavailableMember(SemBase* expr, SemBase* ident,
 
 }  // namespace
 
-// Comparisons are real; the arithmetic through Operator_... methods is not
-// there yet.
-SemBase* ObjectBinop(SemBase* left, unsigned long op, SemBase* right) {
-  if (IsComparisonOperator(op)) return ObjectComparison(left, op, right);
-  return Unavailable(left, TypeTextOf(left));
-}
-SemBase* ObjectAnd(SemBase* left, SemBase* right) {
-  return Unavailable(left, TypeTextOf(left));
-}
-SemBase* ObjectOr(SemBase* left, SemBase* right) {
-  return Unavailable(left, TypeTextOf(left));
-}
-SemBase* ObjectNot(SemBase* operand) {
-  return Unavailable(operand, TypeTextOf(operand));
-}
-SemBase* ObjectNegation(SemBase* operand) {
-  return Unavailable(operand, TypeTextOf(operand));
-}
-SemBase* DelegateBinop(SemBase* left, unsigned long op, SemBase* right) {
-  return Unavailable(left, TypeTextOf(left));
-}
-
-SemBase* LookupDelegateSignature(TypeSymbol* decl) {
-  QASSERT(decl);
-  ReportUnavailable(SourceLocation(current_line()), decl->Name());
-  return nullptr;
-}
-
-// Until signatures can be compared, only the same delegate type matches.
-bool DelegateSignaturesMatch(IRDataType const& a, IRDataType const& b) {
-  return a.Declaration() == b.Declaration();
-}
-
-void CreateNewDelegateInstance(TypeSymbol* decl, SemBase* args, SemBase* code) {
-  ReportUnavailable(code->Location(), decl->Name());
-}
-
 SemBase* StructureScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
                               SemBase* assignValue, FunctionResultMode mode) {
   return UnavailableMember(expr, ident, mode);
@@ -83,15 +45,6 @@ SemBase* StructureScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
 SemBase* StaticStructureScopeLookup(SemBase* expr, SemBase* ident,
                                     SemBase* args, SemBase* assignValue,
                                     FunctionResultMode mode) {
-  return UnavailableMember(expr, ident, mode);
-}
-SemBase* EnumScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
-                         SemBase* assignValue, FunctionResultMode mode) {
-  return UnavailableMember(expr, ident, mode);
-}
-SemBase* StaticDelegateScopeLookup(SemBase* expr, SemBase* ident,
-                                   SemBase* args, SemBase* assignValue,
-                                   FunctionResultMode mode) {
   return UnavailableMember(expr, ident, mode);
 }
 SemBase* BuiltInMemberLookup(SemBase* expr, SemBase* ident, SemBase* args,

@@ -1,6 +1,7 @@
 // The table from link names to addresses that the in-memory linker resolves
 // generated code against.
 #include "Common/Arrays/RuntimeArrays.h"
+#include "Common/ObjectModel/RuntimeDelegates.h"
 #include "Common/ObjectModel/RuntimeExceptionFoundation.h"
 #include "Common/RuntimeStringFoundation.h"
 #include "Common/Variants/RuntimeVariants.h"
@@ -44,6 +45,14 @@ OwnEntry const kOwnEntries[] = {
     QUORL_OWN("RaiseIllegalCastException", RaiseIllegalCastException),
     QUORL_OWN("RaiseOutOfBoundsException", RaiseOutOfBoundsException),
     QUORL_NOT_YET("RuntimeRaiseFunctionNotFoundException"),
+    // The exception classes, by the link names their declarations carry.
+    QUORL_OWN("RuntimeExceptionLookup", RuntimeExceptionLookup),
+    QUORL_OWN("OutOfMemoryExceptionLookup", OutOfMemoryExceptionLookup),
+    QUORL_OWN("NilObjectExceptionLookup", NilObjectExceptionLookup),
+    QUORL_OWN("IllegalCastExceptionLookup", IllegalCastExceptionLookup),
+    QUORL_OWN("TypeMismatchExceptionLookup", TypeMismatchExceptionLookup),
+    QUORL_OWN("OutOfBoundsExceptionLookup", OutOfBoundsExceptionLookup),
+    QUORL_OWN("StackOverflowExceptionLookup", StackOverflowExceptionLookup),
     // The object model and the arrays too: objects live on this copy's
     // lists and raise through this copy's exception state, so a host's
     // own copy of them must not serve a script.
@@ -54,6 +63,10 @@ OwnEntry const kOwnEntries[] = {
     QUORL_OWN("RuntimeObjectIsa", RuntimeObjectIsa),
     QUORL_OWN("RuntimeCheckCast", RuntimeCheckCast),
     QUORL_OWN("RuntimeLookupInterfaceVtable", RuntimeLookupInterfaceVtable),
+    QUORL_OWN("RuntimeCreateDelegate", RuntimeCreateDelegate),
+    QUORL_OWN("RuntimeDelegateIsA", RuntimeDelegateIsA),
+    QUORL_OWN("RuntimeCheckDelegateCast", RuntimeCheckDelegateCast),
+    QUORL_OWN("RuntimeCompareDelegates", RuntimeCompareDelegates),
     QUORL_OWN("CreateArray", CreateArray),
     QUORL_OWN("RuntimeCreateStructureArray", RuntimeCreateStructureArray),
     QUORL_OWN("RuntimeCreateArrayCastWrapper", RuntimeCreateArrayCastWrapper),
@@ -99,6 +112,9 @@ OwnEntry const kOwnEntries[] = {
     QUORL_OWN("ObjectToVariant", ObjectToVariant),
     QUORL_OWN("StringToVariant", StringToVariant),
     QUORL_OWN("BooleanToVariant", BooleanToVariant),
+    // A string sum that cannot be stored raises the out-of-memory
+    // exception, which only this copy's exception state can raise.
+    QUORL_OWN("RuntimeAddString", RuntimeAddString),
 };
 
 #undef QUORL_OWN
