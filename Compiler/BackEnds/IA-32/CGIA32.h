@@ -351,6 +351,9 @@ class CGIA32 : public CodeGenerator, public IA32OpWriter {
     int lines;               // the lines of the access, `line` included
   };
   bool MatchElementAccess(TacLine const& line, ElementAccess* access);
+  // The rare path of a failed bounds test: the raise that names `index`
+  // and the bound of the array in `array`.
+  void RaiseElementOutOfBounds(int index, int array);
   bool ElementAccessInLine(TacLine const& line);
   void ForgetSSERegisters();
   void StoreEAXTo(TacAddr const* global);

@@ -44,6 +44,8 @@ OwnEntry const kOwnEntries[] = {
     QUORL_OWN("RaiseNilObjectException", RaiseNilObjectException),
     QUORL_OWN("RaiseIllegalCastException", RaiseIllegalCastException),
     QUORL_OWN("RaiseOutOfBoundsException", RaiseOutOfBoundsException),
+    // Optimized code raises this for an element outside the bounds.
+    QUORL_OWN("RaiseIndexOutOfBounds", RaiseIndexOutOfBounds),
     QUORL_NOT_YET("RuntimeRaiseFunctionNotFoundException"),
     // The exception classes, by the link names their declarations carry.
     QUORL_OWN("RuntimeExceptionLookup", RuntimeExceptionLookup),
