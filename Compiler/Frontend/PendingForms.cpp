@@ -2,7 +2,6 @@
 
 #include "Compiler/Frontend/Expressions.h"
 #include "Compiler/Frontend/Lexer.h"
-#include "Compiler/Frontend/ObjectComparisons.h"
 #include "Compiler/Frontend/TypeConversions.h"
 #include "Compiler/SemBase.h"
 #include "Universal/Assertion.h"
@@ -38,25 +37,6 @@ SemBase* UnavailableMember(SemBase* expr, SemBase* ident,
 }
 
 }  // namespace
-
-// Comparisons are real; the arithmetic through Operator_... methods is not
-// there yet.
-SemBase* ObjectBinop(SemBase* left, unsigned long op, SemBase* right) {
-  if (IsComparisonOperator(op)) return ObjectComparison(left, op, right);
-  return Unavailable(left, TypeTextOf(left));
-}
-SemBase* ObjectAnd(SemBase* left, SemBase* right) {
-  return Unavailable(left, TypeTextOf(left));
-}
-SemBase* ObjectOr(SemBase* left, SemBase* right) {
-  return Unavailable(left, TypeTextOf(left));
-}
-SemBase* ObjectNot(SemBase* operand) {
-  return Unavailable(operand, TypeTextOf(operand));
-}
-SemBase* ObjectNegation(SemBase* operand) {
-  return Unavailable(operand, TypeTextOf(operand));
-}
 
 SemBase* StructureScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
                               SemBase* assignValue, FunctionResultMode mode) {

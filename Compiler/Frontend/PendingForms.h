@@ -1,6 +1,6 @@
 // The forms of expressions that belong to other themes of the front end
-// (operator methods, structures, built-in members) and that expressions
-// and lookups hand over to.
+// (structures, built-in members) and that expressions and lookups hand
+// over to.
 //
 // STAND-INS FOR NOW: until its theme exists, each of these reports compile
 // error 26 with the text of what was asked for, and gives a harmless value,
@@ -15,13 +15,6 @@
 #include "Compiler/SymbolTable/GlobalSymbolTable.h"
 
 class SemBase;
-
-// Operators on objects, through methods named Operator_...
-SemBase* ObjectBinop(SemBase* left, unsigned long op, SemBase* right);
-SemBase* ObjectAnd(SemBase* left, SemBase* right);
-SemBase* ObjectOr(SemBase* left, SemBase* right);
-SemBase* ObjectNot(SemBase* operand);
-SemBase* ObjectNegation(SemBase* operand);
 
 // `expr.name` on the types that have lookups of their own. `expr` is a
 // namespace or a typed identifier for the static forms.

@@ -3,6 +3,7 @@
 #include "Common/Arrays/RuntimeArrays.h"
 #include "Common/ObjectModel/RuntimeDelegates.h"
 #include "Common/ObjectModel/RuntimeExceptionFoundation.h"
+#include "Common/RuntimeStringFoundation.h"
 #include "Common/Variants/RuntimeVariants.h"
 #include "Compiler/BackEnds/Minilinker/QuorlScriptIntrinsics.h"
 #include "Compiler/Intrinsics.h"
@@ -30,6 +31,8 @@ OwnEntry const kOwnEntries[] = {
     QUORL_OWN("RuntimeCheckStack", RuntimeCheckStack),
     // Optimized code keeps the limit at hand and asks for it here.
     QUORL_OWN("RuntimeStackLimit", GetRuntimeStackLimit),
+    // A sum of several strings: this copy raises when it cannot be stored.
+    QUORL_OWN("RuntimeAddStrings", RuntimeAddStrings),
     QUORL_OWN("RuntimeNewClass", RuntimeNewClass),
     QUORL_OWN("RuntimeNewObject", RuntimeNewObject),
     QUORL_OWN("RuntimeRegisterClass", RuntimeRegisterClass),
@@ -42,6 +45,14 @@ OwnEntry const kOwnEntries[] = {
     QUORL_OWN("RaiseIllegalCastException", RaiseIllegalCastException),
     QUORL_OWN("RaiseOutOfBoundsException", RaiseOutOfBoundsException),
     QUORL_NOT_YET("RuntimeRaiseFunctionNotFoundException"),
+    // The exception classes, by the link names their declarations carry.
+    QUORL_OWN("RuntimeExceptionLookup", RuntimeExceptionLookup),
+    QUORL_OWN("OutOfMemoryExceptionLookup", OutOfMemoryExceptionLookup),
+    QUORL_OWN("NilObjectExceptionLookup", NilObjectExceptionLookup),
+    QUORL_OWN("IllegalCastExceptionLookup", IllegalCastExceptionLookup),
+    QUORL_OWN("TypeMismatchExceptionLookup", TypeMismatchExceptionLookup),
+    QUORL_OWN("OutOfBoundsExceptionLookup", OutOfBoundsExceptionLookup),
+    QUORL_OWN("StackOverflowExceptionLookup", StackOverflowExceptionLookup),
     // The object model and the arrays too: objects live on this copy's
     // lists and raise through this copy's exception state, so a host's
     // own copy of them must not serve a script.
@@ -101,6 +112,9 @@ OwnEntry const kOwnEntries[] = {
     QUORL_OWN("ObjectToVariant", ObjectToVariant),
     QUORL_OWN("StringToVariant", StringToVariant),
     QUORL_OWN("BooleanToVariant", BooleanToVariant),
+    // A string sum that cannot be stored raises the out-of-memory
+    // exception, which only this copy's exception state can raise.
+    QUORL_OWN("RuntimeAddString", RuntimeAddString),
 };
 
 #undef QUORL_OWN
