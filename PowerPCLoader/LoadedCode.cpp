@@ -136,14 +136,14 @@ unsigned long LoadedCode::BridgeTo(std::string const& name, void* function,
   auto shape = module.callShapes.find(name);
   std::string argumentShape = shape == module.callShapes.end() ? "" : shape->second;
   MappingWriter writer(mMapping + mStubEnd, mMapping + mMappingSize);
-  // The glue takes the whole mapping for generated code: a pointer behind
-  // the code is an entry thunk, which hands the argument registers on as
-  // they are, and a bridge in front of it would move them as C wants.
+  // Behind the code lie the entry thunks, bridges and glues; of these only
+  // a thunk's address is ever taken.
   bool written =
       function ? WriteCallBridge(writer, reinterpret_cast<unsigned long>(function),
                                  argumentShape)
                : WritePointerCallGlue(
                      writer, reinterpret_cast<unsigned long>(mMapping),
+                     reinterpret_cast<unsigned long>(mMapping + module.code.size()),
                      reinterpret_cast<unsigned long>(mMapping + mMappingSize),
                      argumentShape);
   if (!written || writer.mFull) {
