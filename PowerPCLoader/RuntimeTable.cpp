@@ -18,6 +18,12 @@ namespace quorl {
 // The library's registration with a host; the loader has none and reads
 // the entries itself.
 void RegisterHostFunction(std::string const& name, void* address) {}
+namespace detail {
+// A library function's raise: the runtime is this very process's.
+void RaiseInScript(char const* className, char const* message) {
+  RaiseNamedException(className, string(message));
+}
+}  // namespace detail
 }  // namespace quorl
 
 namespace ppcloader {
@@ -92,7 +98,8 @@ FunctionTable const& Library() {
   if (!library.empty()) return library;
   using namespace quorl::standin::library;
   for (LibraryEntries (*theme)() :
-       {&CharacterStringEntries, &ByteStringEntries, &CaseAndTrimEntries,
+       {&CharacterStringEntries, &ByteStringEntries, &TextEncodingEntries,
+        &CaseAndTrimEntries,
         &FieldAndReplaceEntries, &NumberTextEntries, &FormatEntries,
         &ClockEntries, &EnvironmentHookEntries, &RuntimeFoundationEntries,
         &RuntimeIntrinsicEntries})

@@ -4,7 +4,6 @@
 #include "Compiler/Frontend/ParserError.h"
 #include "Compiler/Frontend/MethodDelegates.h"
 #include "Compiler/Frontend/OperatorOverloading.h"
-#include "Compiler/Frontend/PendingForms.h"
 #include "Compiler/Frontend/StringSums.h"
 #include "Compiler/Frontend/VariantType.h"
 #include "Compiler/Frontend/TypeConversions.h"

@@ -95,6 +95,9 @@ string RuntimeExceptionMessage(RuntimeObject* exception);
 // A new exception of the named class (made when the running program has
 // none) with the message, raised in the running script.
 void RaiseNamedException(char const* className, string const& message);
+// A FunctionNotFoundException: "Could not load NAME from LIBRARY".
+void RuntimeRaiseFunctionNotFoundException(stringStorage* name,
+                                           stringStorage* library);
 
 // ---- the table the linker resolves against
 // A new table, owned by the caller: the plug-in's own entries first, then

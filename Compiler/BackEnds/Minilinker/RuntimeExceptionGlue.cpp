@@ -211,3 +211,12 @@ void RaiseNamedException(char const* className, string const& message) {
   RuntimeRaiseException(exception);
   RuntimeUnlockObject(exception);
 }
+
+// A Declare'd function that could not be found when called.
+void RuntimeRaiseFunctionNotFoundException(stringStorage* name,
+                                           stringStorage* library) {
+  string message = string("Could not load ") +
+                   string(name ? name->CString() : "") + string(" from ") +
+                   string(library ? library->CString() : "");
+  RaiseNamedException("FunctionNotFoundException", message);
+}

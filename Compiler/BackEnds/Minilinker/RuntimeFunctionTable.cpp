@@ -3,6 +3,7 @@
 #include "Common/Arrays/RuntimeArrays.h"
 #include "Common/ObjectModel/RuntimeDelegates.h"
 #include "Common/ObjectModel/RuntimeExceptionFoundation.h"
+#include "Common/RuntimeExternalFunctions.h"
 #include "Common/RuntimeStringFoundation.h"
 #include "Common/Variants/RuntimeVariants.h"
 #include "Compiler/BackEnds/Minilinker/QuorlScriptIntrinsics.h"
@@ -16,7 +17,6 @@ struct OwnEntry {
 };
 
 #define QUORL_OWN(name, function) {name, reinterpret_cast<void*>(&function)}
-#define QUORL_NOT_YET(name) {name, nullptr}
 
 // The plug-in serves these itself, in this order.
 OwnEntry const kOwnEntries[] = {
@@ -44,7 +44,9 @@ OwnEntry const kOwnEntries[] = {
     QUORL_OWN("RaiseNilObjectException", RaiseNilObjectException),
     QUORL_OWN("RaiseIllegalCastException", RaiseIllegalCastException),
     QUORL_OWN("RaiseOutOfBoundsException", RaiseOutOfBoundsException),
-    QUORL_NOT_YET("RuntimeRaiseFunctionNotFoundException"),
+    QUORL_OWN("RuntimeRaiseFunctionNotFoundException",
+              RuntimeRaiseFunctionNotFoundException),
+    QUORL_OWN("LoadFunctionPointerFromLibrary", LoadFunctionPointerFromLibrary),
     // The exception classes, by the link names their declarations carry.
     QUORL_OWN("RuntimeExceptionLookup", RuntimeExceptionLookup),
     QUORL_OWN("OutOfMemoryExceptionLookup", OutOfMemoryExceptionLookup),
@@ -118,7 +120,6 @@ OwnEntry const kOwnEntries[] = {
 };
 
 #undef QUORL_OWN
-#undef QUORL_NOT_YET
 
 }  // namespace
 
