@@ -11,6 +11,7 @@
 // ---------------------------------------------------------------- SemBase
 
 SemBase* SemBase::mCompleteListHead = nullptr;
+unsigned long SemBase::mLiveCount = 0;
 
 // Every value starts on the current token's line and joins the list that
 // the end of the compilation sweeps.
@@ -18,6 +19,7 @@ SemBase::SemBase(uint32_t tag)
     : mNext(nullptr), mClass(tag), mLocation(CurrentSourceLine()),
       mNextInCompleteList(mCompleteListHead) {
   mCompleteListHead = this;
+  mLiveCount++;
 }
 
 // The tag outlives the object on purpose, so that a second deletion fails
@@ -62,18 +64,17 @@ void SemBase::IncludeLocation(SourceLocation const& where) {
 }
 
 // Pops before deleting, so that the list never holds a dead value.
-void SemBase::PostCompileCleanup() {
-  while (mCompleteListHead) {
+void SemBase::PostCompileCleanup() { ReleaseNewerThan(0); }
+
+unsigned long SemBase::LiveCount() { return mLiveCount; }
+
+void SemBase::ReleaseNewerThan(unsigned long mark) {
+  while (mCompleteListHead && mLiveCount > mark) {
     SemBase* victim = mCompleteListHead;
     mCompleteListHead = victim->mNextInCompleteList;
+    mLiveCount--;
     delete victim;
   }
-}
-
-unsigned long SemBase::LiveCount() {
-  unsigned long count = 0;
-  for (SemBase* v = mCompleteListHead; v; v = v->mNextInCompleteList) count++;
-  return count;
 }
 
 void SemBase::Error(char const* text) { QFAIL_STRING(text); }

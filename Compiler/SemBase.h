@@ -71,8 +71,13 @@ class SemBase {
 
   // Deletes every value still alive; the compilation context calls it last.
   static void PostCompileCleanup();
-  // How many values are alive, for checks that a sweep left nothing.
+  // How many values are alive, for checks that a sweep left nothing and as
+  // a mark for ReleaseNewerThan.
   static unsigned long LiveCount();
+  // Deletes the newest values until `mark` remain: a pass whose values all
+  // die with it (the declaration scan) gives its memory back at its end.
+  // Nothing made after LiveCount() gave the mark may be referred to.
+  static void ReleaseNewerThan(unsigned long mark);
   // A compiler fault: "failed assertion: " and the text, then exit.
   [[noreturn]] static void Error(char const* text);
 
@@ -90,8 +95,9 @@ class SemBase {
   SemBase& operator=(SemBase const&) = delete;
 
   SemBase* mNextInCompleteList;
-  // Head of the list of all live values, newest first.
+  // Head of the list of all live values, newest first, and its length.
   static SemBase* mCompleteListHead;
+  static unsigned long mLiveCount;
 };
 
 // A name as written, with the type the grammar gives it.

@@ -1,6 +1,7 @@
 #include "Compiler/BackEnds/codestorage.h"
 
 #include "Universal/Assertion.h"
+#include "Universal/CompileWorkCounters.h"
 
 bool Import::IsRelativeBranch() const {
   return mType == kImportPPCBranch || mType == kImportCall32;
@@ -47,9 +48,12 @@ void LinkableDataBlock::AppendLinkable(LinkableDataBlock const* other) {
   // each import a bounded number of times; a reserve made beforehand
   // (the linker's) stands.
   unsigned long needed = mImports.size() + count;
-  if (needed > mImports.capacity())
+  if (needed > mImports.capacity()) {
+    CountImportsCopied(mImports.size());
     mImports.resize(needed > 2 * mImports.capacity() ? needed
                                                      : 2 * mImports.capacity());
+  }
+  CountImportsCopied(count);
   for (unsigned long i = 0; i < count; i++) {
     Import moved = other->mImports[i];
     moved.mOffset += Length();
