@@ -6,6 +6,7 @@
 #include "Compiler/SymbolTable/SymbolTable.h"
 #include "Compiler/TacListing.h"
 #include "Universal/Assertion.h"
+#include "Universal/CompileWorkCounters.h"
 #include "Universal/ByteHelpers.h"
 
 // ---------------------------------------------------------------- SemBase
@@ -239,6 +240,7 @@ void SemCode::Append(SemBase* other) {
   IncludeLocation(other->Location());
   mCode.Append(*code);
   SimpleVector<VariableSymbol*>& temps = other->Temporaries();
+  CountListSteps(temps.size());
   for (unsigned long i = 0; i < temps.size(); i++)
     mTemporaries.push_back(temps[i]);
 }
