@@ -52,7 +52,7 @@ SemBase* SemBase::NewTemp(IRDataType const& type, SourceLocation const* where) {
   Error("NewTemp called on invalid SemBase type");
 }
 
-SimpleVector<VariableSymbol*>& SemBase::Temporaries() {
+TemporaryList& SemBase::Temporaries() {
   Error("Temporaries called on invalid SemBase type");
 }
 
@@ -239,10 +239,7 @@ void SemCode::Append(SemBase* other) {
   QASSERT(code != &mCode);
   IncludeLocation(other->Location());
   mCode.Append(*code);
-  SimpleVector<VariableSymbol*>& temps = other->Temporaries();
-  CountListSteps(temps.size());
-  for (unsigned long i = 0; i < temps.size(); i++)
-    mTemporaries.push_back(temps[i]);
+  mTemporaries.MoveFrom(other->Temporaries());
 }
 
 SemBase* SemCode::Clone() const {

@@ -84,7 +84,7 @@ TacAddr const* NewHandlerVariable(SemBase* out) {
   IRDataType object(kObjectType);
   if (!InMethodFrame()) return NewMainBodySlot(object);
   TacAddr const* e = out->NewTemp(object, nullptr)->GetAddr();
-  SimpleVector<VariableSymbol*>& temps = out->Temporaries();
+  TemporaryList& temps = out->Temporaries();
   temps.deleteIdx(temps.size() - 1);
   return e;
 }

@@ -182,7 +182,7 @@ SemBase* FilterTemporaryVariables(SemBase* code) {
                         : nullptr;
   SemBase* wrapper = SemCode::NewValueWrapper(result, &code->Location());
   wrapper->Append(code);
-  SimpleVector<VariableSymbol*>& temps = wrapper->Temporaries();
+  TemporaryList& temps = wrapper->Temporaries();
   for (unsigned long i = 0; i < temps.size(); i++)
     FinalizeVariable(temps[i], wrapper);
   temps.deleteAll();

@@ -116,4 +116,15 @@ TEST(CompileWork, AMainBodyPastTheOldImportLimitCompilesInLinearWork) {
   }, 9000);
 }
 
+TEST(CompileWork, AnExpressionOfManyVariablesCompilesInLinearWork) {
+  ExpectLinear([](int n) {
+    std::string sum = "Dim total As Integer = 0";
+    std::string text = Lines(n, [&sum](int i) {
+      sum += " + v" + std::to_string(i);
+      return "Dim v" + std::to_string(i) + " As Integer = " + std::to_string(i);
+    });
+    return text + sum + "\n";
+  }, 2000);
+}
+
 }  // namespace
