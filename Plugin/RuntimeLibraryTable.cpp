@@ -26,10 +26,17 @@ static RuntimeLibraryEntry const kRuntimeLibrary[] = {
     {"Function Chr(val As Integer) As String", "StringDBCSChr"},
     {"Function ChrB(val As Integer) As String", "StringChr"},
     {"Function CMY(c As Double, m As Double, y As Double) As Color", "RuntimeCMY"},
+    {"Function ConvertEncoding(text As String, encoding As Integer) As String", "StringConvertEncoding"},
+    {"Function ConvertEncoding(Extends text As String, encoding As Integer) As String", "StringConvertEncoding"},
     {"Function Cos(val As Double) As Double", "RuntimeCos"},
     {"Function CountFields(text As String, delim As String) As Integer", "StringCountFields"},
     {"Function CountFields(Extends text As String, delim As String) As Integer", "StringCountFields"},
     {"Function CStr(val As Double) As String", "runCStr"},
+    {"Function DefineEncoding(text As String, encoding As Integer) As String", "StringDefineEncoding"},
+    {"Function DefineEncoding(Extends text As String, encoding As Integer) As String", "StringDefineEncoding"},
+    {"Function Encoding(text As String) As Integer", "StringEncoding"},
+    {"Function Encoding(Extends text As String) As Integer", "StringEncoding"},
+    {"Function Encodings(name As String) As Integer", "StringEncodings"},
     {"Function Exp(val As Double) As Double", "RuntimeExp"},
     {"Function Floor(val As Double) As Double", "RuntimeFloor"},
     {"Function Format(val As Double, spec As String) As String", "StringFormat"},
@@ -104,6 +111,7 @@ static RuntimeLibraryEntry const kRuntimeLibrary[] = {
     {"Function Uppercase(Extends text As String) As String", "StringUCase"},
     {"Function Val(text As String) As Double", "StringVal"},
     {"Function Val(Extends text As String) As Double", "StringVal"},
+    {"Function VarType(val As Variant) As Integer", "VarType"},
 };
 
 RuntimeLibraryEntry const* RuntimeLibraryEntries(unsigned long* count) {

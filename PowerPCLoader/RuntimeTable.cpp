@@ -1,7 +1,7 @@
 // The console plays the host: Print writes a line to standard output,
 // Input reads one from standard input after its prompt, a runtime error is
-// reported on standard error as "NAME: runtime error: CLASS", exactly as
-// quorl does. The compiled code passes the compiling process's own
+// reported on standard error as "NAME: runtime error: CLASS: MESSAGE", as
+// quorl does but for the line, which the loader does not know. The compiled code passes the compiling process's own
 // correspondent to Print and Input, which means nothing here, so the
 // console's versions of both ignore it.
 #include "PowerPCLoader/RuntimeTable.h"
@@ -9,6 +9,7 @@
 #include <stdio.h>
 
 #include "Common/Arrays/ArrayLibrary.h"
+#include "Common/Variants/RuntimeVariants.h"
 #include "Compiler/BackEnds/Minilinker/QuorlScriptIntrinsics.h"
 #include "StandInHost/RuntimeLibrary/LibraryEntries.h"
 #include "Universal/ustring.h"
@@ -17,6 +18,12 @@ namespace quorl {
 // The library's registration with a host; the loader has none and reads
 // the entries itself.
 void RegisterHostFunction(std::string const& name, void* address) {}
+namespace detail {
+// A library function's raise: the runtime is this very process's.
+void RaiseInScript(char const* className, char const* message) {
+  RaiseNamedException(className, string(message));
+}
+}  // namespace detail
 }  // namespace quorl
 
 namespace ppcloader {
@@ -39,6 +46,8 @@ char const* ErrorClassName(RuntimeErrorCode code) {
       return "IllegalCastException";
     case kRuntimeErrorOutOfMemory:
       return "OutOfMemoryException";
+    case kRuntimeErrorTypeMismatch:
+      return "TypeMismatchException";
     default:
       return "RuntimeException";
   }
@@ -49,8 +58,14 @@ class Console : public QuorlScriptCorrespondent {
   void ScriptError(RuntimeErrorCode code, unsigned long line) override {
     sRuntimeErrors++;
     fflush(stdout);
+    UncaughtExceptionDetail const& uncaught = LastUncaughtException();
+    std::string text = uncaught.mClassName.IsEmpty()
+                           ? ErrorClassName(code)
+                           : uncaught.mClassName.CString();
+    if (!uncaught.mMessage.IsEmpty())
+      text += std::string(": ") + uncaught.mMessage.CString();
     fprintf(stderr, "%s: runtime error: %s\n", sScriptName.c_str(),
-            ErrorClassName(code));
+            text.c_str());
   }
 };
 
@@ -76,14 +91,15 @@ stringStorage* ConsoleInput(QuorlScriptCorrespondent*, stringStorage* prompt) {
   return result.ExtractStringStorage();
 }
 
-// The library as the stand-in host serves it, and the array functions the
-// plug-in serves itself.
+// The library as the stand-in host serves it, and the array and variant
+// functions the plug-in serves itself.
 FunctionTable const& Library() {
   static FunctionTable library;
   if (!library.empty()) return library;
   using namespace quorl::standin::library;
   for (LibraryEntries (*theme)() :
-       {&CharacterStringEntries, &ByteStringEntries, &CaseAndTrimEntries,
+       {&CharacterStringEntries, &ByteStringEntries, &TextEncodingEntries,
+        &CaseAndTrimEntries,
         &FieldAndReplaceEntries, &NumberTextEntries, &FormatEntries,
         &ClockEntries, &EnvironmentHookEntries, &RuntimeFoundationEntries,
         &RuntimeIntrinsicEntries})
@@ -92,6 +108,7 @@ FunctionTable const& Library() {
   library["StringJoin"] = reinterpret_cast<void*>(&StringJoin);
   library["RuntimeMax"] = reinterpret_cast<void*>(&RuntimeMax);
   library["RuntimeMin"] = reinterpret_cast<void*>(&RuntimeMin);
+  library["VarType"] = reinterpret_cast<void*>(&VarType);
   return library;
 }
 
