@@ -112,7 +112,7 @@ TacAddr const* NewPendingRouteVariable(SemBase* code) {
   IRDataType number(kSInt32Type);
   if (!InMethodFrame()) return NewMainBodySlot(number);
   TacAddr const* pending = code->NewTemp(number, nullptr)->GetAddr();
-  SimpleVector<VariableSymbol*>& temps = code->Temporaries();
+  TemporaryList& temps = code->Temporaries();
   temps.deleteIdx(temps.size() - 1);
   return pending;
 }
