@@ -1,10 +1,12 @@
 #include "QuorlRunner/ConsoleEvents.h"
 
-#include "Plugin/CompileErrorMessages.h"
+#include "QuorlRunner/Diagnostics.h"
 
 namespace quorl {
 namespace runner {
 namespace {
+
+int const kSyntaxErrorNumber = 1;
 
 void Write(std::FILE* stream, std::string const& text) {
   std::fwrite(text.data(), 1, text.size(), stream);
@@ -14,14 +16,37 @@ void Write(std::FILE* stream, std::string const& text) {
 // output is a buffered pipe.
 void Report(Console const& console, std::string const& text) {
   std::fflush(console.out);
-  Write(console.err, text + "\n");
+  Write(console.err, text);
 }
 
-// Lines count from 0 in the engine and from 1 for people.
-std::string CompileErrorLine(std::string const& fileName, int line,
-                             int number) {
-  return fileName + ":" + std::to_string(line + 1) + ": error " +
-         std::to_string(number) + ": " + CompileErrorSummary(number);
+// One mistake often makes more than one report: the parser's recovery
+// may stumble again on the rest of a line it could not read, and one place
+// may be reported twice. Only the first report of a place, and nothing
+// after a syntax error on the same line, reaches the user.
+bool IsEcho(EventCounts& counts, ScriptError const& error) {
+  if (error.line == 0) return false;
+  if (error.line == counts.syntaxErrorLine) return true;
+  if (error.number == kSyntaxErrorNumber) counts.syntaxErrorLine = error.line;
+  return !counts.reported.insert({error.line, error.column, error.number}).second;
+}
+
+void ReportError(Console const& console, std::string const& fileName,
+                 std::string const& source, EventCounts& counts,
+                 ScriptError const& error) {
+  switch (error.kind) {
+    case ScriptError::Kind::Compile:
+      if (!IsEcho(counts, error))
+        Report(console, FormatCompileError(fileName, source, error));
+      ++counts.compileErrors;
+      break;
+    case ScriptError::Kind::Runtime:
+      ++counts.runtimeErrors;
+      Report(console, FormatRuntimeError(fileName, error));
+      break;
+    case ScriptError::Kind::Stopped:
+      counts.stopped = true;
+      break;
+  }
 }
 
 }  // namespace
@@ -35,7 +60,8 @@ std::string ReadLine(std::FILE* in) {
 }
 
 void ConnectConsole(Script& script, Console const& console,
-                    std::string const& fileName, EventCounts& counts) {
+                    std::string const& fileName, std::string const& source,
+                    EventCounts& counts) {
   script.OnPrint([console](std::string const& message) {
     Write(console.out, message + "\n");
   });
@@ -44,23 +70,15 @@ void ConnectConsole(Script& script, Console const& console,
     std::fflush(console.out);
     return ReadLine(console.in);
   });
-  script.OnCompilerError([console, fileName, &counts](int line, int number,
-                                                      std::string const&) {
-    ++counts.compileErrors;
-    Report(console, CompileErrorLine(fileName, line, number));
-  });
-  script.OnRuntimeError([console, fileName, &counts](
-                            int, std::string const& exceptionClass) {
-    ++counts.runtimeErrors;
-    Report(console, fileName + ": runtime error: " + exceptionClass);
+  script.OnError([console, fileName, source, &counts](ScriptError const& error) {
+    ReportError(console, fileName, source, counts, error);
   });
 }
 
 void DisconnectConsole(Script& script) {
   script.OnPrint(nullptr);
   script.OnInput(nullptr);
-  script.OnCompilerError(nullptr);
-  script.OnRuntimeError(nullptr);
+  script.OnError(nullptr);
 }
 
 }  // namespace runner

@@ -2,6 +2,7 @@
 // of a hand-written one, and the strings and exceptions that cross.
 #include <strings.h>
 
+#include <cstddef>
 #include <sstream>
 
 #include "StandInHost/HostState.h"
@@ -87,15 +88,28 @@ void RaiseInScript(char const* className, char const* message) {
     engine->mRaiseScriptException(className, message);
 }
 
+void StopInScript() {
+  QuorlEngineOperations const* engine = standin::Host().engine;
+  bool offered = engine && engine->mSize > offsetof(QuorlEngineOperations, mStopNow) &&
+                 engine->mStopNow;
+  if (offered) engine->mStopNow();
+}
+
+void CheckReadable(std::string const& declaration) {
+  QuorlSignature declared;
+  if (Engine().mDescribeDeclaration(declaration.c_str(), &declared) != kQuorlCallDone)
+    throw BindingError("the declaration \"" + declaration + "\" does not read");
+}
+
 std::string CheckedDeclaration(std::string const& nameOrDeclaration,
                                CppSignature const& cpp) {
   QuorlEngineOperations const& engine = Engine();
   std::string declaration = IsDeclaration(nameOrDeclaration)
                                 ? nameOrDeclaration
                                 : DerivedDeclaration(nameOrDeclaration, cpp);
+  CheckReadable(declaration);
   QuorlSignature declared;
-  if (engine.mDescribeDeclaration(declaration.c_str(), &declared) != kQuorlCallDone)
-    throw BindingError("the declaration \"" + declaration + "\" does not read");
+  engine.mDescribeDeclaration(declaration.c_str(), &declared);
   std::string why = Mismatch(declared, cpp);
   if (!why.empty())
     throw BindingError("the declaration \"" + declaration +

@@ -17,6 +17,11 @@ char const* ParserMessage(char const* generatorText);
 // the current line; sets the compilation's error flag.
 void yyerror(char const* message);
 
+// After a syntax error at the top level, true when the parse may go on at
+// the next line: no declaration or block was left open by the error, and
+// CheckDelegate() does not stop the parse.
+bool ResumeAfterTopLevelError();
+
 // True when the parse must stop now: the delegate asked to cancel or,
 // without a delegate, an error has been reported.
 bool CheckDelegate();

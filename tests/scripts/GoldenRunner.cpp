@@ -2,9 +2,11 @@
 // with the expectations written in the script's own comments:
 //
 //   // expect: TEXT                 a line of standard output, in order
-//   // expect error LINE NUMBER     a compile error at LINE (1-based); the
-//                                  errors must come exactly as expected
-//   // expect runtime error: CLASS  the run ends with that exception
+//   // expect error LINE NUMBER     a compile error at LINE (1-based), at any
+//                                  column; the errors must come exactly as
+//                                  expected
+//   // expect runtime error: CLASS  the run ends with that exception, on any
+//                                  line and with any message
 //   // stdin: TEXT                  a line given to the script's Input
 //
 // The exit status follows from them: 1 with compile errors, 2 with a runtime
@@ -66,7 +68,7 @@ Expectations ReadExpectations(std::string const& script, std::string const& sour
     if (After(line, "// expect: ", &rest)) {
       expected.output.push_back(rest);
     } else if (After(line, "// expect runtime error: ", &rest)) {
-      expected.runtimeError = script + ": runtime error: " + rest;
+      expected.runtimeError = ": runtime error: " + rest;
     } else if (After(line, "// expect error ", &rest)) {
       std::istringstream numbers(rest);
       int lineNumber = 0, errorNumber = 0;
@@ -78,6 +80,34 @@ Expectations ReadExpectations(std::string const& script, std::string const& sour
     }
   }
   return expected;
+}
+
+// "FILE:LINE:COLUMN: error N: ..." without its column, so that it compares
+// with an expectation, which names no column.
+std::string WithoutColumn(std::string const& line) {
+  size_t error = line.find(": error ");
+  size_t colon = line.rfind(':', error - 1);
+  if (error == std::string::npos || colon == std::string::npos) return line;
+  bool digits = colon + 1 < error &&
+                line.find_first_not_of("0123456789", colon + 1) == error;
+  size_t lineColon = line.rfind(':', colon - 1);
+  bool twoNumbers = digits && lineColon != std::string::npos &&
+                    line.find_first_not_of("0123456789", lineColon + 1) == colon;
+  return twoNumbers ? line.substr(0, colon) + line.substr(error) : line;
+}
+
+// The runtime error line of the script: "FILE[:LINE]: runtime error: CLASS",
+// then the end or ": MESSAGE".
+bool HasRuntimeError(std::string const& err, std::string const& script,
+                     std::string const& wanted) {
+  for (std::string const& line : Lines(err)) {
+    if (line.compare(0, script.size(), script) != 0) continue;
+    size_t at = line.find(wanted);
+    if (at == std::string::npos) continue;
+    size_t end = at + wanted.size();
+    if (end == line.size() || line.compare(end, 2, ": ") == 0) return true;
+  }
+  return false;
 }
 
 struct Outcome {
@@ -133,7 +163,9 @@ int main(int argc, char** argv) {
   // Every compile error must be expected, in order, and no other one come.
   std::vector<std::string> errors;
   for (std::string const& line : Lines(outcome.err))
-    if (line.find(": error ") != std::string::npos) errors.push_back(line);
+    if (line.compare(0, script.size() + 1, script + ":") == 0 &&
+        line.find(": error ") != std::string::npos)
+      errors.push_back(WithoutColumn(line));
   for (size_t i = 0; i < expected.errors.size() || i < errors.size(); i++) {
     if (i >= errors.size()) return Fail("missing '" + expected.errors[i] + "'", outcome);
     if (i >= expected.errors.size()) return Fail("unexpected '" + errors[i] + "'", outcome);
@@ -144,7 +176,7 @@ int main(int argc, char** argv) {
   if (expected.errors.empty() && expected.runtimeError.empty() && !outcome.err.empty())
     return Fail("unexpected standard error", outcome);
   if (!expected.runtimeError.empty() &&
-      outcome.err.find(expected.runtimeError) == std::string::npos)
+      !HasRuntimeError(outcome.err, script, expected.runtimeError))
     return Fail("missing '" + expected.runtimeError + "'", outcome);
   return 0;
 }
