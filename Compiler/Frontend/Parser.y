@@ -42,6 +42,7 @@
 #include "Compiler/Frontend/Pragmas.h"
 #include "Compiler/Frontend/ProgramAssembly.h"
 #include "Compiler/Frontend/Structures.h"
+#include "Compiler/Frontend/SyntaxRecovery.h"
 #include "Compiler/Frontend/TacLiteralPool.h"
 #include "Compiler/Frontend/TypeNames.h"
 #include "Compiler/SemBase.h"

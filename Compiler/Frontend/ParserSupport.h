@@ -13,14 +13,10 @@ enum { kParserStackDepth = 400 };
 // stacks are full.
 char const* ParserMessage(char const* generatorText);
 
-// A syntax error (compile error 1) or a full stack (compile error 5), at
-// the current line; sets the compilation's error flag.
+// A syntax error (compile error 1, see SyntaxRecovery.h) or a full stack
+// (compile error 5, at the current line); sets the compilation's error
+// flag.
 void yyerror(char const* message);
-
-// After a syntax error at the top level, true when the parse may go on at
-// the next line: no declaration or block was left open by the error, and
-// CheckDelegate() does not stop the parse.
-bool ResumeAfterTopLevelError();
 
 // True when the parse must stop now: the delegate asked to cancel or,
 // without a delegate, an error has been reported.

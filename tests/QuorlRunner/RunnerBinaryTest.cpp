@@ -159,6 +159,16 @@ TEST_F(RunnerBinary, FollowOnErrorsOfOneMistakeAreHeldBack) {
             "echo.bas:2:8: error 1: syntax error: unexpected end of line\n"
             " 2 | x = 2 +\n"
             "   |        ^\n");
+  // A block whose opening line was given up: its Else and End If are not
+  // mistakes of their own, the next real one is reported.
+  WriteFile("header.bas", "Dim x As Integer\nIf x = = 1 Then\n  x = 2\nElse\n"
+                          "  x = 3\nEnd If\nx = )\n");
+  Outcome header = Run("header.bas");
+  EXPECT_EQ(header.status, 1);
+  EXPECT_TRUE(Contains(header.err, "header.bas:2:8: error 1: ")) << header.err;
+  EXPECT_TRUE(Contains(header.err, "header.bas:7:5: error 1: ")) << header.err;
+  EXPECT_FALSE(Contains(header.err, "header.bas:4:")) << header.err;
+  EXPECT_FALSE(Contains(header.err, "header.bas:6:")) << header.err;
   WriteFile("class.bas", "Class C\n  x = 1\nEnd Class\ny = )\n");
   Outcome inClass = Run("class.bas");
   EXPECT_EQ(inClass.status, 1);

@@ -1,0 +1,23 @@
+// Syntax errors as people read them, and the parse's recovery from them.
+//
+// A syntax error names the token the parser could not take and points at
+// it; when the text ends inside a block, the report stands at the line
+// that opened the block instead. At the top level the parse resumes at the
+// next line (the grammar's top-level error rule), so that one run reports
+// the mistakes of every line. A line given up that way may have opened a
+// block: the lines that would have continued or closed it (Else, Case,
+// End If, Next...) are then not mistakes of their own, and are not
+// reported.
+#ifndef COMPILER_FRONTEND_SYNTAXRECOVERY_H
+#define COMPILER_FRONTEND_SYNTAXRECOVERY_H
+
+// Reports the syntax error at the parser's lookahead token (compile error
+// 1), or holds it back as the echo of an earlier one.
+void ReportSyntaxError();
+
+// After a syntax error at the top level, true when the parse may go on at
+// the next line: no declaration or block was left open by the error, and
+// CheckDelegate() does not stop the parse.
+bool ResumeAfterTopLevelError();
+
+#endif
