@@ -82,14 +82,37 @@ void* StringToScript(std::string const& text) {
   return text.empty() ? nullptr : standin::NewHostString(text);
 }
 
-void RaiseInScript(char const* className, char const* message) {
-  QuorlEngineOperations const* engine = standin::Host().engine;
-  if (engine && engine->mRaiseScriptException)
-    engine->mRaiseScriptException(className, message);
+namespace {
+
+struct PendingRaise {
+  bool stop = false;
+  std::string className;
+  std::string message;
+};
+
+// Lives as long as its thread: nothing of it is left to destroy when a
+// raise leaves the frames that set it.
+thread_local PendingRaise tPending;
+
+}  // namespace
+
+void SetPendingRaise(char const* className, char const* message) {
+  tPending.stop = false;
+  tPending.className = className;
+  tPending.message = message;
 }
 
-void StopInScript() {
+void SetPendingStop() { tPending.stop = true; }
+
+void RaisePending() {
   QuorlEngineOperations const* engine = standin::Host().engine;
+  if (!tPending.stop) {
+    if (engine && engine->mRaiseScriptException)
+      engine->mRaiseScriptException(tPending.className.c_str(),
+                                    tPending.message.c_str());
+    return;
+  }
+  tPending.stop = false;
   bool offered = engine && engine->mSize > offsetof(QuorlEngineOperations, mStopNow) &&
                  engine->mStopNow;
   if (offered) engine->mStopNow();

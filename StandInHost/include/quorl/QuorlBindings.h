@@ -159,13 +159,15 @@ std::string CheckedDeclaration(std::string const& nameOrDeclaration,
 // Throws BindingError when the declaration does not read.
 void CheckReadable(std::string const& declaration);
 
-// Raises the exception in the script that called the host function now
-// running; the function returns right after.
-void RaiseInScript(char const* className, char const* message);
-
-// Stops the script that called the host function now running; the
-// function returns right after.
-void StopInScript();
+// What a guarded call failed with, kept per thread until it is raised.
+// The raise leaves the host's frames without unwinding them, so it comes
+// only after the catch has ended and the C++ exception is gone; the texts
+// wait here, where nothing has to be destroyed.
+void SetPendingRaise(char const* className, char const* message);
+void SetPendingStop();
+// Raises what was set in the script that called the host function now
+// running (or stops it); the function returns right after.
+void RaisePending();
 
 // What a binding's entry does when its function throws.
 template <class Call>
@@ -174,14 +176,15 @@ bool RunGuarded(Call const& call) {
     call();
     return true;
   } catch (ScriptStop const&) {
-    StopInScript();
+    SetPendingStop();
   } catch (ScriptException const& e) {
-    RaiseInScript(e.ClassName().c_str(), e.what());
+    SetPendingRaise(e.ClassName().c_str(), e.what());
   } catch (std::exception const& e) {
-    RaiseInScript("RuntimeException", e.what());
+    SetPendingRaise("RuntimeException", e.what());
   } catch (...) {
-    RaiseInScript("RuntimeException", "unknown C++ exception");
+    SetPendingRaise("RuntimeException", "unknown C++ exception");
   }
+  RaisePending();
   return false;
 }
 
