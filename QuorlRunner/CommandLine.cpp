@@ -217,7 +217,8 @@ std::string HelpText() {
          "  ArgCount                     how many ARGUMENTS there are\n"
          "  Args(index As Integer)       one of them, from 0\n"
          "  Environment(name As String)  an environment variable; \"\" when unset\n"
-         "  Quit(status As Integer)      ends the script with that exit status\n"
+         "  Quit(status As Integer)      ends the script at once with that exit\n"
+         "                               status; Finally blocks still run\n"
          "\n"
          "Environment:\n"
          "  QUORL_PLUGIN  the script engine to load when --plugin is not\n"
@@ -231,7 +232,8 @@ std::string HelpText() {
          "  64  the command line is wrong\n"
          "  66  the script file cannot be read\n"
          "  69  the script engine cannot be loaded\n"
-         "  70  the script engine failed\n";
+         "  70  the script engine failed\n"
+         "  N   the script called Quit(N) (0 to 255)\n";
 }
 
 std::string DisplayName(RunnerOptions const& options) {
