@@ -100,6 +100,8 @@ static char const* RuntimeErrorClassName(RuntimeErrorCode code) {
       return "IllegalCastException";
     case kRuntimeErrorOutOfMemory:
       return "OutOfMemoryException";
+    case kRuntimeErrorTypeMismatch:
+      return "TypeMismatchException";
     default:
       return "RuntimeException";
   }

@@ -104,6 +104,7 @@ static RuntimeLibraryEntry const kRuntimeLibrary[] = {
     {"Function Uppercase(Extends text As String) As String", "StringUCase"},
     {"Function Val(text As String) As Double", "StringVal"},
     {"Function Val(Extends text As String) As Double", "StringVal"},
+    {"Function VarType(val As Variant) As Integer", "VarType"},
 };
 
 RuntimeLibraryEntry const* RuntimeLibraryEntries(unsigned long* count) {

@@ -3,6 +3,7 @@
 #include <string.h>
 
 #include "Common/Arrays/ArrayLibrary.h"
+#include "Common/Variants/RuntimeVariants.h"
 
 #include "Plugin/HostCalls.h"
 #include "Plugin/QuorlInterpreter.h"
@@ -19,13 +20,15 @@ struct OwnLibraryFunction {
   void* mAddress;
 };
 
-// The library functions that make or read arrays are served by the plug-in:
-// arrays belong to its copy of the runtime, whatever the host serves.
+// The library functions that make or read arrays or variants are served by
+// the plug-in: those belong to its copy of the runtime, whatever the host
+// serves.
 OwnLibraryFunction const kOwnLibraryFunctions[] = {
     {"StringSplit", reinterpret_cast<void*>(&StringSplit)},
     {"StringJoin", reinterpret_cast<void*>(&StringJoin)},
     {"RuntimeMax", reinterpret_cast<void*>(&RuntimeMax)},
     {"RuntimeMin", reinterpret_cast<void*>(&RuntimeMin)},
+    {"VarType", reinterpret_cast<void*>(&VarType)},
 };
 
 // Registers each library function that is served. A function nobody serves

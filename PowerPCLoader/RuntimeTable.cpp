@@ -9,6 +9,7 @@
 #include <stdio.h>
 
 #include "Common/Arrays/ArrayLibrary.h"
+#include "Common/Variants/RuntimeVariants.h"
 #include "Compiler/BackEnds/Minilinker/QuorlScriptIntrinsics.h"
 #include "StandInHost/RuntimeLibrary/LibraryEntries.h"
 #include "Universal/ustring.h"
@@ -39,6 +40,8 @@ char const* ErrorClassName(RuntimeErrorCode code) {
       return "IllegalCastException";
     case kRuntimeErrorOutOfMemory:
       return "OutOfMemoryException";
+    case kRuntimeErrorTypeMismatch:
+      return "TypeMismatchException";
     default:
       return "RuntimeException";
   }
@@ -76,8 +79,8 @@ stringStorage* ConsoleInput(QuorlScriptCorrespondent*, stringStorage* prompt) {
   return result.ExtractStringStorage();
 }
 
-// The library as the stand-in host serves it, and the array functions the
-// plug-in serves itself.
+// The library as the stand-in host serves it, and the array and variant
+// functions the plug-in serves itself.
 FunctionTable const& Library() {
   static FunctionTable library;
   if (!library.empty()) return library;
@@ -92,6 +95,7 @@ FunctionTable const& Library() {
   library["StringJoin"] = reinterpret_cast<void*>(&StringJoin);
   library["RuntimeMax"] = reinterpret_cast<void*>(&RuntimeMax);
   library["RuntimeMin"] = reinterpret_cast<void*>(&RuntimeMin);
+  library["VarType"] = reinterpret_cast<void*>(&VarType);
   return library;
 }
 

@@ -21,6 +21,7 @@ thread_local RuntimeClass* sExceptionClass;
 thread_local RuntimeClass* sIllegalCastExceptionClass;
 thread_local RuntimeClass* sOutOfBoundsExceptionClass;
 thread_local RuntimeClass* sOutOfMemoryExceptionClass;
+thread_local RuntimeClass* sTypeMismatchExceptionClass;
 
 int32_t Read32(unsigned char const* p) {
   int32_t value;
@@ -76,6 +77,14 @@ void SetOutOfMemoryExceptionClass(RuntimeClass* exc) {
 
 RuntimeClass* GetOutOfMemoryExceptionClass() {
   return sOutOfMemoryExceptionClass;
+}
+
+void SetTypeMismatchExceptionClass(RuntimeClass* exc) {
+  sTypeMismatchExceptionClass = exc;
+}
+
+RuntimeClass* GetTypeMismatchExceptionClass() {
+  return sTypeMismatchExceptionClass;
 }
 RuntimeExceptionHook GetUnhandledExceptionHook() {
   return sUnhandledExceptionHook;

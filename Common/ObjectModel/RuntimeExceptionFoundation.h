@@ -33,6 +33,8 @@ void RaiseIllegalCastException();
 void RaiseOutOfBoundsException();
 // A buffer the heap cannot give: the script may catch it and go on.
 void RaiseOutOfMemoryException();
+// A value that cannot be converted to the type asked for (a variant's).
+void RaiseTypeMismatchException();
 
 void SetExceptionMonitor(RuntimeExceptionHook monitor);
 void SetUnhandledExceptionHook(RuntimeExceptionHook hook);
@@ -42,10 +44,12 @@ void SetExceptionClass(RuntimeClass* exc);
 void SetIllegalCastExceptionClass(RuntimeClass* exc);
 void SetOutOfBoundsExceptionClass(RuntimeClass* exc);
 void SetOutOfMemoryExceptionClass(RuntimeClass* exc);
+void SetTypeMismatchExceptionClass(RuntimeClass* exc);
 RuntimeClass* GetNilObjectExceptionClass();
 RuntimeClass* GetIllegalCastExceptionClass();
 RuntimeClass* GetOutOfBoundsExceptionClass();
 RuntimeClass* GetOutOfMemoryExceptionClass();
+RuntimeClass* GetTypeMismatchExceptionClass();
 RuntimeExceptionHook GetUnhandledExceptionHook();
 
 // Walks the frame chain from the caller's frame and activates the first

@@ -50,3 +50,7 @@ void RaiseOutOfBoundsException() {
 void RaiseOutOfMemoryException() {
   RaiseExceptionClass(GetOutOfMemoryExceptionClass());
 }
+
+void RaiseTypeMismatchException() {
+  RaiseExceptionClass(GetTypeMismatchExceptionClass());
+}

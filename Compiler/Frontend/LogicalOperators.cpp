@@ -3,6 +3,7 @@
 #include "Compiler/Frontend/Expressions.h"
 #include "Compiler/Frontend/ParserError.h"
 #include "Compiler/Frontend/PendingForms.h"
+#include "Compiler/Frontend/VariantType.h"
 #include "Compiler/Frontend/SrcContext.h"
 #include "Compiler/Frontend/TypeConversions.h"
 #include "Compiler/SemBase.h"

@@ -61,29 +61,6 @@ SemBase* DelegateBinop(SemBase* left, unsigned long op, SemBase* right) {
   return Unavailable(left, TypeTextOf(left));
 }
 
-SemBase* VariantBinop(SemBase* left, unsigned long op, SemBase* right) {
-  return Unavailable(left, "Variant");
-}
-SemBase* VariantAnd(SemBase* left, SemBase* right) {
-  return Unavailable(left, "Variant");
-}
-SemBase* VariantOr(SemBase* left, SemBase* right) {
-  return Unavailable(left, "Variant");
-}
-SemBase* VariantNot(SemBase* operand) { return Unavailable(operand, "Variant"); }
-SemBase* VariantNegation(SemBase* operand) {
-  return Unavailable(operand, "Variant");
-}
-SemBase* VariantScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
-                            SemBase* assignValue, FunctionResultMode mode) {
-  return UnavailableMember(expr, ident, mode);
-}
-SemBase* StaticVariantScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
-                                  SemBase* assignValue,
-                                  FunctionResultMode mode) {
-  return UnavailableMember(expr, ident, mode);
-}
-
 SemBase* LookupDelegateSignature(TypeSymbol* decl) {
   QASSERT(decl);
   ReportUnavailable(SourceLocation(current_line()), decl->Name());

@@ -24,18 +24,6 @@ SemBase* ObjectNot(SemBase* operand);
 SemBase* ObjectNegation(SemBase* operand);
 SemBase* DelegateBinop(SemBase* left, unsigned long op, SemBase* right);
 
-// Operators and members of variants, through the variant runtime.
-SemBase* VariantBinop(SemBase* left, unsigned long op, SemBase* right);
-SemBase* VariantAnd(SemBase* left, SemBase* right);
-SemBase* VariantOr(SemBase* left, SemBase* right);
-SemBase* VariantNot(SemBase* operand);
-SemBase* VariantNegation(SemBase* operand);
-SemBase* VariantScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
-                            SemBase* assignValue, FunctionResultMode mode);
-SemBase* StaticVariantScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
-                                  SemBase* assignValue,
-                                  FunctionResultMode mode);
-
 // The signature of a delegate type, as a value.
 SemBase* LookupDelegateSignature(TypeSymbol* decl);
 // Whether a delegate of type `b` may stand where one of type `a` is wanted.

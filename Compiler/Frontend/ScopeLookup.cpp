@@ -11,6 +11,7 @@
 #include "Compiler/Frontend/FunctionCalls.h"
 #include "Compiler/Frontend/OverloadResolution.h"
 #include "Compiler/Frontend/PendingForms.h"
+#include "Compiler/Frontend/VariantType.h"
 #include "Compiler/Frontend/SrcContext.h"
 #include "Compiler/Frontend/TacLiteralPool.h"
 #include "Compiler/Frontend/TypeConversions.h"

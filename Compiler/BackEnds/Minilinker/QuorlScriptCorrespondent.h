@@ -18,6 +18,7 @@ enum RuntimeErrorCode {
   kRuntimeErrorOutOfMemory = 13,
   // Not an error of the script: the host stopped it. No RuntimeError event.
   kRuntimeErrorStopped = 14,
+  kRuntimeErrorTypeMismatch = 15,
 };
 
 class QuorlScriptCorrespondent {

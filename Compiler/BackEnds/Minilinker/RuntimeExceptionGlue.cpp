@@ -111,6 +111,7 @@ RuntimeErrorCode UnhandledErrorCode(RuntimeObject* exception) {
   if (name == string("NilObjectException")) return kRuntimeErrorNilObject;
   if (name == string("IllegalCastException")) return kRuntimeErrorIllegalCast;
   if (name == string("OutOfMemoryException")) return kRuntimeErrorOutOfMemory;
+  if (name == string("TypeMismatchException")) return kRuntimeErrorTypeMismatch;
   return kRuntimeErrorUnhandledException;
 }
 
@@ -150,6 +151,8 @@ void RuntimeInit() {
   if (outOfBounds) SetOutOfBoundsExceptionClass(outOfBounds);
   RuntimeClass* outOfMemory = FindNamedClass("OutOfMemoryException");
   if (outOfMemory) SetOutOfMemoryExceptionClass(outOfMemory);
+  RuntimeClass* typeMismatch = FindNamedClass("TypeMismatchException");
+  if (typeMismatch) SetTypeMismatchExceptionClass(typeMismatch);
   SetUnhandledExceptionHook(UnhandledException);
   SetExceptionMonitor(NoteRaiseSite);
 }

@@ -2,6 +2,7 @@
 // generated code against.
 #include "Common/Arrays/RuntimeArrays.h"
 #include "Common/ObjectModel/RuntimeExceptionFoundation.h"
+#include "Common/Variants/RuntimeVariants.h"
 #include "Compiler/BackEnds/Minilinker/QuorlScriptIntrinsics.h"
 #include "Compiler/Intrinsics.h"
 
@@ -53,6 +54,48 @@ OwnEntry const kOwnEntries[] = {
     QUORL_OWN("CreateArray", CreateArray),
     QUORL_OWN("RuntimeCreateStructureArray", RuntimeCreateStructureArray),
     QUORL_OWN("RuntimeCreateArrayCastWrapper", RuntimeCreateArrayCastWrapper),
+    // Variants are objects of this copy too: boxes live on its object list
+    // and failed conversions raise through its exception state.
+    QUORL_OWN("VarType", VarType),
+    QUORL_OWN("RuntimeIsNumeric", RuntimeIsNumeric),
+    QUORL_OWN("IsNull", IsNull),
+    QUORL_OWN("VariantHash", VariantHash),
+    QUORL_OWN("VariantEqual", VariantEqual),
+    QUORL_OWN("VariantToInt32", VariantToInt32),
+    QUORL_OWN("VariantToUInt32", VariantToUInt32),
+    QUORL_OWN("VariantToInt64", VariantToInt64),
+    QUORL_OWN("VariantToUInt64", VariantToUInt64),
+    QUORL_OWN("VariantToColor", VariantToColor),
+    QUORL_OWN("VariantToSingle", VariantToSingle),
+    QUORL_OWN("VariantToDouble", VariantToDouble),
+    QUORL_OWN("VariantToObject", VariantToObject),
+    QUORL_OWN("VariantToString", VariantToString),
+    QUORL_OWN("VariantToBoolean", VariantToBoolean),
+    QUORL_OWN("VariantToDate", VariantToDate),
+    QUORL_OWN("VariantToCurrency", VariantToCurrency),
+    QUORL_OWN("VariantCompare", VariantCompare),
+    QUORL_OWN("VariantAdd", VariantAdd),
+    QUORL_OWN("VariantSubtract", VariantSubtract),
+    QUORL_OWN("VariantMultiply", VariantMultiply),
+    QUORL_OWN("VariantDivide", VariantDivide),
+    QUORL_OWN("VariantIntegerDivide", VariantIntegerDivide),
+    QUORL_OWN("VariantModulo", VariantModulo),
+    QUORL_OWN("VariantNegate", VariantNegate),
+    QUORL_OWN("VariantPower", VariantPower),
+    QUORL_OWN("VariantAnd", VariantAnd),
+    QUORL_OWN("VariantOr", VariantOr),
+    QUORL_OWN("VariantNot", VariantNot),
+    QUORL_OWN("Int32ToVariant", Int32ToVariant),
+    QUORL_OWN("UInt32ToVariant", UInt32ToVariant),
+    QUORL_OWN("Int64ToVariant", Int64ToVariant),
+    QUORL_OWN("UInt64ToVariant", UInt64ToVariant),
+    QUORL_OWN("ColorToVariant", ColorToVariant),
+    QUORL_OWN("SingleToVariant", SingleToVariant),
+    QUORL_OWN("DoubleToVariant", DoubleToVariant),
+    QUORL_OWN("CurrencyToVariant", CurrencyToVariant),
+    QUORL_OWN("ObjectToVariant", ObjectToVariant),
+    QUORL_OWN("StringToVariant", StringToVariant),
+    QUORL_OWN("BooleanToVariant", BooleanToVariant),
 };
 
 #undef QUORL_OWN
