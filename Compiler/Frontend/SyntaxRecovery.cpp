@@ -115,18 +115,12 @@ bool IsEchoOfAbandonedBlock(RecoveryState& recovery) {
   return ContinuesBlock(words);
 }
 
-// What closes a block of each type, for the report of one left open.
+// What closes a flow block of each type, for the report of one left open;
+// null for a declaration.
 char const* ClosingWords(BlockContext::Type type) {
   switch (type) {
-    case BlockContext::kModule: return "End Module";
-    case BlockContext::kClass: return "End Class";
-    case BlockContext::kStructure: return "End Structure";
-    case BlockContext::kEnum: return "End Enum";
-    case BlockContext::kProperty: return "End Property";
     case BlockContext::kIf: return "End If";
     case BlockContext::kSelectCase: return "End Select";
-    case BlockContext::kSub: return "End Sub";
-    case BlockContext::kFunction: return "End Function";
     case BlockContext::kFor: return "Next";
     case BlockContext::kDo: return "Loop";
     case BlockContext::kWhile: return "Wend";
@@ -139,13 +133,16 @@ bool IsProgramBlock(BlockContext const& block) {
 }
 
 // The text ended inside a block: the fault is the block that was never
-// closed, so the report stands at its opening line. False when no block
+// closed, so the report stands at its opening line. A declaration (a
+// method, a class...) the text ends in was reported by the declaration
+// scanner already, or else its End closed a block inside it, which was
+// reported as the block's fault: nothing more is said. False when no block
 // but the program's own is open.
 bool ReportBlockLeftOpen() {
   BlockContextList const& blocks = gContext->blocks;
   if (!blocks.Depth() || IsProgramBlock(blocks.Top())) return false;
   char const* closing = ClosingWords(blocks.Top().GetType());
-  if (!closing) return false;
+  if (!closing) return true;
   SimpleVector<string> arguments;
   arguments.push_back(string("no ") + string(closing) +
                       string(" before the end of the text"));

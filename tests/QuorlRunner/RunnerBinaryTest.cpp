@@ -186,6 +186,13 @@ TEST_F(RunnerBinary, BlocksLeftOpenAreReportedWhereTheyOpen) {
   WriteFile("loop.bas", "Dim i As Integer\nWhile i < 3\n  For i = 1 To 2\n");
   Outcome loop = Run("loop.bas");
   EXPECT_TRUE(Contains(loop.err, "loop.bas:3: error 1: syntax error: no Next")) << loop.err;
+  // An If closed by End Sub is the one mistake: the Sub it leaves open at
+  // the end of the text is not another.
+  WriteFile("inner.bas", "Sub S()\n  If True Then\n    Print \"a\"\nEnd Sub\n");
+  Outcome inner = Run("inner.bas");
+  EXPECT_EQ(inner.status, 1);
+  EXPECT_EQ(inner.err, "inner.bas:2: error 95: If closed by another End\n"
+                       " 2 |   If True Then\n");
 }
 
 TEST_F(RunnerBinary, ARuntimeErrorGivesItsLineClassAndMessage) {
