@@ -73,7 +73,9 @@ SemBase* NilLiteral() {
 // The stray-terminator report: `end` is nil when the block was closed by a
 // terminator of another block; the error stands at the block's opening.
 void CheckTerminator(SemBase* end, CompileErrorCode code, SemBase* head) {
-  if (!end) Error(code, head->Location());
+  if (end) return;
+  Error(code, head->Location());
+  NoteBlockClosedByAnotherEnd();
 }
 
 }  // namespace

@@ -23,6 +23,7 @@ struct RecoveryState {
   SrcContext const* context = nullptr;
   unsigned int lastErrorLine = 0;  // from 0
   int abandonedBlocks = 0;         // opened by lines given up at the top level
+  int borrowedEnds = 0;            // Ends that closed a block not their own
 };
 
 RecoveryState sRecovery;
@@ -115,6 +116,16 @@ bool IsEchoOfAbandonedBlock(RecoveryState& recovery) {
   return ContinuesBlock(words);
 }
 
+// An End line after a block took the End of another: the End that the
+// other one then lacks.
+bool IsEchoOfBorrowedEnd(RecoveryState& recovery) {
+  if (!recovery.borrowedEnds || yychar <= 0) return false;
+  if (ustrcmpi(WordsOfLine(sTokenLocation.mStartLine).first.CString(), "End") != 0)
+    return false;
+  recovery.borrowedEnds--;
+  return true;
+}
+
 // What closes a flow block of each type, for the report of one left open;
 // null for a declaration.
 char const* ClosingWords(BlockContext::Type type) {
@@ -181,10 +192,12 @@ void ReportUnexpectedToken() {
 void ReportSyntaxError() {
   RecoveryState& recovery = Recovery();
   recovery.lastErrorLine = sTokenLocation.mStartLine;
-  if (IsEchoOfAbandonedBlock(recovery)) return;
+  if (IsEchoOfAbandonedBlock(recovery) || IsEchoOfBorrowedEnd(recovery)) return;
   if (yychar <= 0 && ReportBlockLeftOpen()) return;
   ReportUnexpectedToken();
 }
+
+void NoteBlockClosedByAnotherEnd() { Recovery().borrowedEnds++; }
 
 bool ResumeAfterTopLevelError() {
   if (CheckDelegate()) return false;

@@ -7,13 +7,18 @@
 // the mistakes of every line. A line given up that way may have opened a
 // block: the lines that would have continued or closed it (Else, Case,
 // End If, Next...) are then not mistakes of their own, and are not
-// reported.
+// reported. Likewise, when a block was closed by the End of the block
+// around it, the next End the parser can't take is that mistake's echo.
 #ifndef COMPILER_FRONTEND_SYNTAXRECOVERY_H
 #define COMPILER_FRONTEND_SYNTAXRECOVERY_H
 
 // Reports the syntax error at the parser's lookahead token (compile error
 // 1), or holds it back as the echo of an earlier one.
 void ReportSyntaxError();
+
+// A block was closed by the End of another (and reported): the End that
+// the other block then lacks is not a mistake of its own.
+void NoteBlockClosedByAnotherEnd();
 
 // After a syntax error at the top level, true when the parse may go on at
 // the next line: no declaration or block was left open by the error, and

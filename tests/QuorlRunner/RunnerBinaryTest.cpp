@@ -193,6 +193,12 @@ TEST_F(RunnerBinary, BlocksLeftOpenAreReportedWhereTheyOpen) {
   EXPECT_EQ(inner.status, 1);
   EXPECT_EQ(inner.err, "inner.bas:2: error 95: If closed by another End\n"
                        " 2 |   If True Then\n");
+  // Nor is the End Class that the Sub, its End taken, then meets.
+  WriteFile("method.bas", "Class C\n  Sub M()\n    While True\n  End Sub\nEnd Class\n");
+  Outcome method = Run("method.bas");
+  EXPECT_EQ(method.status, 1);
+  EXPECT_TRUE(Contains(method.err, "method.bas:3:")) << method.err;
+  EXPECT_FALSE(Contains(method.err, "method.bas:5:")) << method.err;
 }
 
 TEST_F(RunnerBinary, ARuntimeErrorGivesItsLineClassAndMessage) {
