@@ -98,6 +98,10 @@ void QuorlRuntimeErrorDetail(VELDObject instance, int line,
                              char const* exceptionClass, char const* message) {
   HOST_DO(QuorlRuntimeErrorDetail, instance, line, exceptionClass, message);
 }
+void QuorlRuntimeCallStack(VELDObject instance, QuorlStackFrame const* frames,
+                           int32_t count, int32_t complete) {
+  HOST_DO(QuorlRuntimeCallStack, instance, frames, count, complete);
+}
 void QuorlScriptStopped(VELDObject instance) { HOST_DO(QuorlScriptStopped, instance); }
 void QuorlTakeEngineOperations(QuorlEngineOperations const* operations) {
   HOST_DO(QuorlTakeEngineOperations, operations);

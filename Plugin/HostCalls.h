@@ -54,6 +54,8 @@ void QuorlCompileErrorDetail(VELDObject instance, int number, char const* messag
                              char const* summary, int line, int column);
 void QuorlRuntimeErrorDetail(VELDObject instance, int line,
                              char const* exceptionClass, char const* message);
+void QuorlRuntimeCallStack(VELDObject instance, QuorlStackFrame const* frames,
+                           int32_t count, int32_t complete);
 void QuorlScriptStopped(VELDObject instance);
 void QuorlTakeEngineOperations(QuorlEngineOperations const* operations);
 

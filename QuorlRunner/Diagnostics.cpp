@@ -21,6 +21,32 @@ std::string Place(std::string const& fileName, ScriptError const& error,
   return place;
 }
 
+// Below the error line, the frames of the script where the exception was
+// raised, innermost first, as "  at Leaf (FILE:LINE)"; a frame repeated
+// more than kRepeatsShown times in a row (a recursion) is shown once with
+// the count of its repeats. Each line ends in a line feed.
+size_t const kRepeatsShown = 3;
+
+std::string CallStackText(ScriptError const& error, std::string const& fileName) {
+  std::vector<StackFrame> const& frames = error.callStack;
+  std::string text;
+  for (size_t i = 0; i < frames.size();) {
+    size_t same = i + 1;
+    while (same < frames.size() && frames[same].function == frames[i].function &&
+           frames[same].line == frames[i].line)
+      same++;
+    size_t shown = same - i > kRepeatsShown ? 1 : same - i;
+    for (size_t k = 0; k < shown; k++)
+      text += "  at " + frames[i].function + " (" + fileName + ":" +
+              std::to_string(frames[i].line) + ")\n";
+    if (shown < same - i)
+      text += "  ... the same " + std::to_string(same - i - 1) + " more times\n";
+    i = same;
+  }
+  if (!error.callStackComplete) text += "  ... and deeper frames\n";
+  return text;
+}
+
 }  // namespace
 
 bool SourceLine(std::string const& source, int line, std::string& text) {
@@ -70,7 +96,7 @@ std::string FormatRuntimeError(std::string const& fileName,
   std::string text = Place(fileName, error, false) + ": runtime error: " +
                      error.exceptionClass;
   if (!error.message.empty()) text += ": " + error.message;
-  return text + "\n";
+  return text + "\n" + CallStackText(error, fileName);
 }
 
 }  // namespace runner

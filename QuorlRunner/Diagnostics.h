@@ -28,7 +28,8 @@ std::string FormatCompileError(std::string const& fileName,
                                ScriptError const& error);
 
 // "FILE:LINE: runtime error: CLASS: MESSAGE", with a line feed; the line or
-// the message left out when unknown.
+// the message left out when unknown. Below it the call stack, a line
+// "  at FUNCTION (FILE:LINE)" for each frame, innermost first.
 std::string FormatRuntimeError(std::string const& fileName,
                                ScriptError const& error);
 

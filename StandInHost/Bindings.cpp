@@ -104,12 +104,16 @@ void SetPendingRaise(char const* className, char const* message) {
 
 void SetPendingStop() { tPending.stop = true; }
 
+void RaiseInScript(char const* className, char const* message) {
+  QuorlEngineOperations const* engine = standin::Host().engine;
+  if (engine && engine->mRaiseScriptException)
+    engine->mRaiseScriptException(className, message);
+}
+
 void RaisePending() {
   QuorlEngineOperations const* engine = standin::Host().engine;
   if (!tPending.stop) {
-    if (engine && engine->mRaiseScriptException)
-      engine->mRaiseScriptException(tPending.className.c_str(),
-                                    tPending.message.c_str());
+    RaiseInScript(tPending.className.c_str(), tPending.message.c_str());
     return;
   }
   tPending.stop = false;

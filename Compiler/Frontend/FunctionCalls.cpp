@@ -1,6 +1,7 @@
 #include "Compiler/Frontend/Classes.h"
 #include "Compiler/Frontend/FunctionCalls.h"
 
+#include "Common/ObjectModel/RuntimeDelegates.h"
 #include "Compiler/Frontend/Expressions.h"
 #include "Compiler/Frontend/ObjectExpressions.h"
 #include "Compiler/Frontend/OverloadResolution.h"
@@ -145,14 +146,15 @@ void CallObjCMsgSend(MethodSymbol* target, SemBase* base, SemBase* args,
   code->AddLine(kTacCall, Text(function), LibraryOf(target), result);
 }
 
-// The code pointer lies at offset 24 of the delegate object.
+// A call through a delegate enters its invoker stub with the delegate.
 void CallDelegate(MethodSymbol* target, SemBase* base, SemBase* args,
                   TacAddr const* result, SemBase* code) {
   SemBase* object = ObjectBase(base, code);
   QASSERT(object->GetType().IsDelegate());
   SemBase* delegate = FlattenExpression(object, code);
   TacAddr const* function = NewPointer(code);
-  code->AddLine(kTacPeek, delegate->GetAddr(), Int(24), function);
+  code->AddLine(kTacPeek, delegate->GetAddr(), Int(kDelegateInvokerOffset),
+                function);
   PushAllArguments(target, delegate, args, code);
   code->AddLine(kTacCallPtr, function, nilTacAddr, result);
 }

@@ -57,24 +57,6 @@ SemBase* ObjectNot(SemBase* operand) {
 SemBase* ObjectNegation(SemBase* operand) {
   return Unavailable(operand, TypeTextOf(operand));
 }
-SemBase* DelegateBinop(SemBase* left, unsigned long op, SemBase* right) {
-  return Unavailable(left, TypeTextOf(left));
-}
-
-SemBase* LookupDelegateSignature(TypeSymbol* decl) {
-  QASSERT(decl);
-  ReportUnavailable(SourceLocation(current_line()), decl->Name());
-  return nullptr;
-}
-
-// Until signatures can be compared, only the same delegate type matches.
-bool DelegateSignaturesMatch(IRDataType const& a, IRDataType const& b) {
-  return a.Declaration() == b.Declaration();
-}
-
-void CreateNewDelegateInstance(TypeSymbol* decl, SemBase* args, SemBase* code) {
-  ReportUnavailable(code->Location(), decl->Name());
-}
 
 SemBase* StructureScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
                               SemBase* assignValue, FunctionResultMode mode) {
@@ -83,15 +65,6 @@ SemBase* StructureScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
 SemBase* StaticStructureScopeLookup(SemBase* expr, SemBase* ident,
                                     SemBase* args, SemBase* assignValue,
                                     FunctionResultMode mode) {
-  return UnavailableMember(expr, ident, mode);
-}
-SemBase* EnumScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
-                         SemBase* assignValue, FunctionResultMode mode) {
-  return UnavailableMember(expr, ident, mode);
-}
-SemBase* StaticDelegateScopeLookup(SemBase* expr, SemBase* ident,
-                                   SemBase* args, SemBase* assignValue,
-                                   FunctionResultMode mode) {
   return UnavailableMember(expr, ident, mode);
 }
 SemBase* BuiltInMemberLookup(SemBase* expr, SemBase* ident, SemBase* args,

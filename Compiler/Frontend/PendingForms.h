@@ -1,6 +1,6 @@
 // The forms of expressions that belong to other themes of the front end
-// (operator methods, variants, delegates, structures, enums, built-in
-// members) and that expressions and lookups hand over to.
+// (operator methods, structures, built-in members) and that expressions
+// and lookups hand over to.
 //
 // STAND-INS FOR NOW: until its theme exists, each of these reports compile
 // error 26 with the text of what was asked for, and gives a harmless value,
@@ -16,21 +16,12 @@
 
 class SemBase;
 
-// Operators on objects and delegates, through methods named Operator_...
+// Operators on objects, through methods named Operator_...
 SemBase* ObjectBinop(SemBase* left, unsigned long op, SemBase* right);
 SemBase* ObjectAnd(SemBase* left, SemBase* right);
 SemBase* ObjectOr(SemBase* left, SemBase* right);
 SemBase* ObjectNot(SemBase* operand);
 SemBase* ObjectNegation(SemBase* operand);
-SemBase* DelegateBinop(SemBase* left, unsigned long op, SemBase* right);
-
-// The signature of a delegate type, as a value.
-SemBase* LookupDelegateSignature(TypeSymbol* decl);
-// Whether a delegate of type `b` may stand where one of type `a` is wanted.
-bool DelegateSignaturesMatch(IRDataType const& a, IRDataType const& b);
-
-// A new delegate into `code`'s result.
-void CreateNewDelegateInstance(TypeSymbol* decl, SemBase* args, SemBase* code);
 
 // `expr.name` on the types that have lookups of their own. `expr` is a
 // namespace or a typed identifier for the static forms.
@@ -39,11 +30,6 @@ SemBase* StructureScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
 SemBase* StaticStructureScopeLookup(SemBase* expr, SemBase* ident,
                                     SemBase* args, SemBase* assignValue,
                                     FunctionResultMode mode);
-SemBase* EnumScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
-                         SemBase* assignValue, FunctionResultMode mode);
-SemBase* StaticDelegateScopeLookup(SemBase* expr, SemBase* ident,
-                                   SemBase* args, SemBase* assignValue,
-                                   FunctionResultMode mode);
 // The built-in methods of Color and Ptr (`c.Red`, `p.Int32(0)`).
 SemBase* BuiltInMemberLookup(SemBase* expr, SemBase* ident, SemBase* args,
                              SemBase* assignValue, FunctionResultMode mode);

@@ -2,6 +2,7 @@
 
 #include "Compiler/BackEnds/codestorage.h"
 #include "Compiler/SemBase.h"
+#include "Compiler/SymbolTable/GlobalSymbolTable.h"
 #include "Compiler/SymbolTable/LocalSymbolTable.h"
 #include "Compiler/SymbolTable/SymbolTable.h"
 #include "Universal/Assertion.h"
@@ -30,6 +31,8 @@ SrcContext::SrcContext()
 SrcContext::~SrcContext() {
   for (unsigned long i = 0; i < mStaticBlocks.size(); i++)
     delete mStaticBlocks[i];
+  for (unsigned long i = 0; i < mImplicitDelegateTypes.size(); i++)
+    delete mImplicitDelegateTypes[i];
   gContext = nullptr;
   SetCurrent(nullptr);
   SemBase::PostCompileCleanup();

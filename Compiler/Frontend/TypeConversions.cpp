@@ -3,6 +3,7 @@
 #include "Compiler/Frontend/Classes.h"
 #include "Compiler/Frontend/TypeConversions.h"
 
+#include "Common/ObjectModel/RuntimeDelegates.h"
 #include "Compiler/Frontend/ConstantFolding.h"
 #include "Compiler/Frontend/Expressions.h"
 #include "Compiler/Frontend/Lexer.h"
@@ -19,9 +20,6 @@
 #include "Universal/Assertion.h"
 
 namespace {
-
-// Where a delegate object keeps its function pointer.
-long const kDelegateFunctionOffset = 28;
 
 // `Intrinsic f` with `op` as its one argument, into a fresh temporary of
 // `type`, released first when it is reused.

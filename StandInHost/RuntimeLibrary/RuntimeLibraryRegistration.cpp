@@ -34,7 +34,8 @@ LibraryEntries RuntimeFoundationEntries() {
 void RegisterRuntimeLibrary() {
   using namespace library;
   for (LibraryEntries (*theme)() :
-       {&CharacterStringEntries, &ByteStringEntries, &CaseAndTrimEntries,
+       {&CharacterStringEntries, &ByteStringEntries, &TextEncodingEntries,
+        &CaseAndTrimEntries,
         &FieldAndReplaceEntries, &NumberTextEntries, &FormatEntries,
         &ClockEntries, &EnvironmentHookEntries, &RuntimeFoundationEntries,
         &RuntimeIntrinsicEntries})

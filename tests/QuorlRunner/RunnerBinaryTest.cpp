@@ -201,13 +201,15 @@ TEST_F(RunnerBinary, BlocksLeftOpenAreReportedWhereTheyOpen) {
   EXPECT_FALSE(Contains(method.err, "method.bas:5:")) << method.err;
 }
 
-TEST_F(RunnerBinary, ARuntimeErrorGivesItsLineClassAndMessage) {
-  WriteFile("raise.bas", "Print \"before\"\n\nPrint Args(3)\n");
+TEST_F(RunnerBinary, ARuntimeErrorGivesItsLineClassMessageAndCallStack) {
+  WriteFile("raise.bas", "Print \"before\"\nSub Fetch()\n  Print Args(3)\nEnd Sub\nFetch()\n");
   Outcome outcome = Run("raise.bas one");
   EXPECT_EQ(outcome.status, 2);
   EXPECT_EQ(outcome.out, "before\n");
   EXPECT_EQ(outcome.err,
-            "raise.bas:3: runtime error: OutOfBoundsException: there is no argument 3\n");
+            "raise.bas:3: runtime error: OutOfBoundsException: there is no argument 3\n"
+            "  at Fetch (raise.bas:3)\n"
+            "  at <main> (raise.bas:5)\n");
 }
 
 // What follows the file is the script's, options included; the script
@@ -260,6 +262,30 @@ TEST_F(RunnerBinary, OneSecondIsSingular) {
   Outcome outcome = Run("--time-limit 1 spin.bas");
   EXPECT_EQ(outcome.status, 3);
   EXPECT_EQ(outcome.err, "quorl: spin.bas: stopped after the time limit of 1 second\n");
+}
+
+// --debug-symbols lists the tables instead of running the script; a script
+// that does not compile lists nothing.
+TEST_F(RunnerBinary, DebugSymbolsListTheTablesWithoutRunning) {
+  WriteFile("tables.bas",
+            "Dim gCount As Integer\n"
+            "Function Twice(n As Integer) As Integer\n"
+            "  Dim doubled As Integer = n * 2\n"
+            "  Return doubled\n"
+            "End Function\n"
+            "Print Str(Twice(gCount))\n");
+  Outcome outcome = Run("--debug-symbols tables.bas");
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  EXPECT_FALSE(Contains(outcome.out, "\n0\n")) << "the script must not run";
+  for (char const* line : {"functions\n", "\n  Twice  code ", ", lines 2-5, parameters 4 bytes\n",
+                           "locals\n  Twice (lines 2-5)\n    n As Int32, frame offset ",
+                           "    doubled As Int32, frame offset ",
+                           "globals\n  gCount As Int32, data offset "})
+    EXPECT_TRUE(Contains(outcome.out, line)) << line << "\n" << outcome.out;
+  WriteFile("broken.bas", "Print Nothing\n");
+  Outcome broken = Run("--debug-symbols broken.bas");
+  EXPECT_EQ(broken.status, 1);
+  EXPECT_EQ(broken.out, "");
 }
 
 }  // namespace

@@ -7,6 +7,9 @@
 //                                  expected
 //   // expect runtime error: CLASS  the run ends with that exception, on any
 //                                  line and with any message
+//   // expect frame: NAME LINE      the next frame of its call stack, which
+//                                  quorl prints below the error, innermost
+//                                  first; the frames must come exactly so
 //   // stdin: TEXT                  a line given to the script's Input
 //
 // The exit status follows from them: 1 with compile errors, 2 with a runtime
@@ -31,6 +34,7 @@ struct Expectations {
   std::vector<std::string> output;
   std::vector<std::string> errors;  // "FILE:LINE: error NUMBER:" prefixes
   std::string runtimeError;
+  std::vector<std::string> frames;  // "  at NAME (FILE:LINE)"
   std::string input;
 };
 
@@ -75,6 +79,13 @@ Expectations ReadExpectations(std::string const& script, std::string const& sour
       numbers >> lineNumber >> errorNumber;
       expected.errors.push_back(script + ":" + std::to_string(lineNumber) +
                                 ": error " + std::to_string(errorNumber) + ":");
+    } else if (After(line, "// expect frame: ", &rest)) {
+      std::istringstream words(rest);
+      std::string name;
+      int lineNumber = 0;
+      words >> name >> lineNumber;
+      expected.frames.push_back("  at " + name + " (" + script + ":" +
+                                std::to_string(lineNumber) + ")");
     } else if (After(line, "// stdin: ", &rest)) {
       expected.input += rest + "\n";
     }
@@ -178,5 +189,11 @@ int main(int argc, char** argv) {
   if (!expected.runtimeError.empty() &&
       !HasRuntimeError(outcome.err, script, expected.runtimeError))
     return Fail("missing '" + expected.runtimeError + "'", outcome);
+  if (!expected.frames.empty()) {
+    std::vector<std::string> err = Lines(outcome.err), frames;
+    for (std::string const& line : err)
+      if (line.compare(0, 5, "  at ") == 0) frames.push_back(line);
+    if (frames != expected.frames) return Fail("call stack differs", outcome);
+  }
   return 0;
 }

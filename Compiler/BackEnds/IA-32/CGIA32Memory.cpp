@@ -177,6 +177,7 @@ IA32Operand CGIA32::PointerOperand(TacLine const& line, TacAddr const* pointer,
 }
 
 void CGIA32::tac_Peek(TacLine const& line) {
+  if (ElementAccessInLine(line)) return;
   TacAddr const* result = line.result;
   SimpleDataType type = result->mType.GetMainType();
   bool isFloat = result->mType.IsFloat();

@@ -10,6 +10,7 @@
 
 #include "Common/ObjectModel/RuntimeObjectFoundation.h"
 #include "Compiler/BackEnds/Minilinker/QuorlScriptCorrespondent.h"
+#include "Compiler/BackEnds/Minilinker/ScriptCallStack.h"
 #include "Universal/stringmap.h"
 #include "Universal/ustring.h"
 
@@ -82,6 +83,7 @@ struct UncaughtExceptionDetail {
   unsigned long mLine = 0;  // where it was raised, from 1; 0 unknown
   string mClassName;
   string mMessage;
+  ScriptCallStack mCallStack;  // where it was raised, innermost first
 };
 // The detail of the last uncaught exception of this thread.
 UncaughtExceptionDetail const& LastUncaughtException();

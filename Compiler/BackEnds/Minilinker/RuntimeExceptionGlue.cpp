@@ -34,10 +34,6 @@ struct RaiseSite {
 thread_local RaiseSite sLastRaise;
 thread_local UncaughtExceptionDetail sUncaught;
 
-// How far up from the raiser the first frame of script code may lie: the
-// runtime and host functions in between are few.
-int const kMostFramesToScriptCode = 64;
-
 void ForgetMessage(RuntimeObject* exception) {
   for (unsigned long i = 0; i < sMessages.size(); i++) {
     if (sMessages[i].mException != exception) continue;
@@ -49,25 +45,16 @@ void ForgetMessage(RuntimeObject* exception) {
 void InitializeException(RuntimeObject*) {}
 void UninitializeException(RuntimeObject* exception) { ForgetMessage(exception); }
 
-// The exception monitor: the line of the innermost frame of script code,
-// found by walking up the frame chain from the raiser.
+// The exception monitor: the line of the innermost frame of script code
+// and the frames above it, found by walking up the frame chain from the
+// raiser.
 void NoteRaiseSite(RuntimeObject* exception) {
   sLastRaise.mException = exception;
   sLastRaise.mLine = 0;
   RunReadyCode const* code = GetRuntimeCode();
   if (!code) return;
-  void** frame = static_cast<void**>(__builtin_frame_address(0));
-  for (int n = 0; frame && n < kMostFramesToScriptCode; n++) {
-    unsigned char* returnAddress = static_cast<unsigned char*>(frame[1]);
-    if (code->Contains(returnAddress)) {
-      // The call instruction ends at the return address.
-      sLastRaise.mLine = code->LineAt(returnAddress - 1);
-      return;
-    }
-    void** caller = static_cast<void**>(*frame);
-    if (caller <= frame) return;
-    frame = caller;
-  }
+  NoteScriptCallStack(code, __builtin_frame_address(0));
+  sLastRaise.mLine = NotedRaiseLine(code);
 }
 
 string ClassNameOf(RuntimeObject* exception) {
@@ -160,7 +147,11 @@ void RuntimeInit() {
 // The object itself is not passed on: the host sees a fresh exception of
 // the reported kind.
 void UnhandledException(RuntimeObject* exception) {
-  sUncaught.mLine = exception == sLastRaise.mException ? sLastRaise.mLine : 0;
+  bool seenRaised = exception == sLastRaise.mException;
+  sUncaught.mLine = seenRaised ? sLastRaise.mLine : 0;
+  RunReadyCode const* code = GetRuntimeCode();
+  sUncaught.mCallStack = seenRaised && code ? NotedScriptCallStack(code)
+                                            : ScriptCallStack();
   sUncaught.mClassName = ClassNameOf(exception);
   sUncaught.mMessage = RuntimeExceptionMessage(exception);
   QuorlScriptCorrespondent* correspondent = GetRuntimeCorrespondent();

@@ -1,7 +1,9 @@
 // The table from link names to addresses that the in-memory linker resolves
 // generated code against.
 #include "Common/Arrays/RuntimeArrays.h"
+#include "Common/ObjectModel/RuntimeDelegates.h"
 #include "Common/ObjectModel/RuntimeExceptionFoundation.h"
+#include "Common/RuntimeStringFoundation.h"
 #include "Common/Variants/RuntimeVariants.h"
 #include "Compiler/BackEnds/Minilinker/QuorlScriptIntrinsics.h"
 #include "Compiler/Intrinsics.h"
@@ -29,6 +31,8 @@ OwnEntry const kOwnEntries[] = {
     QUORL_OWN("RuntimeCheckStack", RuntimeCheckStack),
     // Optimized code keeps the limit at hand and asks for it here.
     QUORL_OWN("RuntimeStackLimit", GetRuntimeStackLimit),
+    // A sum of several strings: this copy raises when it cannot be stored.
+    QUORL_OWN("RuntimeAddStrings", RuntimeAddStrings),
     QUORL_OWN("RuntimeNewClass", RuntimeNewClass),
     QUORL_OWN("RuntimeNewObject", RuntimeNewObject),
     QUORL_OWN("RuntimeRegisterClass", RuntimeRegisterClass),
@@ -51,6 +55,10 @@ OwnEntry const kOwnEntries[] = {
     QUORL_OWN("RuntimeObjectIsa", RuntimeObjectIsa),
     QUORL_OWN("RuntimeCheckCast", RuntimeCheckCast),
     QUORL_OWN("RuntimeLookupInterfaceVtable", RuntimeLookupInterfaceVtable),
+    QUORL_OWN("RuntimeCreateDelegate", RuntimeCreateDelegate),
+    QUORL_OWN("RuntimeDelegateIsA", RuntimeDelegateIsA),
+    QUORL_OWN("RuntimeCheckDelegateCast", RuntimeCheckDelegateCast),
+    QUORL_OWN("RuntimeCompareDelegates", RuntimeCompareDelegates),
     QUORL_OWN("CreateArray", CreateArray),
     QUORL_OWN("RuntimeCreateStructureArray", RuntimeCreateStructureArray),
     QUORL_OWN("RuntimeCreateArrayCastWrapper", RuntimeCreateArrayCastWrapper),

@@ -159,6 +159,12 @@ std::string CheckedDeclaration(std::string const& nameOrDeclaration,
 // Throws BindingError when the declaration does not read.
 void CheckReadable(std::string const& declaration);
 
+// Raises the exception in the script that called the host function now
+// running; the function returns right after. Call it with no C++ object
+// alive in the host's frames above the script: the raise does not unwind
+// them.
+void RaiseInScript(char const* className, char const* message);
+
 // What a guarded call failed with, kept per thread until it is raised.
 // The raise leaves the host's frames without unwinding them, so it comes
 // only after the catch has ended and the C++ exception is gone; the texts

@@ -294,6 +294,13 @@ enum class ScriptState : int {
   Aborted = 3,  // a compile error, an uncaught exception, or a stop
 };
 
+// One frame of a script's call stack: the function as the source names it
+// ("Leaf", "Shape.Area"; "<main>" for the main body) and the line, from 1.
+struct StackFrame {
+  std::string function;
+  int line = 0;
+};
+
 // One error of a Run() or Precompile(), in full. Lines and columns count
 // from 1 here (0 when unknown); the classic CompilerError event counts
 // lines from 0.
@@ -310,6 +317,11 @@ struct ScriptError {
   std::string exceptionClass;  // "OutOfBoundsException"
   int line = 0;
   int column = 0;
+  // A runtime error's call stack where the exception was raised, innermost
+  // first: the raise, then each call that led there. Very deep stacks keep
+  // their innermost frames only, and callStackComplete is then false.
+  std::vector<StackFrame> callStack;
+  bool callStackComplete = true;
 };
 
 // One instance of the plug-in's "QuorlScript" class. Every call goes through
