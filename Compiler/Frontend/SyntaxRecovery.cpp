@@ -18,23 +18,7 @@ namespace {
 // The longest token quoted in a syntax error; a longer one is not named.
 int const kLongestQuotedToken = 40;
 
-// What the recovery remembers within one compilation.
-struct RecoveryState {
-  SrcContext const* context = nullptr;
-  unsigned int lastErrorLine = 0;  // from 0
-  int abandonedBlocks = 0;         // opened by lines given up at the top level
-  int borrowedEnds = 0;            // Ends that closed a block not their own
-};
-
-RecoveryState sRecovery;
-
-RecoveryState& Recovery() {
-  if (sRecovery.context != gContext) {
-    sRecovery = RecoveryState();
-    sRecovery.context = gContext;
-  }
-  return sRecovery;
-}
+SyntaxRecoveryState& Recovery() { return gContext->mSyntaxRecovery; }
 
 // The first and last words of line `line` (from 0) of the text being
 // parsed, before any comment, and where the first one starts.
@@ -105,7 +89,7 @@ bool ContinuesBlock(LineWords const& words) {
 
 // A line that continues or closes a block whose opening line was given
 // up, met at its first word: the echo of that line's error.
-bool IsEchoOfAbandonedBlock(RecoveryState& recovery) {
+bool IsEchoOfAbandonedBlock(SyntaxRecoveryState& recovery) {
   if (!recovery.abandonedBlocks || yychar <= 0) return false;
   LineWords words = WordsOfLine(sTokenLocation.mStartLine);
   if (words.firstOffset != sTokenLocation.mStartOffset) return false;
@@ -118,7 +102,7 @@ bool IsEchoOfAbandonedBlock(RecoveryState& recovery) {
 
 // An End line after a block took the End of another: the End that the
 // other one then lacks.
-bool IsEchoOfBorrowedEnd(RecoveryState& recovery) {
+bool IsEchoOfBorrowedEnd(SyntaxRecoveryState& recovery) {
   if (!recovery.borrowedEnds || yychar <= 0) return false;
   if (ustrcmpi(WordsOfLine(sTokenLocation.mStartLine).first.CString(), "End") != 0)
     return false;
@@ -190,7 +174,7 @@ void ReportUnexpectedToken() {
 }  // namespace
 
 void ReportSyntaxError() {
-  RecoveryState& recovery = Recovery();
+  SyntaxRecoveryState& recovery = Recovery();
   recovery.lastErrorLine = sTokenLocation.mStartLine;
   if (IsEchoOfAbandonedBlock(recovery) || IsEchoOfBorrowedEnd(recovery)) return;
   if (yychar <= 0 && ReportBlockLeftOpen()) return;
@@ -205,7 +189,7 @@ bool ResumeAfterTopLevelError() {
   bool onlyTheProgram = blocks.Depth() == 0 ||
                         (blocks.Depth() == 1 && IsProgramBlock(blocks.Top()));
   if (!onlyTheProgram) return false;
-  RecoveryState& recovery = Recovery();
+  SyntaxRecoveryState& recovery = Recovery();
   if (OpensBlock(WordsOfLine(recovery.lastErrorLine))) recovery.abandonedBlocks++;
   return true;
 }

@@ -12,6 +12,14 @@
 #ifndef COMPILER_FRONTEND_SYNTAXRECOVERY_H
 #define COMPILER_FRONTEND_SYNTAXRECOVERY_H
 
+// What the recovery remembers within one compilation (held by its
+// SrcContext).
+struct SyntaxRecoveryState {
+  unsigned int lastErrorLine = 0;  // from 0
+  int abandonedBlocks = 0;         // opened by lines given up at the top level
+  int borrowedEnds = 0;            // Ends that closed a block not their own
+};
+
 // Reports the syntax error at the parser's lookahead token (compile error
 // 1), or holds it back as the echo of an earlier one.
 void ReportSyntaxError();
