@@ -34,10 +34,11 @@ DebuggerSymbol* MakeConstant(ConstantSymbol* constant) {
 }
 
 // A property with storage of its own: an instance field, or a shared one
-// in static data under its link name. Computed properties have none.
-DebuggerSymbol* MakeStoredProperty(PropertySymbol* property) {
+// (a module's are all shared) in static data under its link name. Computed
+// properties have none.
+DebuggerSymbol* MakeStoredProperty(PropertySymbol* property, bool shared) {
   if (property->HasCustomAccessors()) return nullptr;
-  if (property->IsShared())
+  if (shared || property->IsShared())
     return MakeSymbol(property->Name(), property->GetType(), kGlobalDataStorage,
                       0, property->GetLinkName());
   return MakeSymbol(property->Name(), property->GetType(),
@@ -64,10 +65,11 @@ void ConvertConstants(Owner* owner, string const& name,
 }
 
 DebuggerSymbolTable* StoredPropertiesTable(PropertySymbolIterator properties,
-                                           string const& name) {
+                                           string const& name,
+                                           bool allShared = false) {
   DebuggerSymbolTable* table = DebuggerSymbolTable::New(name);
   while (properties.Next())
-    if (DebuggerSymbol* symbol = MakeStoredProperty(properties.Value()))
+    if (DebuggerSymbol* symbol = MakeStoredProperty(properties.Value(), allShared))
       table->AddEntry(symbol);
   return table;
 }
@@ -117,7 +119,8 @@ void ConvertEnumDeclaration(EnumSymbol* item, DebuggerCodeModuleData* data) {
 void ConvertModuleDeclarationTable(ModuleSymbol* module,
                                    DebuggerCodeModuleData* data) {
   KeepKeyed(data->mModuleTables,
-            StoredPropertiesTable(module->IterateProperties(), module->Name()));
+            StoredPropertiesTable(module->IterateProperties(), module->Name(),
+                                  true));
   CopyGlobalSymbolsToDebugData(module, data);
 }
 

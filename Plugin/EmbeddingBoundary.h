@@ -27,10 +27,12 @@ typedef void (*QuorlCompileErrorDetailProc)(VELDObject instance, int number,
                                             int column);
 
 // "QuorlRuntimeErrorDetail": an exception no handler caught, before its
-// RuntimeError event. `line` is where it was raised.
+// RuntimeError event. `line` is where it was raised; `errorNumber` is the
+// exception's ErrorNumber.
 typedef void (*QuorlRuntimeErrorDetailProc)(VELDObject instance, int line,
                                             char const* exceptionClass,
-                                            char const* message);
+                                            char const* message,
+                                            int errorNumber);
 
 // One frame of a script's call stack: the function as the source names it
 // ("Leaf", "Shape.Area"; "<main>" for the main body) and its line.

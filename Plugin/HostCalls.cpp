@@ -95,8 +95,10 @@ void QuorlCompileErrorDetail(VELDObject instance, int number, char const* messag
   HOST_DO(QuorlCompileErrorDetail, instance, number, message, summary, line, column);
 }
 void QuorlRuntimeErrorDetail(VELDObject instance, int line,
-                             char const* exceptionClass, char const* message) {
-  HOST_DO(QuorlRuntimeErrorDetail, instance, line, exceptionClass, message);
+                             char const* exceptionClass, char const* message,
+                             int errorNumber) {
+  HOST_DO(QuorlRuntimeErrorDetail, instance, line, exceptionClass, message,
+          errorNumber);
 }
 void QuorlRuntimeCallStack(VELDObject instance, QuorlStackFrame const* frames,
                            int32_t count, int32_t complete) {

@@ -122,15 +122,17 @@ void QuorlInterpreter::ReportCallStack(ScriptCallStack const& stack) {
 
 // The detail of an exception of the script's comes from the runtime, which
 // saw where it was raised; a report of the runtime's own (no class to be
-// had) names the class the host event names.
+// had, or no exception behind it) names the class the host event names.
 void QuorlInterpreter::ReportRuntimeErrorDetail(RuntimeErrorCode code) {
   UncaughtExceptionDetail const& uncaught = LastUncaughtException();
-  bool fromException = code != kRuntimeErrorNoExceptionClass;
+  bool fromException = code != kRuntimeErrorNoExceptionClass &&
+                       !uncaught.mClassName.IsEmpty();
   if (fromException) ReportCallStack(uncaught.mCallStack);
   QuorlRuntimeErrorDetail(
       mHostObject, fromException ? (int)uncaught.mLine : 0,
       fromException ? uncaught.mClassName.CString() : RuntimeErrorClassName(code),
-      fromException ? uncaught.mMessage.CString() : "");
+      fromException ? uncaught.mMessage.CString() : "",
+      fromException ? int(uncaught.mErrorNumber) : 0);
 }
 
 // A stop is what the host asked for, not an error of the script: the host

@@ -114,9 +114,11 @@ void QuorlCompileErrorDetail(VELDObject instance, int number,
 }
 
 void QuorlRuntimeErrorDetail(VELDObject instance, int line,
-                             char const* exceptionClass, char const* message) {
+                             char const* exceptionClass, char const* message,
+                             int errorNumber) {
   ScriptError error;
   error.kind = ScriptError::Kind::Runtime;
+  error.number = errorNumber;
   error.exceptionClass = Text(exceptionClass);
   error.message = Text(message);
   error.line = line;

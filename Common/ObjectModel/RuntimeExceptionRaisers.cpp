@@ -1,7 +1,10 @@
 // The runtime's own raises: a fresh object of an exception class, raised
 // and released. They return to their caller afterwards, which hands a
 // harmless value back to the script.
+#include <stdio.h>
+
 #include "Common/ObjectModel/RuntimeExceptionFoundation.h"
+#include "Common/ObjectModel/RuntimeExceptionObjects.h"
 
 namespace {
 
@@ -14,6 +17,21 @@ thread_local bool sMakingNilObjectException;
 void ReportUnraisable() {
   if (GetUnhandledExceptionHook()) RuntimeUnhandledException(nullptr);
 }
+
+// What each of the runtime's own exceptions says happened.
+char const kNilObjectMessage[] = "An object was used that is Nil";
+char const kIllegalCastMessage[] =
+    "An object was cast to a class it does not belong to";
+char const kOutOfBoundsMessage[] =
+    "An index was outside the bounds of the array";
+char const kIndexMessage[] = "Index %ld is outside the bounds 0 to %ld";
+char const kEmptyIndexMessage[] = "Index %ld is outside the bounds of an empty array";
+// Room for either with two 64-bit numbers.
+int const kIndexMessageSize = 96;
+char const kTypeMismatchMessage[] =
+    "A value could not be converted to the type needed";
+char const kOutOfMemoryMessage[] =
+    "There was not enough memory for the operation";
 
 void RaiseObject(RuntimeObject* exception) {
   RuntimeRaiseException(exception);
@@ -36,21 +54,35 @@ void RaiseNilObjectException() {
   sMakingNilObjectException = true;
   RuntimeObject* exception = RuntimeNewObject(cls);
   sMakingNilObjectException = false;
+  SetExceptionMessageText(exception, kNilObjectMessage);
   RaiseObject(exception);
 }
 
 void RaiseIllegalCastException() {
-  RaiseExceptionClass(GetIllegalCastExceptionClass());
+  RaiseExceptionClassWithMessage(GetIllegalCastExceptionClass(),
+                                 kIllegalCastMessage);
 }
 
 void RaiseOutOfBoundsException() {
-  RaiseExceptionClass(GetOutOfBoundsExceptionClass());
+  RaiseExceptionClassWithMessage(GetOutOfBoundsExceptionClass(),
+                                 kOutOfBoundsMessage);
+}
+
+void RaiseIndexOutOfBounds(long index, long ubound) {
+  char message[kIndexMessageSize];
+  if (ubound < 0)
+    snprintf(message, sizeof message, kEmptyIndexMessage, index);
+  else
+    snprintf(message, sizeof message, kIndexMessage, index, ubound);
+  RaiseExceptionClassWithMessage(GetOutOfBoundsExceptionClass(), message);
 }
 
 void RaiseOutOfMemoryException() {
-  RaiseExceptionClass(GetOutOfMemoryExceptionClass());
+  RaiseExceptionClassWithMessage(GetOutOfMemoryExceptionClass(),
+                                 kOutOfMemoryMessage);
 }
 
 void RaiseTypeMismatchException() {
-  RaiseExceptionClass(GetTypeMismatchExceptionClass());
+  RaiseExceptionClassWithMessage(GetTypeMismatchExceptionClass(),
+                                 kTypeMismatchMessage);
 }

@@ -3,7 +3,7 @@
 #include "Compiler/Frontend/ConstantFolding.h"
 #include "Compiler/Frontend/ParserError.h"
 #include "Compiler/Frontend/MethodDelegates.h"
-#include "Compiler/Frontend/PendingForms.h"
+#include "Compiler/Frontend/OperatorOverloading.h"
 #include "Compiler/Frontend/StringSums.h"
 #include "Compiler/Frontend/VariantType.h"
 #include "Compiler/Frontend/TypeConversions.h"

@@ -1,7 +1,9 @@
 // `expr.name`: the member of a module, a class, an object or a built-in
 // type, and extension methods as the last resort.
 #include "Compiler/Frontend/Classes.h"
+#include "Compiler/Frontend/Colors.h"
 #include "Compiler/Frontend/Enums.h"
+#include "Compiler/Frontend/ExternalDeclarations.h"
 #include "Compiler/Frontend/Expressions.h"
 #include "Compiler/Frontend/Lexer.h"
 #include "Compiler/Frontend/MemberAccess.h"
@@ -12,9 +14,9 @@
 #include "Compiler/Frontend/FunctionCalls.h"
 #include "Compiler/Frontend/OverloadResolution.h"
 #include "Compiler/Frontend/MethodDelegates.h"
-#include "Compiler/Frontend/PendingForms.h"
 #include "Compiler/Frontend/VariantType.h"
 #include "Compiler/Frontend/SrcContext.h"
+#include "Compiler/Frontend/Structures.h"
 #include "Compiler/Frontend/TacLiteralPool.h"
 #include "Compiler/Frontend/TypeConversions.h"
 #include "Compiler/Frontend/TypeNames.h"
@@ -194,7 +196,13 @@ SemBase* IntrinsicScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
     return ExtensionLookup(expr, ident, args, assignValue, mode,
                            kErrorUnknownName);
   }
-  return BuiltInMemberLookup(expr, ident, args, assignValue, mode);
+  if (type == kColorType && !args && !assignValue &&
+      IsPotentialColorMethodName(ident->toString()))
+    return HandleColorMethodCall(expr, ident);
+  if (type == kPtrType && IsPotentialPtrMethodName(ident))
+    return HandlePtrMethodCall(expr, ident, args, assignValue, mode);
+  return ExtensionLookup(expr, ident, args, assignValue, mode,
+                         kErrorUnknownName);
 }
 
 SemBase* InstanceScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,

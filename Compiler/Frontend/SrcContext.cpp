@@ -1,6 +1,7 @@
 #include "Compiler/Frontend/SrcContext.h"
 
 #include "Compiler/BackEnds/codestorage.h"
+#include "Compiler/Frontend/Exceptions.h"
 #include "Compiler/SemBase.h"
 #include "Compiler/SymbolTable/GlobalSymbolTable.h"
 #include "Compiler/SymbolTable/LocalSymbolTable.h"
@@ -29,6 +30,7 @@ SrcContext::SrcContext()
 // The local tables go with the last Ref to them; the semantic values,
 // program code included, with the sweep.
 SrcContext::~SrcContext() {
+  ForgetOpenTries();
   for (unsigned long i = 0; i < mStaticBlocks.size(); i++)
     delete mStaticBlocks[i];
   for (unsigned long i = 0; i < mImplicitDelegateTypes.size(); i++)

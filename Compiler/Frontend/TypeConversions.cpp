@@ -12,7 +12,6 @@
 #include "Compiler/Frontend/ParserError.h"
 #include "Compiler/Frontend/FunctionCalls.h"
 #include "Compiler/Frontend/OverloadResolution.h"
-#include "Compiler/Frontend/PendingForms.h"
 #include "Compiler/Frontend/SrcContext.h"
 #include "Compiler/Frontend/SymbolUtilities.h"
 #include "Compiler/Intrinsics.h"

@@ -164,4 +164,27 @@ TEST_F(DebugSymbols, ClassesAndConstants) {
   EXPECT_EQ("10", Std(constants->At(0)->mValueText));
 }
 
+// A module's variables live in static data, and its enums keep their
+// values.
+TEST_F(DebugSymbols, ModulesAndEnums) {
+  Ref<DebuggerSymbols> symbols = Compile(
+      "Module Geometry\n  Enum Shade\n    Red\n    Green = 5\n  End Enum\n"
+      "  Dim gScale As Double\nEnd Module\n"
+      "Geometry.gScale = 2.5\n");
+  ASSERT_TRUE(symbols);
+  DebuggerSymbolTable* geometry = nullptr;
+  ASSERT_TRUE(symbols->mData.mModuleTables.GetEntry(string("Geometry"), geometry));
+  DebuggerSymbol* scale = nullptr;
+  ASSERT_TRUE(geometry->GetEntry(string("gScale"), scale));
+  EXPECT_EQ(unsigned(kGlobalDataStorage), scale->mStorageClass);
+  unsigned int offset = 0;
+  ASSERT_TRUE(symbols->mGlobalOffsets.GetEntry(scale->mLinkID, offset));
+  EXPECT_EQ(offset, scale->mStorageOffset);
+  DebuggerEnum* shade = nullptr;
+  ASSERT_TRUE(symbols->mData.mEnums.GetEntry(string("Shade"), shade));
+  ASSERT_EQ(2u, shade->mValues.size());
+  EXPECT_EQ("Green", Std(shade->mValues[1].mName));
+  EXPECT_EQ("5", Std(shade->mValues[1].mValueText));
+}
+
 }  // namespace

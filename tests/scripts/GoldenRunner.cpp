@@ -5,8 +5,10 @@
 //   // expect error LINE NUMBER     a compile error at LINE (1-based), at any
 //                                  column; the errors must come exactly as
 //                                  expected
-//   // expect runtime error: CLASS  the run ends with that exception, on any
-//                                  line and with any message
+//   // expect runtime error: TEXT   the run ends with an exception whose
+//                                  report, after "runtime error: ", starts
+//                                  with TEXT ("CLASS" or "CLASS: MESSAGE")
+//   // expect runtime error LINE: TEXT  the same, raised at LINE
 //   // expect frame: NAME LINE      the next frame of its call stack, which
 //                                  quorl prints below the error, innermost
 //                                  first; the frames must come exactly so
@@ -33,7 +35,8 @@ namespace {
 struct Expectations {
   std::vector<std::string> output;
   std::vector<std::string> errors;  // "FILE:LINE: error NUMBER:" prefixes
-  std::string runtimeError;
+  std::string runtimeError;  // the report from ": runtime error: " on
+  std::string runtimeLine;   // the line it names, when one is expected
   std::vector<std::string> frames;  // "  at NAME (FILE:LINE)"
   std::string input;
 };
@@ -73,6 +76,10 @@ Expectations ReadExpectations(std::string const& script, std::string const& sour
       expected.output.push_back(rest);
     } else if (After(line, "// expect runtime error: ", &rest)) {
       expected.runtimeError = ": runtime error: " + rest;
+    } else if (After(line, "// expect runtime error ", &rest)) {
+      size_t colon = rest.find(": ");
+      expected.runtimeLine = rest.substr(0, colon);
+      expected.runtimeError = ": runtime error: " + rest.substr(colon + 2);
     } else if (After(line, "// expect error ", &rest)) {
       std::istringstream numbers(rest);
       int lineNumber = 0, errorNumber = 0;
@@ -107,20 +114,6 @@ std::string WithoutColumn(std::string const& line) {
   return twoNumbers ? line.substr(0, colon) + line.substr(error) : line;
 }
 
-// The runtime error line of the script: "FILE[:LINE]: runtime error: CLASS",
-// then the end or ": MESSAGE".
-bool HasRuntimeError(std::string const& err, std::string const& script,
-                     std::string const& wanted) {
-  for (std::string const& line : Lines(err)) {
-    if (line.compare(0, script.size(), script) != 0) continue;
-    size_t at = line.find(wanted);
-    if (at == std::string::npos) continue;
-    size_t end = at + wanted.size();
-    if (end == line.size() || line.compare(end, 2, ": ") == 0) return true;
-  }
-  return false;
-}
-
 struct Outcome {
   int status;
   std::string out, err;
@@ -142,6 +135,22 @@ Outcome RunQuorl(std::string const& quorl, std::string const& script,
                   ReadFile(scratch + "/stdout"), ReadFile(scratch + "/stderr")};
   system(("rm -rf '" + scratch + "'").c_str());
   return outcome;
+}
+
+// A line "SCRIPT[:LINE]: runtime error: TEXT..." as expected.
+bool HasRuntimeError(std::vector<std::string> const& lines,
+                     std::string const& script, Expectations const& expected) {
+  std::string where = expected.runtimeLine.empty()
+                          ? std::string()
+                          : ":" + expected.runtimeLine;
+  for (std::string const& line : lines) {
+    if (line.compare(0, script.size(), script) != 0) continue;
+    size_t at = line.find(expected.runtimeError);
+    if (at == std::string::npos) continue;
+    std::string between = line.substr(script.size(), at - script.size());
+    if (where.empty() || between == where) return true;
+  }
+  return false;
 }
 
 int Fail(std::string const& what, Outcome const& outcome) {
@@ -187,7 +196,7 @@ int main(int argc, char** argv) {
   if (expected.errors.empty() && expected.runtimeError.empty() && !outcome.err.empty())
     return Fail("unexpected standard error", outcome);
   if (!expected.runtimeError.empty() &&
-      !HasRuntimeError(outcome.err, script, expected.runtimeError))
+      !HasRuntimeError(Lines(outcome.err), script, expected))
     return Fail("missing '" + expected.runtimeError + "'", outcome);
   if (!expected.frames.empty()) {
     std::vector<std::string> err = Lines(outcome.err), frames;

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "Compiler/BackEnds/Minilinker/ScriptCallStack.h"
+#include "Compiler/BackEnds/codegenerator.h"
 #include "Compiler/InterRep.h"
 
 namespace {
@@ -15,6 +16,12 @@ std::string Text(string const& text) {
 }
 
 std::string Number(unsigned long value) { return std::to_string(value); }
+
+// The main body is listed under the name its call stack frames have.
+std::string FunctionName(string const& linkName) {
+  if (linkName == string(kMainBodyFunctionName)) return kMainBodyFrameName;
+  return Text(ReadableFunctionName(linkName));
+}
 
 // Where a symbol's value lives, as a debugger would find it.
 std::string Place(DebuggerSymbol const& symbol) {
@@ -75,7 +82,7 @@ void ListFunctions(DebuggerSymbols& symbols, std::string* out) {
     symbols.mLineTables.GetEntry(iter->Key(), lines);
     unsigned int parameters = 0;
     symbols.mParameterSpaces.GetEntry(iter->Key(), parameters);
-    *out += "  " + Text(ReadableFunctionName(iter->Key())) + "  code " +
+    *out += "  " + FunctionName(iter->Key()) + "  code " +
             Number(extent.offset) + "-" + Number(extent.offset + extent.length) +
             ", " + LineRange(lines) + ", parameters " + Number(parameters) +
             " bytes\n";
@@ -98,7 +105,7 @@ void ListScopes(DebuggerCodeModuleData& data, std::string* out) {
     }
     if (mine->Count()) {
       std::string scope = table->Name().Length()
-                              ? Text(ReadableFunctionName(table->Name()))
+                              ? FunctionName(table->Name())
                               : std::string(kBlockScopeName);
       locals += "  " + scope + " (lines " +
                 Number(table->mStartLine + 1) + "-" +

@@ -3,6 +3,7 @@
 #include "Common/Arrays/RuntimeArrays.h"
 #include "Common/ObjectModel/RuntimeDelegates.h"
 #include "Common/ObjectModel/RuntimeExceptionFoundation.h"
+#include "Common/RuntimeExternalFunctions.h"
 #include "Common/RuntimeStringFoundation.h"
 #include "Common/Variants/RuntimeVariants.h"
 #include "Compiler/BackEnds/Minilinker/QuorlScriptIntrinsics.h"
@@ -16,7 +17,6 @@ struct OwnEntry {
 };
 
 #define QUORL_OWN(name, function) {name, reinterpret_cast<void*>(&function)}
-#define QUORL_NOT_YET(name) {name, nullptr}
 
 // The plug-in serves these itself, in this order.
 OwnEntry const kOwnEntries[] = {
@@ -44,7 +44,17 @@ OwnEntry const kOwnEntries[] = {
     QUORL_OWN("RaiseNilObjectException", RaiseNilObjectException),
     QUORL_OWN("RaiseIllegalCastException", RaiseIllegalCastException),
     QUORL_OWN("RaiseOutOfBoundsException", RaiseOutOfBoundsException),
-    QUORL_NOT_YET("RuntimeRaiseFunctionNotFoundException"),
+    QUORL_OWN("RuntimeRaiseFunctionNotFoundException",
+              RuntimeRaiseFunctionNotFoundException),
+    QUORL_OWN("LoadFunctionPointerFromLibrary", LoadFunctionPointerFromLibrary),
+    // The exception classes, by the link names their declarations carry.
+    QUORL_OWN("RuntimeExceptionLookup", RuntimeExceptionLookup),
+    QUORL_OWN("OutOfMemoryExceptionLookup", OutOfMemoryExceptionLookup),
+    QUORL_OWN("NilObjectExceptionLookup", NilObjectExceptionLookup),
+    QUORL_OWN("IllegalCastExceptionLookup", IllegalCastExceptionLookup),
+    QUORL_OWN("TypeMismatchExceptionLookup", TypeMismatchExceptionLookup),
+    QUORL_OWN("OutOfBoundsExceptionLookup", OutOfBoundsExceptionLookup),
+    QUORL_OWN("StackOverflowExceptionLookup", StackOverflowExceptionLookup),
     // The object model and the arrays too: objects live on this copy's
     // lists and raise through this copy's exception state, so a host's
     // own copy of them must not serve a script.
@@ -104,10 +114,12 @@ OwnEntry const kOwnEntries[] = {
     QUORL_OWN("ObjectToVariant", ObjectToVariant),
     QUORL_OWN("StringToVariant", StringToVariant),
     QUORL_OWN("BooleanToVariant", BooleanToVariant),
+    // A string sum that cannot be stored raises the out-of-memory
+    // exception, which only this copy's exception state can raise.
+    QUORL_OWN("RuntimeAddString", RuntimeAddString),
 };
 
 #undef QUORL_OWN
-#undef QUORL_NOT_YET
 
 }  // namespace
 

@@ -5,7 +5,6 @@
 
 #include "Common/ObjectModel/RuntimeThread.h"
 #include "Compiler/BackEnds/Minilinker/minilinker.h"
-#include "Compiler/BackEnds/codegenerator.h"
 
 char const* const kMainBodyFrameName = "<main>";
 
@@ -38,14 +37,14 @@ std::vector<FunctionStart> FunctionStarts(RunReadyCode const* code) {
   return starts;
 }
 
-// The link name of the function whose code holds `offset`: the last one
-// that starts at or before it.
-string FunctionAt(std::vector<FunctionStart> const& starts,
-                  unsigned long offset) {
+// The function whose code holds `offset`: the last one that starts at or
+// before it; null before the first.
+FunctionStart const* FunctionAt(std::vector<FunctionStart> const& starts,
+                                unsigned long offset) {
   FunctionStart probe = {offset, string()};
   auto after = std::upper_bound(starts.begin(), starts.end(), probe);
-  if (after == starts.begin()) return string();
-  return (after - 1)->mLinkName;
+  if (after == starts.begin()) return nullptr;
+  return &*(after - 1);
 }
 
 }  // namespace
@@ -81,10 +80,16 @@ ScriptCallStack NotedScriptCallStack(RunReadyCode const* code) {
   ScriptCallStack stack;
   std::vector<FunctionStart> starts = FunctionStarts(code);
   unsigned char const* base = code->Code()->Buffer();
+  unsigned long mainBody = static_cast<unsigned long>(
+      reinterpret_cast<unsigned char const*>(code->Entrypoint()) - base);
   for (unsigned long i = 0; i < sNoted.mCount; i++) {
     ScriptStackFrame frame;
-    frame.mFunction = ReadableFunctionName(
-        FunctionAt(starts, static_cast<unsigned long>(sNoted.mReturns[i] - base)));
+    FunctionStart const* start = FunctionAt(
+        starts, static_cast<unsigned long>(sNoted.mReturns[i] - base));
+    if (start && start->mOffset == mainBody)
+      frame.mFunction = string(kMainBodyFrameName);
+    else if (start)
+      frame.mFunction = ReadableFunctionName(start->mLinkName);
     frame.mLine = code->LineAt(sNoted.mReturns[i]);
     stack.mFrames.push_back(frame);
   }
@@ -93,7 +98,6 @@ ScriptCallStack NotedScriptCallStack(RunReadyCode const* code) {
 }
 
 string ReadableFunctionName(string const& linkName) {
-  if (linkName == string(kMainBodyFunctionName)) return string(kMainBodyFrameName);
   char const* text = linkName.CString();
   for (unsigned long i = 1; i < linkName.Length(); i++)
     if (text[i] == '%') return left(linkName, static_cast<int>(i));

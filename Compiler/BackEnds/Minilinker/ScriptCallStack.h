@@ -40,7 +40,8 @@ unsigned long NotedRaiseLine(RunReadyCode const* code);
 ScriptCallStack NotedScriptCallStack(RunReadyCode const* code);
 
 // The name a person knows a function by, from its link name: the text
-// before the signature ("Shape.Area%f8%o<Shape>i4" is "Shape.Area").
+// before the signature ("Shape.Area%f8%o<Shape>i4" is "Shape.Area"). Names
+// of the compiler's own ("% main") stay as they are.
 string ReadableFunctionName(string const& linkName);
 
 #endif

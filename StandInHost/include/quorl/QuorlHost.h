@@ -307,11 +307,12 @@ struct StackFrame {
 struct ScriptError {
   enum class Kind {
     Compile,  // a compile error: number, summary, message, line, column
-    Runtime,  // an exception no handler caught: class, message, line
+    Runtime,  // an exception no handler caught: class, message, number, line
     Stopped,  // the host stopped the run (Script::Stop or a yield hook)
   };
   Kind kind = Kind::Compile;
-  int number = 0;              // the compile error's number
+  int number = 0;              // the compile error's number; an
+                               // exception's ErrorNumber
   std::string summary;         // the number's text: "unknown name"
   std::string message;         // "unknown name: Foo"; an exception's message
   std::string exceptionClass;  // "OutOfBoundsException"
