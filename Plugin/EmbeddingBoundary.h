@@ -128,6 +128,10 @@ struct QuorlEngineOperations {
   int32_t (*mCallFunction)(VELDObject instance, char const* name,
                            QuorlValue const* arguments, int32_t count,
                            QuorlValue* result);
+  // Stops the script that called the host function now running, right
+  // there, as a stop asked for by mRequestStop would at the next yield.
+  // The host function must return at once; its result is ignored.
+  void (*mStopNow)();
 };
 
 // "QuorlTakeEngineOperations": the host keeps the table (it lives as long

@@ -48,6 +48,7 @@ QuorlEngineOperations const kOperations = {
     AddHostFunction,
     RaiseScriptException,
     CallFunction,
+    RaiseStopNow,
 };
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "QuorlRunner/CommandLine.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <functional>
 
@@ -28,6 +29,14 @@ std::vector<OptionRow> const& Options() {
   static std::vector<OptionRow> const options = {
       {"help", "-h", nullptr, "show this help and exit",
        [](RunnerOptions& o, std::string const&) { o.help = true; }},
+      {"version", nullptr, nullptr, "show the version and exit",
+       [](RunnerOptions& o, std::string const&) { o.version = true; }},
+      {"execute", "-e", "TEXT",
+       "run the program TEXT; no file is read, and every operand goes to the script",
+       [](RunnerOptions& o, std::string const& v) {
+         o.programText = v;
+         o.hasProgramText = true;
+       }},
       {"check", nullptr, nullptr, "compile the script without running it",
        [](RunnerOptions& o, std::string const&) { o.check = true; }},
       {"dump-tac", nullptr, nullptr,
@@ -96,23 +105,58 @@ bool ApplyOption(std::vector<std::string> const& arguments, size_t& index,
   return result.error.empty();
 }
 
-bool AddOperand(std::string const& operand, CommandLine& result) {
-  if (!result.options.file.empty()) {
-    result.error = "too many arguments: '" + operand + "'";
-    return false;
+// The first operand is the file, unless -e gave the program; it and all
+// that follow belong to the script.
+void TakeOperands(std::vector<std::string> const& arguments, size_t first,
+                  RunnerOptions& options) {
+  size_t next = first;
+  if (!options.hasProgramText) options.file = arguments[next++];
+  options.scriptArguments.assign(arguments.begin() + next, arguments.end());
+}
+
+// The description column starts after the widest option; descriptions wrap
+// at the width of a terminal.
+size_t const kHelpIndent = 2;
+size_t const kHelpGap = 2;
+size_t const kHelpWidth = 79;
+
+// "-e, --execute TEXT"; a long name without a short one is indented as if
+// it had one, so that the long names line up.
+std::string OptionName(OptionRow const& option) {
+  std::string left = option.shortName ? std::string(option.shortName) + ", " : "    ";
+  left += std::string("--") + option.name;
+  if (option.valueName) left += std::string(" ") + option.valueName;
+  return left;
+}
+
+// `text` broken at spaces into lines of at most `width`, each after
+// `indent` spaces except the first.
+std::string Wrapped(std::string const& text, size_t indent, size_t width) {
+  std::string result, line;
+  size_t start = 0;
+  while (start < text.size()) {
+    size_t end = text.find(' ', start);
+    if (end == std::string::npos) end = text.size();
+    std::string word = text.substr(start, end - start);
+    if (!line.empty() && line.size() + 1 + word.size() > width) {
+      result += line + "\n" + std::string(indent, ' ');
+      line.clear();
+    }
+    line += (line.empty() ? "" : " ") + word;
+    start = end + 1;
   }
-  result.options.file = operand;
-  return true;
+  return result + line + "\n";
 }
 
 std::string OptionHelp() {
+  size_t column = 0;
+  for (OptionRow const& option : Options())
+    column = std::max(column, kHelpIndent + OptionName(option).size() + kHelpGap);
   std::string text;
   for (OptionRow const& option : Options()) {
-    std::string left = std::string("  --") + option.name;
-    if (option.valueName) left += std::string(" ") + option.valueName;
-    if (option.shortName) left += std::string(", ") + option.shortName;
-    left.resize(left.size() < 20 ? 20 : left.size() + 1, ' ');
-    text += left + option.help + "\n";
+    std::string left = std::string(kHelpIndent, ' ') + OptionName(option);
+    left.resize(column, ' ');
+    text += left + Wrapped(option.help, column, kHelpWidth - column);
   }
   return text;
 }
@@ -121,36 +165,45 @@ std::string OptionHelp() {
 
 CommandLine ParseCommandLine(std::vector<std::string> const& arguments) {
   CommandLine result;
-  bool optionsEnded = false;
-  for (size_t i = 0; i < arguments.size(); ++i) {
+  RunnerOptions& options = result.options;
+  size_t i = 0;
+  for (; i < arguments.size(); ++i) {
     std::string const& argument = arguments[i];
-    if (!optionsEnded && argument == "--") {
-      optionsEnded = true;
-      continue;
+    if (argument == "--") {
+      ++i;
+      break;
     }
-    bool ok = !optionsEnded && IsOption(argument)
-                  ? ApplyOption(arguments, i, result)
-                  : AddOperand(argument, result);
-    if (!ok) return result;
+    if (!IsOption(argument)) break;
+    if (!ApplyOption(arguments, i, result)) return result;
   }
-  if (result.options.timeLimit < 0)
+  if (i < arguments.size()) TakeOperands(arguments, i, options);
+  bool needsProgram = !options.help && !options.version;
+  if (options.timeLimit < 0)
     result.error = "--time-limit needs a positive number of seconds";
-  else if (result.options.file.empty() && !result.options.help)
+  else if (needsProgram && options.file.empty() && !options.hasProgramText)
     result.error = "no script file given";
-  else if (result.options.target != "ia32" && result.options.target != "ppc")
+  else if (options.target != "ia32" && options.target != "ppc")
     result.error = "--target must be ia32 or ppc";
-  else if ((result.options.target == "ppc") != !result.options.emitObject.empty())
+  else if ((options.target == "ppc") != !options.emitObject.empty())
     result.error = "--target ppc and --emit-object OUT go together";
   return result;
 }
 
-std::string UsageLine() { return "usage: quorl [OPTIONS] FILE"; }
+std::string UsageLine() {
+  return "usage: quorl [OPTIONS] FILE [ARGUMENTS...]\n"
+         "       quorl [OPTIONS] -e TEXT [ARGUMENTS...]";
+}
+
+std::string VersionText() {
+  return std::string("quorl ") + kRunnerVersion + "\n";
+}
 
 std::string HelpText() {
   return UsageLine() +
          "\n"
          "Compiles and runs the QuorlScript program in FILE ('-' reads it\n"
-         "from standard input).\n"
+         "from standard input). Options come before FILE; what follows it\n"
+         "belongs to the script.\n"
          "\n"
          "Options:\n" +
          OptionHelp() +
@@ -158,9 +211,17 @@ std::string HelpText() {
          "Print writes its text and a line feed to standard output. Input\n"
          "writes its prompt to standard output and reads one line from\n"
          "standard input; at the end of input it reads an empty line.\n"
-         "Compile errors go to standard error as 'FILE:LINE: error NUMBER:\n"
-         "MESSAGE', an uncaught exception as 'FILE:LINE: runtime error:\n"
-         "CLASS: MESSAGE'.\n"
+         "Compile errors go to standard error as\n"
+         "'FILE:LINE:COLUMN: error NUMBER: MESSAGE' with the line and a caret\n"
+         "under the place, a runtime error as\n"
+         "'FILE:LINE: runtime error: CLASS: MESSAGE'.\n"
+         "\n"
+         "The script's context:\n"
+         "  ArgCount                     how many ARGUMENTS there are\n"
+         "  Args(index As Integer)       one of them, from 0\n"
+         "  Environment(name As String)  an environment variable; \"\" when unset\n"
+         "  Quit(status As Integer)      ends the script at once with that exit\n"
+         "                               status; Finally blocks still run\n"
          "\n"
          "Environment:\n"
          "  QUORL_PLUGIN  the script engine to load when --plugin is not\n"
@@ -174,10 +235,12 @@ std::string HelpText() {
          "  64  the command line is wrong\n"
          "  66  the script file cannot be read\n"
          "  69  the script engine cannot be loaded\n"
-         "  70  the script engine failed\n";
+         "  70  the script engine failed\n"
+         "  N   the script called Quit(N) (0 to 255)\n";
 }
 
 std::string DisplayName(RunnerOptions const& options) {
+  if (options.hasProgramText) return kCommandLineProgramName;
   return options.file == kStandardInputOperand ? kStandardInputName
                                                : options.file;
 }

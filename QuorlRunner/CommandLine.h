@@ -11,9 +11,17 @@ namespace runner {
 // What the file operand "-" stands for, and how that file is shown.
 constexpr char kStandardInputOperand[] = "-";
 constexpr char kStandardInputName[] = "<stdin>";
+// How a program given with -e is shown.
+constexpr char kCommandLineProgramName[] = "<command line>";
+// What --version prints after the program's name.
+constexpr char kRunnerVersion[] = "1.0";
 
 struct RunnerOptions {
   std::string file;  // kStandardInputOperand for standard input
+  std::string programText;  // the program given with -e
+  bool hasProgramText = false;
+  std::vector<std::string> scriptArguments;  // everything after the file
+  bool version = false;
   bool check = false;
   bool dumpTac = false;
   bool debugSymbols = false;  // list the debug tables instead of running
@@ -31,14 +39,16 @@ struct CommandLine {
   std::string error;  // set for a usage error
 };
 
-// Parses the arguments after the program name. Options may come before or
-// after the file; "--" ends them; "--name=value" and "--name value" both
-// give a value.
+// Parses the arguments after the program name. Options come first; the
+// first operand is the file (unless -e gave the program) and everything
+// after it belongs to the script. "--" ends the options; "--name=value" and
+// "--name value" both give a value.
 CommandLine ParseCommandLine(std::vector<std::string> const& arguments);
 
-// The one-line synopsis, and the whole text of --help.
+// The one-line synopsis, the whole text of --help, and of --version.
 std::string UsageLine();
 std::string HelpText();
+std::string VersionText();
 
 // How the file appears in messages.
 std::string DisplayName(RunnerOptions const& options);

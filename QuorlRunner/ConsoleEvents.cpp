@@ -1,10 +1,12 @@
 #include "QuorlRunner/ConsoleEvents.h"
 
-#include "Plugin/CompileErrorMessages.h"
+#include "QuorlRunner/Diagnostics.h"
 
 namespace quorl {
 namespace runner {
 namespace {
+
+int const kSyntaxErrorNumber = 1;
 
 void Write(std::FILE* stream, std::string const& text) {
   std::fwrite(text.data(), 1, text.size(), stream);
@@ -14,59 +16,37 @@ void Write(std::FILE* stream, std::string const& text) {
 // output is a buffered pipe.
 void Report(Console const& console, std::string const& text) {
   std::fflush(console.out);
-  Write(console.err, text + "\n");
+  Write(console.err, text);
 }
 
-// Lines count from 0 in the engine and from 1 for people.
-std::string CompileErrorLine(std::string const& fileName, int line,
-                             int number) {
-  return fileName + ":" + std::to_string(line + 1) + ": error " +
-         std::to_string(number) + ": " + CompileErrorSummary(number);
+// One mistake often makes more than one report: the parser's recovery
+// may stumble again on the rest of a line it could not read, and one place
+// may be reported twice. Only the first report of a place, and nothing
+// after a syntax error on the same line, reaches the user.
+bool IsEcho(EventCounts& counts, ScriptError const& error) {
+  if (error.line == 0) return false;
+  if (error.line == counts.syntaxErrorLine) return true;
+  if (error.number == kSyntaxErrorNumber) counts.syntaxErrorLine = error.line;
+  return !counts.reported.insert({error.line, error.column, error.number}).second;
 }
 
-// An exception nobody caught, with the line it was raised at when known
-// and its message when it has one. The detail of the error came just
-// before its event.
-std::string RuntimeErrorLine(Script const& script, std::string const& fileName,
-                             std::string const& exceptionClass) {
-  std::vector<ScriptError> const& errors = script.Errors();
-  if (errors.empty() || errors.back().kind != ScriptError::Kind::Runtime)
-    return fileName + ": runtime error: " + exceptionClass;
-  ScriptError const& error = errors.back();
-  std::string where =
-      error.line > 0 ? fileName + ":" + std::to_string(error.line) : fileName;
-  std::string text = where + ": runtime error: " + error.exceptionClass;
-  return error.message.empty() ? text : text + ": " + error.message;
-}
-
-// Below the error line, the frames of the script where the exception was
-// raised, innermost first, as "  at Leaf (FILE:LINE)"; a frame repeated
-// more than kRepeatsShown times in a row (a recursion) is shown once with
-// the count of its repeats. The detail of the error came just before its
-// event.
-size_t const kRepeatsShown = 3;
-
-std::string CallStackText(Script const& script, std::string const& fileName) {
-  std::vector<ScriptError> const& errors = script.Errors();
-  if (errors.empty() || errors.back().kind != ScriptError::Kind::Runtime)
-    return "";
-  std::vector<StackFrame> const& frames = errors.back().callStack;
-  std::string text;
-  for (size_t i = 0; i < frames.size();) {
-    size_t same = i + 1;
-    while (same < frames.size() && frames[same].function == frames[i].function &&
-           frames[same].line == frames[i].line)
-      same++;
-    size_t shown = same - i > kRepeatsShown ? 1 : same - i;
-    for (size_t k = 0; k < shown; k++)
-      text += "\n  at " + frames[i].function + " (" + fileName + ":" +
-              std::to_string(frames[i].line) + ")";
-    if (shown < same - i)
-      text += "\n  ... the same " + std::to_string(same - i - 1) + " more times";
-    i = same;
+void ReportError(Console const& console, std::string const& fileName,
+                 std::string const& source, EventCounts& counts,
+                 ScriptError const& error) {
+  switch (error.kind) {
+    case ScriptError::Kind::Compile:
+      if (!IsEcho(counts, error))
+        Report(console, FormatCompileError(fileName, source, error));
+      ++counts.compileErrors;
+      break;
+    case ScriptError::Kind::Runtime:
+      ++counts.runtimeErrors;
+      Report(console, FormatRuntimeError(fileName, error));
+      break;
+    case ScriptError::Kind::Stopped:
+      counts.stopped = true;
+      break;
   }
-  if (!errors.back().callStackComplete) text += "\n  ... and deeper frames";
-  return text;
 }
 
 }  // namespace
@@ -80,7 +60,8 @@ std::string ReadLine(std::FILE* in) {
 }
 
 void ConnectConsole(Script& script, Console const& console,
-                    std::string const& fileName, EventCounts& counts) {
+                    std::string const& fileName, std::string const& source,
+                    EventCounts& counts) {
   script.OnPrint([console](std::string const& message) {
     Write(console.out, message + "\n");
   });
@@ -89,24 +70,15 @@ void ConnectConsole(Script& script, Console const& console,
     std::fflush(console.out);
     return ReadLine(console.in);
   });
-  script.OnCompilerError([console, fileName, &counts](int line, int number,
-                                                      std::string const&) {
-    ++counts.compileErrors;
-    Report(console, CompileErrorLine(fileName, line, number));
-  });
-  script.OnRuntimeError([console, fileName, &counts, &script](
-                            int, std::string const& exceptionClass) {
-    ++counts.runtimeErrors;
-    Report(console, RuntimeErrorLine(script, fileName, exceptionClass) +
-                        CallStackText(script, fileName));
+  script.OnError([console, fileName, source, &counts](ScriptError const& error) {
+    ReportError(console, fileName, source, counts, error);
   });
 }
 
 void DisconnectConsole(Script& script) {
   script.OnPrint(nullptr);
   script.OnInput(nullptr);
-  script.OnCompilerError(nullptr);
-  script.OnRuntimeError(nullptr);
+  script.OnError(nullptr);
 }
 
 }  // namespace runner

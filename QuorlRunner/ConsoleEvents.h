@@ -4,7 +4,9 @@
 #define QUORLRUNNER_CONSOLEEVENTS_H
 
 #include <cstdio>
+#include <set>
 #include <string>
+#include <tuple>
 
 #include "quorl/QuorlHost.h"
 
@@ -21,14 +23,21 @@ struct Console {
 struct EventCounts {
   int compileErrors = 0;
   int runtimeErrors = 0;
+  bool stopped = false;  // the host stopped the run
+  // The places compile errors were reported at, to hold back their echoes:
+  // line, column and number.
+  std::set<std::tuple<int, int, int>> reported;
+  int syntaxErrorLine = 0;  // the last line with a syntax error
 };
 
-// Connects the four events of `script`. `fileName` is how reports name the
-// script. The counts must outlive the script's runs.
+// Connects the script's output, input and errors. `fileName` is how
+// reports name the script, `source` the text they quote. The counts must
+// outlive the script's runs.
 void ConnectConsole(Script& script, Console const& console,
-                    std::string const& fileName, EventCounts& counts);
+                    std::string const& fileName, std::string const& source,
+                    EventCounts& counts);
 
-// Removes the four handlers again.
+// Removes the handlers again.
 void DisconnectConsole(Script& script);
 
 // One line of input without its line end; "" at the end of input.

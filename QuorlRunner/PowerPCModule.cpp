@@ -8,6 +8,7 @@
 #include "Plugin/QuorlInterpreter.h"
 #include "Plugin/QuorlScriptClass.h"
 #include "QuorlRunner/ExitStatus.h"
+#include "QuorlRunner/ScriptContext.h"
 
 extern "C" void VELDPluginMain(VELDResolver resolver);
 
@@ -19,7 +20,9 @@ int EmitPowerPCModule(RunnerOptions const& options, std::string const& text,
   Attach(&VELDPluginMain);
   Script script;
   EventCounts counts;
-  ConnectConsole(script, console, DisplayName(options), counts);
+  ContextState context;
+  GiveContext(script, context);
+  ConnectConsole(script, console, DisplayName(options), text, counts);
   script.SetSource(text);
   QuorlScriptInterface* engine = QuorlScriptDataOf(script.Instance())->mInterface;
   StringMapCase<string> shapes;

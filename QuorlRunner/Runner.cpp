@@ -7,6 +7,7 @@
 
 #include "QuorlRunner/ExitStatus.h"
 #include "QuorlRunner/PowerPCModule.h"
+#include "QuorlRunner/ScriptContext.h"
 #include "QuorlRunner/ScriptText.h"
 #include "QuorlRunner/StaticClassDataEngine.h"
 #include "QuorlRunner/TacDump.h"
@@ -28,10 +29,19 @@ int UsageError(Console const& console, std::string const& message) {
   return kExitUsage;
 }
 
-int StatusOf(EventCounts const& counts) {
+int StatusOf(EventCounts const& counts, ContextState const& context) {
   if (counts.compileErrors) return kExitCompileErrors;
   if (counts.runtimeErrors) return kExitRuntimeError;
+  if (counts.stopped && context.quit) return context.exitStatus;
   return kExitCompleted;
+}
+
+// A byte-order mark says only that the file is UTF-8, which scripts are.
+char const kUtf8ByteOrderMark[] = "\xEF\xBB\xBF";
+
+void SkipByteOrderMark(std::string& text) {
+  if (text.compare(0, sizeof kUtf8ByteOrderMark - 1, kUtf8ByteOrderMark) == 0)
+    text.erase(0, sizeof kUtf8ByteOrderMark - 1);
 }
 
 // Keeps the console connected for one call: the handlers count into a
@@ -39,9 +49,10 @@ int StatusOf(EventCounts const& counts) {
 class ConsoleConnection {
  public:
   ConsoleConnection(Script& script, Console const& console,
-                    std::string const& fileName, EventCounts& counts)
+                    std::string const& fileName, std::string const& source,
+                    EventCounts& counts)
       : mScript(script) {
-    ConnectConsole(script, console, fileName, counts);
+    ConnectConsole(script, console, fileName, source, counts);
   }
   ~ConsoleConnection() { DisconnectConsole(mScript); }
 
@@ -56,14 +67,19 @@ class ConsoleConnection {
 int ExecuteScript(Script& script, RunnerOptions const& options,
                   std::string const& text, Console const& console) {
   EventCounts counts;
-  ConsoleConnection connection(script, console, DisplayName(options), counts);
+  ContextState context;
+  context.arguments = options.scriptArguments;
+  GiveContext(script, context);
+  ConsoleConnection connection(script, console, DisplayName(options), text,
+                               counts);
   script.SetSource(text);
   if (options.check)
     script.Precompile();
   else
     script.Run();
+  script.SetContext(nullptr);
   std::fflush(console.out);
-  return StatusOf(counts);
+  return StatusOf(counts, context);
 }
 
 // The time limit stops the script the way any host stops one: the yield
@@ -101,9 +117,10 @@ int RunScript(RunnerOptions const& options, std::string const& text,
   } catch (TimeLimitReached const&) {
     char limit[32];
     std::snprintf(limit, sizeof limit, "%g", options.timeLimit);
+    char const* unit = options.timeLimit == 1 ? " second" : " seconds";
     return Fail(console, DisplayName(options) +
                              ": stopped after the time limit of " + limit +
-                             " seconds", kExitTimeLimit);
+                             unit, kExitTimeLimit);
   } catch (LoadError const& e) {
     return Fail(console, e.what(), kExitEngineUnavailable);
   } catch (UnknownClass const& e) {
@@ -119,16 +136,19 @@ int RunCommand(std::vector<std::string> const& arguments,
                Console const& console) {
   CommandLine command = ParseCommandLine(arguments);
   if (!command.error.empty()) return UsageError(console, command.error);
-  if (command.options.help) {
-    std::fputs(HelpText().c_str(), console.out);
+  if (command.options.help || command.options.version) {
+    std::string text = command.options.help ? HelpText() : VersionText();
+    std::fputs(text.c_str(), console.out);
     return kExitCompleted;
   }
-  std::string text, error;
-  if (!ReadScriptText(command.options.file, text, error)) {
+  std::string text = command.options.programText, error;
+  if (!command.options.hasProgramText &&
+      !ReadScriptText(command.options.file, text, error)) {
     return Fail(console,
                 "cannot read " + DisplayName(command.options) + ": " + error,
                 kExitUnreadableFile);
   }
+  SkipByteOrderMark(text);
   return RunScript(command.options, text, console);
 }
 

@@ -7,6 +7,7 @@
 #include "Plugin/QuorlInterpreter.h"
 #include "Plugin/QuorlScriptClass.h"
 #include "QuorlRunner/ExitStatus.h"
+#include "QuorlRunner/ScriptContext.h"
 
 extern "C" void VELDPluginMain(VELDResolver resolver);
 
@@ -24,7 +25,9 @@ int DumpListing(RunnerOptions const& options, std::string const& text,
   Attach(&VELDPluginMain, host);
   Script script;
   EventCounts counts;
-  ConnectConsole(script, console, DisplayName(options), counts);
+  ContextState context;
+  GiveContext(script, context);
+  ConnectConsole(script, console, DisplayName(options), text, counts);
   script.SetSource(text);
   string listing;
   QuorlScriptInterface* engine = QuorlScriptDataOf(script.Instance())->mInterface;

@@ -2,6 +2,7 @@
 // of a hand-written one, and the strings and exceptions that cross.
 #include <strings.h>
 
+#include <cstddef>
 #include <sstream>
 
 #include "StandInHost/HostState.h"
@@ -81,10 +82,50 @@ void* StringToScript(std::string const& text) {
   return text.empty() ? nullptr : standin::NewHostString(text);
 }
 
+namespace {
+
+struct PendingRaise {
+  bool stop = false;
+  std::string className;
+  std::string message;
+};
+
+// Lives as long as its thread: nothing of it is left to destroy when a
+// raise leaves the frames that set it.
+thread_local PendingRaise tPending;
+
+}  // namespace
+
+void SetPendingRaise(char const* className, char const* message) {
+  tPending.stop = false;
+  tPending.className = className;
+  tPending.message = message;
+}
+
+void SetPendingStop() { tPending.stop = true; }
+
 void RaiseInScript(char const* className, char const* message) {
   QuorlEngineOperations const* engine = standin::Host().engine;
   if (engine && engine->mRaiseScriptException)
     engine->mRaiseScriptException(className, message);
+}
+
+void RaisePending() {
+  QuorlEngineOperations const* engine = standin::Host().engine;
+  if (!tPending.stop) {
+    RaiseInScript(tPending.className.c_str(), tPending.message.c_str());
+    return;
+  }
+  tPending.stop = false;
+  bool offered = engine && engine->mSize > offsetof(QuorlEngineOperations, mStopNow) &&
+                 engine->mStopNow;
+  if (offered) engine->mStopNow();
+}
+
+void CheckReadable(std::string const& declaration) {
+  QuorlSignature declared;
+  if (Engine().mDescribeDeclaration(declaration.c_str(), &declared) != kQuorlCallDone)
+    throw BindingError("the declaration \"" + declaration + "\" does not read");
 }
 
 std::string CheckedDeclaration(std::string const& nameOrDeclaration,
@@ -93,9 +134,9 @@ std::string CheckedDeclaration(std::string const& nameOrDeclaration,
   std::string declaration = IsDeclaration(nameOrDeclaration)
                                 ? nameOrDeclaration
                                 : DerivedDeclaration(nameOrDeclaration, cpp);
+  CheckReadable(declaration);
   QuorlSignature declared;
-  if (engine.mDescribeDeclaration(declaration.c_str(), &declared) != kQuorlCallDone)
-    throw BindingError("the declaration \"" + declaration + "\" does not read");
+  engine.mDescribeDeclaration(declaration.c_str(), &declared);
   std::string why = Mismatch(declared, cpp);
   if (!why.empty())
     throw BindingError("the declaration \"" + declaration +

@@ -1,4 +1,6 @@
 // Classes the embedding program defines.
+#include <strings.h>
+
 #include <algorithm>
 
 #include "StandInHost/HostClasses.h"
@@ -41,21 +43,47 @@ std::string GetterDeclaration(std::string const& property) {
          property.substr(std::min(property.size(), property.find_first_of(" \t")));
 }
 
-// The members added in their checked forms, checked now if an engine is
-// there to read declarations.
+// A member hidden from scripts is still read: the engine skips its prefix.
+char const kPrivatePrefix[] = "Private ";
+
+std::string WithoutPrivatePrefix(std::string const& declaration) {
+  size_t const length = sizeof kPrivatePrefix - 1;
+  if (declaration.size() >= length &&
+      strncasecmp(declaration.c_str(), kPrivatePrefix, length) == 0)
+    return declaration.substr(length);
+  return declaration;
+}
+
+// Every member is checked now if an engine is there to read declarations:
+// those added in a checked or guarded form against their C++ functions, the
+// others for a declaration that reads, so that none is dropped silently
+// when a script is compiled.
 void CheckMembers(HostClass const& definition) {
   QuorlEngineOperations const* engine = standin::Host().engine;
   if (!engine || !engine->mDescribeDeclaration) return;
+  std::vector<bool> methodChecked(definition.Methods().size());
+  std::vector<bool> propertyChecked(definition.Properties().size());
   for (HostClass::Check const& check : definition.Checks()) {
     if (check.property) {
       std::string declaration = definition.Properties()[check.index].declaration;
       detail::CppSignature getter{check.signature.result, {}};
-      detail::CheckedDeclaration(GetterDeclaration(declaration), getter);
+      detail::CheckedDeclaration(GetterDeclaration(WithoutPrivatePrefix(declaration)),
+                                 getter);
+      propertyChecked[check.index] = true;
     } else {
-      detail::CheckedDeclaration(definition.Methods()[check.index].declaration,
-                                 check.signature);
+      detail::CheckedDeclaration(
+          WithoutPrivatePrefix(definition.Methods()[check.index].declaration),
+          check.signature);
+      methodChecked[check.index] = true;
     }
   }
+  for (size_t i = 0; i < methodChecked.size(); ++i)
+    if (!methodChecked[i])
+      detail::CheckReadable(WithoutPrivatePrefix(definition.Methods()[i].declaration));
+  for (size_t i = 0; i < propertyChecked.size(); ++i)
+    if (!propertyChecked[i])
+      detail::CheckReadable(GetterDeclaration(
+          WithoutPrivatePrefix(definition.Properties()[i].declaration)));
 }
 
 }  // namespace

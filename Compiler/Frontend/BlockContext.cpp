@@ -1,5 +1,6 @@
 #include "Compiler/Frontend/BlockContext.h"
 
+#include "Compiler/Frontend/Lexer.h"
 #include "Compiler/Frontend/ParserError.h"
 #include "Compiler/Frontend/SrcContext.h"
 #include "Compiler/SemBase.h"
@@ -73,6 +74,11 @@ BlockContext::Type DeclarationBlockType(Symbol* owner) {
 
 // Methods get an exit label for `Return` and `Exit Sub`; so does the global
 // module, whose exit is the end of the main body.
+void BlockContextList::Push(BlockContext const& block) {
+  mBlocks.push_back(block);
+  mBlocks.peek_back().SetOpeningLine(current_line());
+}
+
 void BlockContextList::Enter(Symbol* owner) {
   QASSERT(owner);
   BlockContext::Type type = DeclarationBlockType(owner);

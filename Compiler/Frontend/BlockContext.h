@@ -57,6 +57,9 @@ class BlockContext {
   TacAddr const* GetContinueAddr() const;
   bool IsLoop() const;
   bool IsMethod() const;
+  // The line (from 0) of the statement that opened the block.
+  unsigned int OpeningLine() const { return mOpeningLine; }
+  void SetOpeningLine(unsigned int line) { mOpeningLine = line; }
   SemBase* SelectExpr() const;
   void ClearSelectExpr();
 
@@ -67,6 +70,7 @@ class BlockContext {
   string mIdentifier;
   Symbol* mSymbol;
   SemBase* mSelectExpr;
+  unsigned int mOpeningLine = 0;
 };
 
 class BlockContextList {
@@ -106,7 +110,8 @@ class BlockContextList {
   BlockContext const& Top() const;
 
  private:
-  void Push(BlockContext const& block) { mBlocks.push_back(block); }
+  // A block is entered right after its opening line has been read.
+  void Push(BlockContext const& block);
   BlockContext* InnermostSelect() const;
 
   SimpleVector<BlockContext> mBlocks;

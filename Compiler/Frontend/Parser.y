@@ -9,9 +9,10 @@
  * the parse at any expression, and without a delegate the parse stops at
  * the first error.
  *
- * Error recovery has one rule, statements: statements error. A syntax
- * error inside a statement list resumes at the next statement of that list;
- * anywhere else the parse stops after one report.
+ * Error recovery has two rules: statements error, and the same for the
+ * top level's items. A syntax error inside a statement list resumes at the
+ * next statement of that list, one between top-level items at the next
+ * item; anywhere else the parse stops after one report.
  *
  * Token numbers are fixed by the lexer's table (LexerTokens.h);
  * ParserTokenCheck.cpp fails to compile when the two disagree.
@@ -41,6 +42,7 @@
 #include "Compiler/Frontend/Pragmas.h"
 #include "Compiler/Frontend/ProgramAssembly.h"
 #include "Compiler/Frontend/Structures.h"
+#include "Compiler/Frontend/SyntaxRecovery.h"
 #include "Compiler/Frontend/TacLiteralPool.h"
 #include "Compiler/Frontend/TypeNames.h"
 #include "Compiler/SemBase.h"
@@ -71,7 +73,9 @@ SemBase* NilLiteral() {
 // The stray-terminator report: `end` is nil when the block was closed by a
 // terminator of another block; the error stands at the block's opening.
 void CheckTerminator(SemBase* end, CompileErrorCode code, SemBase* head) {
-  if (!end) Error(code, head->Location());
+  if (end) return;
+  Error(code, head->Location());
+  NoteBlockClosedByAnotherEnd();
 }
 
 }  // namespace
@@ -227,9 +231,14 @@ top_item
   | statement
   ;
 
+/* A syntax error between top-level items resumes at the next line, so
+   that one run reports the errors of every line; one inside a class or
+   module ends the parse (ResumeAfterTopLevelError). */
 top_items
   : top_item
-  | top_items top_item  { $$ = ConcatList($1, $2); }
+  | top_items top_item          { $$ = ConcatList($1, $2); }
+  | error TK_EOL                { $$ = nullptr; if (!ResumeAfterTopLevelError()) YYABORT; yyerrok; }
+  | top_items error TK_EOL      { $$ = $1; if (!ResumeAfterTopLevelError()) YYABORT; yyerrok; }
   ;
 
 /* ---------------------------------------------------------------- methods */

@@ -4,6 +4,7 @@
 #include "Compiler/Frontend/Lexer.h"
 #include "Compiler/Frontend/ParserError.h"
 #include "Compiler/Frontend/SrcContext.h"
+#include "Compiler/Frontend/SyntaxRecovery.h"
 #include "Universal/Assertion.h"
 #include "Universal/ByteHelpers.h"
 
@@ -21,8 +22,11 @@ char const* ParserMessage(char const* generatorText) {
 void yyerror(char const* message) {
   QASSERT(gContext);
   gContext->mErrorFlag = 1;
-  bool overflow = ustrcmpi(message, kStackOverflowText) == 0;
-  Error(overflow ? kErrorParserStackOverflow : kErrorSyntax);
+  if (ustrcmpi(message, kStackOverflowText) == 0) {
+    Error(kErrorParserStackOverflow);
+    return;
+  }
+  ReportSyntaxError();
 }
 
 bool CheckDelegate() {

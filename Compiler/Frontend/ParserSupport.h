@@ -13,8 +13,9 @@ enum { kParserStackDepth = 400 };
 // stacks are full.
 char const* ParserMessage(char const* generatorText);
 
-// A syntax error (compile error 1) or a full stack (compile error 5), at
-// the current line; sets the compilation's error flag.
+// A syntax error (compile error 1, see SyntaxRecovery.h) or a full stack
+// (compile error 5, at the current line); sets the compilation's error
+// flag.
 void yyerror(char const* message);
 
 // True when the parse must stop now: the delegate asked to cancel or,

@@ -12,6 +12,7 @@
 #include "Compiler/CompilationState.h"
 #include "Compiler/Frontend/BlockContext.h"
 #include "Compiler/Frontend/LanguageOptions.h"
+#include "Compiler/Frontend/SyntaxRecovery.h"
 #include "Compiler/Frontend/TacLiteralPool.h"
 #include "Compiler/InterRep.h"
 #include "Compiler/SmartRef.h"
@@ -62,6 +63,7 @@ class SrcContext : public TacLiteralPool, public CompilationState {
   StringMap<string> mInitializers;
   StringMap<string> mFinalizers;
   BlockContextList blocks;
+  SyntaxRecoveryState mSyntaxRecovery;  // what the parse's recovery remembers
   long mConditionalDepth;                 // open #if blocks
   SimpleVector<bool> mConditionalStack;   // per #if: a branch was taken
   SemCode* mStubCode;  // invoker stubs, appended last; null until needed

@@ -41,13 +41,15 @@ class LexerSwap {
 
 }  // namespace
 
-void FlagError(string message) {
+void FlagError(string message) { FlagError(message, current_line()); }
+
+void FlagError(string message, unsigned int line) {
   sSyntaxError = true;
   if (!sDelegate) return;
   SimpleVector<string> arguments;
   arguments.push_back(message);
-  sDelegate->CompilerError(CompileError(
-      kErrorSyntax, SourceLocation(current_line()), arguments));
+  sDelegate->CompilerError(
+      CompileError(kErrorSyntax, SourceLocation(line), arguments));
 }
 
 void FlagNestingTooDeep() {

@@ -28,8 +28,10 @@ MethodSymbol* ExtractMethodDeclaration(string text, TypeSymbol* owner);
 // One property, "[scope] [Shared] [Dim] name[(...)] As type"; null if it is
 // none. The caller owns the result.
 PropertySymbol* ExtractPropertyDeclaration(string text);
-// Marks the unit as failed and reports `message` at the current line.
+// Marks the unit as failed and reports `message` at the current line, or at
+// `line` (from 0).
 void FlagError(string message);
+void FlagError(string message, unsigned int line);
 // Blocks (modules, classes, interfaces, structures) nest at most this deep:
 // the scanner reads each level in a frame of its own.
 enum { kDeepestDeclarationNesting = 256 };

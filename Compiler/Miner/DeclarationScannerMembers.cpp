@@ -68,12 +68,15 @@ MethodSymbol* DeclarationScanner::ParseFunctionDeclaration(TypeSymbol* owner,
 
 // Only "End" matters in a body, so End If, End Try and the like need no
 // understanding. The own ender is tested first: End Sub is no bad end in a
-// Sub.
+// Sub. A body the text ends in is reported at its header, the line to fix.
 void DeclarationScanner::ParseMethodBody(int endToken) {
+  unsigned int header = current_line();
+  string unclosed(endToken == kTokSub ? "no End Sub before the end of the text"
+                                      : "no End Function before the end of the text");
   for (;;) {
     Read();
     if (mToken == kTokEndOfText) {
-      FlagError("end of input in method body");
+      FlagError(unclosed, header);
       return;
     }
     if (mToken != kTokEnd) continue;
@@ -88,7 +91,7 @@ void DeclarationScanner::ParseMethodBody(int endToken) {
         FlagError("bad scope end in method body");
         return;
       case kTokEndOfText:
-        FlagError("end of input in method body");
+        FlagError(unclosed, header);
         return;
       default:
         break;

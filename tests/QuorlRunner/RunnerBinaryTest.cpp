@@ -90,11 +90,12 @@ TEST_F(RunnerBinary, CheckAndDumpTacReportSyntaxErrorsWithOneBasedLines) {
   EXPECT_EQ(check.out, "");
   // A mistyped terminator is reported at the block's opening line, and the
   // parse goes on to the next fault.
-  EXPECT_TRUE(Contains(check.err, "bad.bas:3: error 97: ")) << check.err;
-  EXPECT_TRUE(Contains(check.err, "bad.bas:6: error 1: ")) << check.err;
+  EXPECT_TRUE(Contains(check.err, "bad.bas:3:7: error 97: ")) << check.err;
+  EXPECT_TRUE(Contains(check.err, "bad.bas:6:7: error 1: syntax error: unexpected =\n"))
+      << check.err;
   Outcome dump = Run("--dump-tac bad.bas");
   EXPECT_EQ(dump.status, 1);
-  EXPECT_TRUE(Contains(dump.err, "bad.bas:6: error 1: ")) << dump.err;
+  EXPECT_TRUE(Contains(dump.err, "bad.bas:6:7: error 1: ")) << dump.err;
 }
 
 TEST_F(RunnerBinary, TheTimeLimitStopsARunawayScriptAfterItsOutput) {
@@ -130,6 +131,137 @@ TEST_F(RunnerBinary, DumpTacIsTheSameFromRunToRun) {
   EXPECT_TRUE(Contains(first.out, "PutParam        <correspondent> As Int32")) << first.out;
   EXPECT_TRUE(Contains(first.out, "Intrinsic       RuntimeInit")) << first.out;
   EXPECT_TRUE(Contains(first.out, "-> label 0000000")) << first.out;
+}
+
+// The place, the message with the name, the line and a caret under the
+// name: a tab stays a tab and a two-byte character takes one place, so the
+// caret lines up on a terminal.
+TEST_F(RunnerBinary, ACompileErrorShowsTheLineACaretAndTheName) {
+  WriteFile("typo.bas", "Dim total As Integer\n\tPrint \"\xC3\xA9\" + Str(totl)\n");
+  Outcome outcome = Run("typo.bas");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.err,
+            "typo.bas:2:19: error 11: unknown name: totl\n"
+            " 2 | \tPrint \"\xC3\xA9\" + Str(totl)\n"
+            "   | \t" + std::string(16, ' ') + "^\n");
+}
+
+// One mistake, one report: the rest of a line the parser could not read is
+// not reported again. A mistake inside a class ends the parse there.
+TEST_F(RunnerBinary, FollowOnErrorsOfOneMistakeAreHeldBack) {
+  WriteFile("echo.bas", "Dim x As Integer = = = 1\nx = 2 +\n");
+  Outcome echo = Run("echo.bas");
+  EXPECT_EQ(echo.status, 1);
+  EXPECT_EQ(echo.err,
+            "echo.bas:1:20: error 1: syntax error: unexpected =\n"
+            " 1 | Dim x As Integer = = = 1\n"
+            "   |                    ^\n"
+            "echo.bas:2:8: error 1: syntax error: unexpected end of line\n"
+            " 2 | x = 2 +\n"
+            "   |        ^\n");
+  // A block whose opening line was given up: its Else and End If are not
+  // mistakes of their own, the next real one is reported.
+  WriteFile("header.bas", "Dim x As Integer\nIf x = = 1 Then\n  x = 2\nElse\n"
+                          "  x = 3\nEnd If\nx = )\n");
+  Outcome header = Run("header.bas");
+  EXPECT_EQ(header.status, 1);
+  EXPECT_TRUE(Contains(header.err, "header.bas:2:8: error 1: ")) << header.err;
+  EXPECT_TRUE(Contains(header.err, "header.bas:7:5: error 1: ")) << header.err;
+  EXPECT_FALSE(Contains(header.err, "header.bas:4:")) << header.err;
+  EXPECT_FALSE(Contains(header.err, "header.bas:6:")) << header.err;
+  WriteFile("class.bas", "Class C\n  x = 1\nEnd Class\ny = )\n");
+  Outcome inClass = Run("class.bas");
+  EXPECT_EQ(inClass.status, 1);
+  EXPECT_TRUE(Contains(inClass.err, "class.bas:2:5: error 1: ")) << inClass.err;
+  EXPECT_FALSE(Contains(inClass.err, "class.bas:4:")) << inClass.err;
+}
+
+TEST_F(RunnerBinary, BlocksLeftOpenAreReportedWhereTheyOpen) {
+  WriteFile("sub.bas", "Print \"a\"\nSub Work()\n  Print \"b\"\n\n");
+  Outcome sub = Run("sub.bas");
+  EXPECT_EQ(sub.status, 1);
+  EXPECT_EQ(sub.err,
+            "sub.bas:2: error 1: syntax error: no End Sub before the end of the text\n"
+            " 2 | Sub Work()\n");
+  WriteFile("loop.bas", "Dim i As Integer\nWhile i < 3\n  For i = 1 To 2\n");
+  Outcome loop = Run("loop.bas");
+  EXPECT_TRUE(Contains(loop.err, "loop.bas:3: error 1: syntax error: no Next")) << loop.err;
+  // An If closed by End Sub is the one mistake: the Sub it leaves open at
+  // the end of the text is not another.
+  WriteFile("inner.bas", "Sub S()\n  If True Then\n    Print \"a\"\nEnd Sub\n");
+  Outcome inner = Run("inner.bas");
+  EXPECT_EQ(inner.status, 1);
+  EXPECT_EQ(inner.err, "inner.bas:2: error 95: If closed by another End\n"
+                       " 2 |   If True Then\n");
+  // Nor is the End Class that the Sub, its End taken, then meets.
+  WriteFile("method.bas", "Class C\n  Sub M()\n    While True\n  End Sub\nEnd Class\n");
+  Outcome method = Run("method.bas");
+  EXPECT_EQ(method.status, 1);
+  EXPECT_TRUE(Contains(method.err, "method.bas:3:")) << method.err;
+  EXPECT_FALSE(Contains(method.err, "method.bas:5:")) << method.err;
+}
+
+TEST_F(RunnerBinary, ARuntimeErrorGivesItsLineClassMessageAndCallStack) {
+  WriteFile("raise.bas", "Print \"before\"\nSub Fetch()\n  Print Args(3)\nEnd Sub\nFetch()\n");
+  Outcome outcome = Run("raise.bas one");
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.out, "before\n");
+  EXPECT_EQ(outcome.err,
+            "raise.bas:3: runtime error: OutOfBoundsException: there is no argument 3\n"
+            "  at Fetch (raise.bas:3)\n"
+            "  at <main> (raise.bas:5)\n");
+}
+
+// What follows the file is the script's, options included; the script
+// reads the arguments and the environment through its context, and Quit
+// ends it with a status at once, past any Catch but through its Finally.
+TEST_F(RunnerBinary, TheScriptGetsItsArgumentsTheEnvironmentAndAnExitStatus) {
+  WriteFile("args.bas",
+            "Dim i As Integer\n"
+            "For i = 0 To ArgCount - 1\n"
+            "  Print Args(i)\n"
+            "Next\n"
+            "Print Environment(\"QUORL_TEST_VALUE\") + \"|\" + Environment(\"QUORL_UNSET\")\n"
+            "Try\n"
+            "  Quit(ArgCount + 3)\n"
+            "Catch\n"
+            "  Print \"caught\"\n"
+            "Finally\n"
+            "  Print \"finally\"\n"
+            "End Try\n"
+            "Print \"not reached\"\n");
+  Outcome outcome = Run("--no-optimize args.bas --check one 'two words'",
+                        "env -u QUORL_UNSET QUORL_TEST_VALUE=42");
+  EXPECT_EQ(outcome.status, 6) << outcome.err;
+  EXPECT_EQ(outcome.out, "--check\none\ntwo words\n42|\nfinally\n");
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_EQ(Run("--check args.bas").status, 0) << "--check runs nothing";
+}
+
+TEST_F(RunnerBinary, OneLinersTheVersionAndAByteOrderMark) {
+  Outcome oneLiner = Run("-e 'Print \"hi \" + Args(0) + Str(ArgCount)' you two");
+  EXPECT_EQ(oneLiner.status, 0) << oneLiner.err;
+  EXPECT_EQ(oneLiner.out, "hi you2\n");
+  Outcome typo = Run("-e 'Print nme'");
+  EXPECT_EQ(typo.status, 1);
+  EXPECT_TRUE(Contains(typo.err, "<command line>:1:7: error 11: unknown name: nme\n"))
+      << typo.err;
+  Outcome version = Run("--version");
+  EXPECT_EQ(version.status, 0);
+  EXPECT_EQ(version.out.compare(0, 6, "quorl "), 0) << version.out;
+  WriteFile("bom.bas", "\xEF\xBB\xBFPrint \"marked\"\nPrint nope\n");
+  Outcome bom = Run("bom.bas");
+  EXPECT_EQ(bom.status, 1);
+  EXPECT_TRUE(Contains(bom.err, "bom.bas:2:7: error 11: unknown name: nope\n")) << bom.err;
+  WriteFile("bom2.bas", "\xEF\xBB\xBFPrint \"marked\"\n");
+  EXPECT_EQ(Run("bom2.bas").out, "marked\n");
+}
+
+TEST_F(RunnerBinary, OneSecondIsSingular) {
+  WriteFile("spin.bas", "Do\nLoop\n");
+  Outcome outcome = Run("--time-limit 1 spin.bas");
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_EQ(outcome.err, "quorl: spin.bas: stopped after the time limit of 1 second\n");
 }
 
 // --debug-symbols lists the tables instead of running the script; a script

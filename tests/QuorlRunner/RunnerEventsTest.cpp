@@ -65,8 +65,11 @@ TEST_F(RunnerEvents, CompileErrorsAreReportedWithLinesFromOne) {
       code.CompilerError(static_cast<CompileErrorCode>(4242), 3);
     }, check);
     EXPECT_EQ(status, kExitCompileErrors);
+    // Without a column there is no caret; a line past the end has no
+    // excerpt.
     EXPECT_EQ(Contents(console.err),
               "demo.qs:1: error 2: type mismatch\n"
+              " 1 | source\n"
               "demo.qs:42: error 11: unknown name\n"
               "demo.qs:4: error 4242: compile error\n");
   }
@@ -75,11 +78,11 @@ TEST_F(RunnerEvents, CompileErrorsAreReportedWithLinesFromOne) {
 TEST_F(RunnerEvents, ARuntimeErrorNamesTheExceptionClassAfterTheOutput) {
   int status = Execute([](ScriptedInterpreter& code) {
     code.Say("before");
-    code.RuntimeError(static_cast<RuntimeErrorCode>(9), 0);
+    code.RuntimeError(kRuntimeErrorNoExceptionClass, 0);
   });
   EXPECT_EQ(status, kExitRuntimeError);
   EXPECT_EQ(Contents(console.out), "before\n");
-  EXPECT_EQ(Contents(console.err), "demo.qs: runtime error: OutOfBoundsException\n");
+  EXPECT_EQ(Contents(console.err), "demo.qs: runtime error: RuntimeException\n");
 }
 
 }  // namespace

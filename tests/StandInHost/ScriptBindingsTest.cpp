@@ -118,6 +118,19 @@ int gScore = 0;
 int GetScore(VELDObject, long) { return gScore; }
 void SetScore(VELDObject, long, int value) { gScore = value; }
 double Half(VELDObject, double x) { return x / 2; }
+
+// Guarded members: C++ types of bindings, and exceptions allowed.
+std::string gName = "none";
+std::string Label(VELDObject, int32_t n) {
+  if (n < 0) throw std::invalid_argument("no label for a negative number");
+  if (n == 0) throw quorl::ScriptException("zero", "OutOfBoundsException");
+  return "#" + std::to_string(n);
+}
+std::string GetName(VELDObject, long) { return gName; }
+void SetName(VELDObject, long, std::string name) {
+  if (name.empty()) throw std::length_error("a name can't be empty");
+  gName = name;
+}
 }  // namespace context
 
 TEST_F(ScriptBindings, AContextMemberThatDoesNotFitIsRefusedWhenTheClassIsDefined) {
@@ -132,6 +145,17 @@ TEST_F(ScriptBindings, AContextMemberThatDoesNotFitIsRefusedWhenTheClassIsDefine
       {quorl::HostClass("C").AddProperty(&context::GetScore, &context::SetScore, 0,
                                          "Score As String"),
        "returns String"},
+      // The unchecked forms still have to read, hidden or not.
+      {quorl::HostClass("D").AddMethod(reinterpret_cast<void*>(&context::Half),
+                                       "Function Half(x As Double) As"),
+       "does not read"},
+      {quorl::HostClass("E").AddMethod(reinterpret_cast<void*>(&context::Half),
+                                       "Private Sub (x As Double)"),
+       "does not read"},
+      {quorl::HostClass("F").AddProperty(nullptr, nullptr, 0, "Count As"),
+       "does not read"},
+      {quorl::HostClass("G").AddMethod<&context::Label>("Function Label(n As Integer) As Integer"),
+       "returns Integer"},
   };
   for (Row const& row : rows) {
     try {
@@ -141,6 +165,42 @@ TEST_F(ScriptBindings, AContextMemberThatDoesNotFitIsRefusedWhenTheClassIsDefine
       EXPECT_NE(std::string(e.what()).find(row.why), std::string::npos) << e.what();
     }
     EXPECT_FALSE(quorl::IsClassRegistered(row.cls.Name()));
+  }
+}
+
+TEST_F(ScriptBindings, GuardedContextMembersTakeStringsAndTheirExceptionsAreCaught) {
+  quorl::HostClass labels("Labels");
+  labels.AddMethod<&context::Label>("Function Label(n As Integer) As String")
+      .AddProperty<&context::GetName, &context::SetName>(0, "Name As String")
+      .AddMethod(reinterpret_cast<void*>(&context::Half), "Private Function Half(x As Double) As Double");
+  quorl::DefineClass(labels);
+  script.SetContext(quorl::Object::New("Labels"));
+  EXPECT_EQ(Run("Print Label(7)\n"
+                "Name = \"w\xC3\xB6rld\"\n"
+                "Print Name\n"
+                "Try\n  Print Label(-1)\nCatch\n  Print \"caught\"\nEnd Try\n"
+                "Try\n  Name = \"\"\nCatch\n  Print \"caught again\"\nEnd Try\n"
+                "Print Name\n"),
+            (Lines{"#7", "w\xC3\xB6rld", "caught", "caught again", "w\xC3\xB6rld"}));
+  // Uncaught, the host's exception reaches the host with its class and message.
+  EXPECT_EQ(Run("Print Label(0)\n"), (Lines{"error: zero"}));
+  EXPECT_EQ(script.Errors().at(0).exceptionClass, "OutOfBoundsException");
+  script.SetContext(nullptr);
+}
+
+// ScriptStop ends the script in the host function, with no wait for a
+// yield: nothing after the call runs, not even a Catch, and the script runs
+// again afterwards.
+TEST_F(ScriptBindings, AHostFunctionStopsTheScriptAtOnce) {
+  script.AddFunction("Sub Halt()", [] { throw quorl::ScriptStop(); });
+  std::string const source =
+      "Print \"before\"\n"
+      "Try\n  Halt()\n  Print \"after\"\nCatch\n  Print \"caught\"\nEnd Try\n"
+      "Print \"end\"\n";
+  for (int run = 0; run < 2; ++run) {
+    EXPECT_EQ(Run(source), (Lines{"before", "error: stopped by the host"}));
+    EXPECT_EQ(script.State(), ScriptState::Aborted);
+    EXPECT_EQ(script.Errors().at(0).kind, ScriptError::Kind::Stopped);
   }
 }
 

@@ -2,8 +2,9 @@
 // with the expectations written in the script's own comments:
 //
 //   // expect: TEXT                 a line of standard output, in order
-//   // expect error LINE NUMBER     a compile error at LINE (1-based); the
-//                                  errors must come exactly as expected
+//   // expect error LINE NUMBER     a compile error at LINE (1-based), at any
+//                                  column; the errors must come exactly as
+//                                  expected
 //   // expect runtime error: TEXT   the run ends with an exception whose
 //                                  report, after "runtime error: ", starts
 //                                  with TEXT ("CLASS" or "CLASS: MESSAGE")
@@ -99,6 +100,20 @@ Expectations ReadExpectations(std::string const& script, std::string const& sour
   return expected;
 }
 
+// "FILE:LINE:COLUMN: error N: ..." without its column, so that it compares
+// with an expectation, which names no column.
+std::string WithoutColumn(std::string const& line) {
+  size_t error = line.find(": error ");
+  size_t colon = line.rfind(':', error - 1);
+  if (error == std::string::npos || colon == std::string::npos) return line;
+  bool digits = colon + 1 < error &&
+                line.find_first_not_of("0123456789", colon + 1) == error;
+  size_t lineColon = line.rfind(':', colon - 1);
+  bool twoNumbers = digits && lineColon != std::string::npos &&
+                    line.find_first_not_of("0123456789", lineColon + 1) == colon;
+  return twoNumbers ? line.substr(0, colon) + line.substr(error) : line;
+}
+
 struct Outcome {
   int status;
   std::string out, err;
@@ -168,7 +183,9 @@ int main(int argc, char** argv) {
   // Every compile error must be expected, in order, and no other one come.
   std::vector<std::string> errors;
   for (std::string const& line : Lines(outcome.err))
-    if (line.find(": error ") != std::string::npos) errors.push_back(line);
+    if (line.compare(0, script.size() + 1, script + ":") == 0 &&
+        line.find(": error ") != std::string::npos)
+      errors.push_back(WithoutColumn(line));
   for (size_t i = 0; i < expected.errors.size() || i < errors.size(); i++) {
     if (i >= errors.size()) return Fail("missing '" + expected.errors[i] + "'", outcome);
     if (i >= expected.errors.size()) return Fail("unexpected '" + errors[i] + "'", outcome);

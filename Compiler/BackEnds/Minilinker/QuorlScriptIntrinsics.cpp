@@ -35,6 +35,13 @@ void RaiseStopIfRequested() {
   RuntimeRaiseException(StopExceptionObject());
 }
 
+void RaiseStopNow() {
+  volatile long* word = sStopWord;
+  if (!word || *word == kStopUnwinding) return;
+  *word = kStopRequested;
+  RaiseStopIfRequested();
+}
+
 void RuntimePassStop() {
   volatile long* word = sStopWord;
   if (word && *word == kStopUnwinding)

@@ -78,6 +78,9 @@ RuntimeObject* StopExceptionObject();
 void RuntimePassStop();
 // The stop check of a yield: raises the stop when one was asked for.
 void RaiseStopIfRequested();
+// A stop asked for by the host function the running script called: raised
+// at once, from that function.
+void RaiseStopNow();
 
 // ---- what the host hears of an exception nobody caught
 struct UncaughtExceptionDetail {

@@ -50,6 +50,15 @@ class ScriptException : public std::runtime_error {
   std::string mClassName;
 };
 
+// Thrown by a bound host function or a guarded context member: the script
+// that called it stops right there, as Script::Stop() stops a script at its
+// next yield (no Catch sees it, every frame's cleanup runs, and Run()
+// reports a Stopped error).
+class ScriptStop : public std::exception {
+ public:
+  char const* what() const noexcept override { return "script stopped by the host"; }
+};
+
 namespace detail {
 
 // The value types as the engine names them (Plugin/EmbeddingBoundary.h).
@@ -147,10 +156,24 @@ struct CppSignature {
 // C++ signature, or the one derived from a bare name. Throws BindingError.
 std::string CheckedDeclaration(std::string const& nameOrDeclaration,
                                CppSignature const& cpp);
+// Throws BindingError when the declaration does not read.
+void CheckReadable(std::string const& declaration);
 
 // Raises the exception in the script that called the host function now
-// running; the function returns right after.
+// running; the function returns right after. Call it with no C++ object
+// alive in the host's frames above the script: the raise does not unwind
+// them.
 void RaiseInScript(char const* className, char const* message);
+
+// What a guarded call failed with, kept per thread until it is raised.
+// The raise leaves the host's frames without unwinding them, so it comes
+// only after the catch has ended and the C++ exception is gone; the texts
+// wait here, where nothing has to be destroyed.
+void SetPendingRaise(char const* className, char const* message);
+void SetPendingStop();
+// Raises what was set in the script that called the host function now
+// running (or stops it); the function returns right after.
+void RaisePending();
 
 // What a binding's entry does when its function throws.
 template <class Call>
@@ -158,13 +181,16 @@ bool RunGuarded(Call const& call) {
   try {
     call();
     return true;
+  } catch (ScriptStop const&) {
+    SetPendingStop();
   } catch (ScriptException const& e) {
-    RaiseInScript(e.ClassName().c_str(), e.what());
+    SetPendingRaise(e.ClassName().c_str(), e.what());
   } catch (std::exception const& e) {
-    RaiseInScript("RuntimeException", e.what());
+    SetPendingRaise("RuntimeException", e.what());
   } catch (...) {
-    RaiseInScript("RuntimeException", "unknown C++ exception");
+    SetPendingRaise("RuntimeException", "unknown C++ exception");
   }
+  RaisePending();
   return false;
 }
 
@@ -196,6 +222,36 @@ struct Binding<void, A...> {
   }
 
   static CppSignature Signature() { return {kNoValue, {WireOf<A>::kType...}}; }
+};
+
+// A context member in its guarded form: the script calls Entry with the
+// object first and then the arguments as the wire passes them; Entry
+// converts them, calls F, and turns an exception into a script exception.
+template <class R> struct ResultWire {
+  using Type = typename Wire<Plain<R>>::Type;
+  static constexpr ValueType kType = Wire<Plain<R>>::kType;
+};
+template <> struct ResultWire<void> {
+  using Type = void;
+  static constexpr ValueType kType = kNoValue;
+};
+
+template <auto F> struct GuardedMember;
+template <class O, class R, class... A, R (*F)(O, A...)>
+struct GuardedMember<F> {
+  using Result = typename ResultWire<R>::Type;
+
+  static Result Entry(O self, typename WireOf<A>::Type... args) {
+    if constexpr (std::is_void_v<R>) {
+      RunGuarded([&] { F(self, WireOf<A>::In(args)...); });
+    } else {
+      Result result{};
+      RunGuarded([&] { result = Wire<Plain<R>>::Out(F(self, WireOf<A>::In(args)...)); });
+      return result;
+    }
+  }
+
+  static CppSignature Signature() { return {ResultWire<R>::kType, {WireOf<A>::kType...}}; }
 };
 
 // The types of a context method or property that the script calls

@@ -19,6 +19,7 @@
 #include <set>
 #include <stdexcept>
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -164,13 +165,44 @@ class HostClass {
   HostClass& SetConstructor(VELDInstanceProc constructor);
   HostClass& SetDestructor(VELDInstanceProc destructor);
 
+  // Guarded forms, the ones to prefer: the C++ function takes the object
+  // first, then what the declaration declares, in the types of bindings
+  // (int32_t, int64_t, double, float, bool, std::string; see
+  // quorl/QuorlBindings.h). A C++ exception it throws becomes a script
+  // exception, as with Script::AddFunction, and ScriptStop stops the
+  // script. A property's getter is T getter(object, long parameter), its
+  // setter void setter(object, long parameter, T). Checked like the forms
+  // below.
+  //   cls.AddMethod<&Beep>("Sub Beep(times As Integer)");
+  //   cls.AddProperty<&GetName, &SetName>(0, "Name As String");
+  template <auto F>
+  HostClass& AddMethod(std::string declaration) {
+    using Member = detail::GuardedMember<F>;
+    mChecks.push_back({false, mMethods.size(), Member::Signature()});
+    return AddMethod(reinterpret_cast<void*>(&Member::Entry), std::move(declaration));
+  }
+  template <auto Getter, auto Setter = nullptr>
+  HostClass& AddProperty(long parameter, std::string declaration) {
+    using Get = detail::GuardedMember<Getter>;
+    void* setter = nullptr;
+    if constexpr (!std::is_null_pointer_v<decltype(Setter)>)
+      setter = reinterpret_cast<void*>(&detail::GuardedMember<Setter>::Entry);
+    mChecks.push_back({true, mProperties.size(), {Get::Signature().result, {}}});
+    return AddProperty(reinterpret_cast<void*>(&Get::Entry), setter, parameter,
+                       std::move(declaration));
+  }
+
   // Checked forms: the C++ function takes the object first, then what the
   // declaration declares, in the types the script passes (int32_t, int64_t,
   // double, float, bool, VELDString; a Boolean result as int32_t). A
   // property's getter is T getter(object, parameter), its setter
   // setter(object, parameter, T), either may be null. DefineClass checks
   // each declaration against its function when an engine is loaded, and
-  // throws BindingError when one does not read or does not fit.
+  // throws BindingError when one does not read or does not fit. The
+  // function must not throw: use the guarded forms for one that may.
+  //
+  // The void* forms check only that the declaration reads (at DefineClass,
+  // with an engine loaded); the function must fit it and must not throw.
   template <class R, class... A>
   HostClass& AddMethod(R (*entry)(VELDObject, A...), std::string declaration) {
     mChecks.push_back({false, mMethods.size(), detail::RawSignature<R, A...>()});

@@ -27,9 +27,14 @@ TEST(ParserCorpus, ValidTextsParseWithoutErrors) {
 
 TEST(ParserErrors, ReportsAndStatus) {
   struct Case { char const* text; Errors errors; int status; } cases[] = {
-      // At the top level or between class members it stops the parse.
-      {"x = 1\nWend\ny = )\n", {{1, 1u}}, 1},
-      {"Class C\n  Dim a As Integer\n  x = 1\nEnd Class\nz = )\n", {{1, 2u}}, 1},
+      // At the top level the parse goes on at the next line, and every
+      // line's error is reported (inside a declared class it stops: see
+      // the runner's tests, which compile with declarations).
+      {"x = 1\nWend\ny = )\n", {{1, 1u}, {1, 2u}}, 0},
+      {"a = = 1\nb = (\nc = 1 +\nd = 2\n", {{1, 0u}, {1, 1u}, {1, 2u}}, 0},
+      // A block the text ends in is reported at its opening line.
+      {"x = 1\nIf x Then\n  y = 2\n", {{1, 1u}}, 1},
+      {"While x\n  For i = 1 To 2\n", {{1, 1u}}, 1},
       // Rules that report and go on.
       {"Declare Function F Lib \"m\" ()\nx = 1\n", {{65, 0u}}, 0},
       {"x = \"abc\ny = 1\n", {{68, 0u}}, 0},

@@ -109,7 +109,7 @@ TEST(DeclarationScanner, BlockStructureErrors) {
       {"Module M\n", {"end of input in module"}},
       {"Sub 5()\nEnd Sub\n", {"invalid declaration name"}},
       {"Module M\nSub S()\n",
-       {"end of input in method body", "end of input in module"}},
+       {"no End Sub before the end of the text", "end of input in module"}},
       {"Module M\nProperty P As Integer\nEnd Sub\nEnd Module\n",
        {"bad block ender in computed property"}},
   };
@@ -117,6 +117,10 @@ TEST(DeclarationScanner, BlockStructureErrors) {
   ScannedProgram lines("Sub A()\nEnd Sub\n\nSub B()\nEnd Class\n", false);
   ASSERT_EQ(1u, lines.mDelegate.mErrors.size());
   EXPECT_EQ(4u, lines.mDelegate.mErrors[0].Location().mStartLine);
+  // A body the text ends in is reported at its header.
+  ScannedProgram open("x = 1\nFunction F() As Integer\n  Return 1\n\n", false);
+  ASSERT_EQ(1u, open.mDelegate.mErrors.size());
+  EXPECT_EQ(1u, open.mDelegate.mErrors[0].Location().mStartLine);
 }
 
 }  // namespace
