@@ -55,6 +55,7 @@ OwnEntry const kOwnEntries[] = {
     QUORL_OWN("TypeMismatchExceptionLookup", TypeMismatchExceptionLookup),
     QUORL_OWN("OutOfBoundsExceptionLookup", OutOfBoundsExceptionLookup),
     QUORL_OWN("StackOverflowExceptionLookup", StackOverflowExceptionLookup),
+    QUORL_OWN("FunctionNotFoundExceptionLookup", FunctionNotFoundExceptionLookup),
     // The object model and the arrays too: objects live on this copy's
     // lists and raise through this copy's exception state, so a host's
     // own copy of them must not serve a script.
