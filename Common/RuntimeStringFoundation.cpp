@@ -22,6 +22,8 @@ namespace {
 IntMap<long> sWStringRefMap;
 
 const unsigned long kEncodingMacRoman = 0;
+// A length byte counts no further.
+const long kLongestPascalText = 255;
 
 // A value leaves the runtime with the reference the caller will own.
 stringStorage* HandOut(string const& value) {
@@ -171,6 +173,40 @@ void RuntimeSetStructureWString(void* base, long offset, long size,
   long count = static_cast<long>(wide.Length());
   if (size - 2 < count) count -= 2;
   FillField(field, size, wide.CString(), count);
+}
+
+stringStorage* RuntimeGetStructurePString(void* base, long offset, long size) {
+  if (size <= 1) return nullptr;
+  unsigned char const* field =
+      reinterpret_cast<unsigned char const*>(FieldAddress(base, offset));
+  unsigned char held[kLongestPascalText + 1];
+  long count = field[0] < size - 1 ? field[0] : size - 1;
+  held[0] = static_cast<unsigned char>(count);
+  memcpy(held + 1, field + 1, count);
+  return HandOut(string(static_cast<unsigned char const*>(held)));
+}
+
+void RuntimeSetStructurePString(void* base, long offset, long size,
+                                stringStorage* value) {
+  if (size <= 0) return;
+  char* field = FieldAddress(base, offset);
+  string text(value);
+  long count = static_cast<long>(text.Length());
+  long room = size - 1 < kLongestPascalText ? size - 1 : kLongestPascalText;
+  if (count > room) count = room;
+  field[0] = static_cast<char>(count);
+  FillField(field + 1, size - 1, text.CString(), count);
+}
+
+stringStorage* RuntimeGetStructureWString(void* base, long offset, long size) {
+  unsigned short const* units =
+      reinterpret_cast<unsigned short const*>(FieldAddress(base, offset));
+  long count = 0;
+  while (count < size / 2 && units[count] != 0) count++;
+  string wide;
+  wide.ConstructFromUTF16String(units, count);
+  if (wide.IsEmpty()) return nullptr;
+  return HandOut(ConvertEncoding(wide, kEncodingUTF8));
 }
 
 unsigned char* StringToPString(stringStorage* text) {

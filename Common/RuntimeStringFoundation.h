@@ -50,6 +50,14 @@ stringStorage* RuntimeGetStructureContents(void* buffer, long size);
 void RuntimeSetStructureWString(void* base, long offset, long size,
                                 stringStorage* value);
 
+// A Pascal field: a length byte, then the text. Read, the length is held
+// to the field; written, the text is cut to fit and the rest zero-filled.
+stringStorage* RuntimeGetStructurePString(void* base, long offset, long size);
+void RuntimeSetStructurePString(void* base, long offset, long size,
+                                stringStorage* value);
+// A wide field: UTF-16 up to its first 16-bit NUL, as UTF-8 text.
+stringStorage* RuntimeGetStructureWString(void* base, long offset, long size);
+
 // ---- conversions for external calls
 
 // Views into the storage, valid as long as the storage; the shared empty

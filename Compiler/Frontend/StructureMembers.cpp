@@ -25,6 +25,10 @@ namespace {
 char const* const kSizeName = "Size";
 char const* const kStringValueName = "StringValue";
 char const* const kEndianSwapName = "EndianSwap";
+// The runtime's readers and writers of Pascal and wide fields, by name.
+char const* const kGetPStringField = "RuntimeGetStructurePString";
+char const* const kSetPStringField = "RuntimeSetStructurePString";
+char const* const kGetWStringField = "RuntimeGetStructureWString";
 // Array fields up to this many elements are swapped without a loop.
 long const kUnrolledSwapElements = 4;
 
@@ -42,6 +46,10 @@ struct Access {
   }
   void Call(IntrinsicID f, TacAddr const* result) {
     code->AddLine(kTacIntrinsic, IntrinsicTacAddr(f), nilTacAddr,
+                  result ? result : nilTacAddr);
+  }
+  void CallNamed(char const* function, TacAddr const* result) {
+    code->AddLine(kTacCall, gContext->GetLiteral(string(function)), nilTacAddr,
                   result ? result : nilTacAddr);
   }
   // The code so far, with `value` as its result.
@@ -94,8 +102,10 @@ bool IsStringKind(SimpleDataType type) {
          type == kExternalPStringType || type == kExternalWStringType;
 }
 
-// A `* n` string at `offset`: read as a String with its trailing NULs
-// dropped; written truncated to n bytes and padded with NULs.
+// A `* n` string at `offset`, n bytes long. A String or CString field is
+// the bytes padded with NULs, a PString one a length byte and the bytes, a
+// WString one UTF-16 padded with NULs; each reads back as a String and is
+// written cut to fit.
 SemBase* FixedString(Access& a, TacAddr const* offset, unsigned long length,
                      SimpleDataType kind, SemBase* assignValue) {
   if (!assignValue) {
@@ -103,7 +113,12 @@ SemBase* FixedString(Access& a, TacAddr const* offset, unsigned long length,
     a.Put(a.base);
     a.Put(offset);
     a.Put(IntConstant(long(length)));
-    a.Call(kIntrinsicRuntimeGetStructureString, text);
+    if (kind == kExternalPStringType)
+      a.CallNamed(kGetPStringField, text);
+    else if (kind == kExternalWStringType)
+      a.CallNamed(kGetWStringField, text);
+    else
+      a.Call(kIntrinsicRuntimeGetStructureString, text);
     return a.Yielding(text);
   }
   TacAddr const* value =
@@ -112,9 +127,12 @@ SemBase* FixedString(Access& a, TacAddr const* offset, unsigned long length,
   a.Put(offset);
   a.Put(IntConstant(long(length)));
   a.Put(value);
-  a.Call(kind == kExternalWStringType ? kIntrinsicRuntimeSetStructureWString
-                                      : kIntrinsicRuntimeSetStructureString,
-         nullptr);
+  if (kind == kExternalPStringType)
+    a.CallNamed(kSetPStringField, nullptr);
+  else
+    a.Call(kind == kExternalWStringType ? kIntrinsicRuntimeSetStructureWString
+                                        : kIntrinsicRuntimeSetStructureString,
+           nullptr);
   return a.code;
 }
 

@@ -131,9 +131,9 @@ unsigned long FieldSize(StructureFieldSymbol* field) {
   unsigned long count = (unsigned long)(field->mArrayUbound + 1);
   switch (type.GetMainType()) {
     case kArrayType: {
+      // A fixed string of any kind is its n bytes, in an array as alone.
       IRDataType element = type.AsElement();
-      if (element.GetMainType() == kStringType)
-        return field->mStringLength * count;
+      if (field->mStringLength) return field->mStringLength * count;
       if (element.GetMainType() == kNoType) return 0;
       return element.StorageSize() * count;
     }

@@ -52,6 +52,7 @@ RuntimeClass* IllegalCastExceptionLookup();
 RuntimeClass* TypeMismatchExceptionLookup();
 RuntimeClass* OutOfBoundsExceptionLookup();
 RuntimeClass* StackOverflowExceptionLookup();
+RuntimeClass* FunctionNotFoundExceptionLookup();
 // First call of the main body: exception classes and the unhandled hook.
 void RuntimeInit();
 // What no handler caught: reported as runtime error 2 (6 for a stack

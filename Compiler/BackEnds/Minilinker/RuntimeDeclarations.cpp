@@ -70,6 +70,7 @@ static void AddRuntimeExceptions(GlobalSymbolTable* symbols) {
       {"TypeMismatchExceptionLookup", "TypeMismatchException"},
       {"OutOfBoundsExceptionLookup", "OutOfBoundsException"},
       {"StackOverflowExceptionLookup", "StackOverflowException"},
+      {"FunctionNotFoundExceptionLookup", "FunctionNotFoundException"},
   };
   ClassSymbol* base =
       MakeExceptionClass("RuntimeException", "RuntimeExceptionLookup", nullptr);

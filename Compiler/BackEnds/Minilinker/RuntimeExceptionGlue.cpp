@@ -133,6 +133,10 @@ RuntimeClass* OutOfBoundsExceptionLookup() {
   return LookupExceptionClass("OutOfBoundsException");
 }
 
+RuntimeClass* FunctionNotFoundExceptionLookup() {
+  return LookupExceptionClass("FunctionNotFoundException");
+}
+
 // The classes are stored only when they exist; every run gets the hook.
 void RuntimeInit() {
   RootExceptionClass();

@@ -33,6 +33,10 @@ OwnEntry const kOwnEntries[] = {
     QUORL_OWN("RuntimeStackLimit", GetRuntimeStackLimit),
     // A sum of several strings: this copy raises when it cannot be stored.
     QUORL_OWN("RuntimeAddStrings", RuntimeAddStrings),
+    // Pascal and wide fixed-size fields of structures.
+    QUORL_OWN("RuntimeGetStructurePString", RuntimeGetStructurePString),
+    QUORL_OWN("RuntimeSetStructurePString", RuntimeSetStructurePString),
+    QUORL_OWN("RuntimeGetStructureWString", RuntimeGetStructureWString),
     QUORL_OWN("RuntimeNewClass", RuntimeNewClass),
     QUORL_OWN("RuntimeNewObject", RuntimeNewObject),
     QUORL_OWN("RuntimeRegisterClass", RuntimeRegisterClass),
@@ -57,6 +61,7 @@ OwnEntry const kOwnEntries[] = {
     QUORL_OWN("TypeMismatchExceptionLookup", TypeMismatchExceptionLookup),
     QUORL_OWN("OutOfBoundsExceptionLookup", OutOfBoundsExceptionLookup),
     QUORL_OWN("StackOverflowExceptionLookup", StackOverflowExceptionLookup),
+    QUORL_OWN("FunctionNotFoundExceptionLookup", FunctionNotFoundExceptionLookup),
     // The object model and the arrays too: objects live on this copy's
     // lists and raise through this copy's exception state, so a host's
     // own copy of them must not serve a script.

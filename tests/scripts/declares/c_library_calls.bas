@@ -15,6 +15,14 @@ Module CLib
     Micros As Int32
   End Structure
   Declare Function gettimeofday Lib "libc.so.6" (ByRef tv As TimeValue, zone As Ptr) As Integer
+  // A complex number crosses into C as a structure of two doubles, copied
+  // onto the stack.
+  Structure Complex
+    Re As Double
+    Im As Double
+  End Structure
+  Declare Function cabs Lib "libm.so.6" (ByVal c As Complex) As Double
+  Declare Function cimag Lib "libm.so.6" (c As Complex) As Double
   Const kMaths = "libm.so.6"
   Declare Function sqrt Lib kMaths (x As Double) As Double
 End Module
@@ -32,6 +40,15 @@ Print Str(CLib.LongestPrefix("aabbc", "ab"))          // expect: 4
 Dim now As CLib.TimeValue
 Print Str(CLib.gettimeofday(now, Nil))                // expect: 0
 If now.Seconds > 1700000000 And now.Micros >= 0 And now.Micros < 1000000 Then Print "the time"  // expect: the time
+
+// By value from a variable, a field and an array element; the C side sees
+// a copy, never the address.
+Dim z As CLib.Complex
+z.Re = 3
+z.Im = 4
+Dim zs(1) As CLib.Complex
+zs(1).Im = -2.5
+Print Str(CLib.cabs(z)) + " " + Str(CLib.cimag(z)) + " " + Str(CLib.cimag(zs(1)))  // expect: 5 4 -2.5
 
 // A Declare in a method is the method's own; one at the top level is
 // seen from there on. Soft ones are looked up at each call.

@@ -32,6 +32,20 @@ Try
 Catch
   Print "no selectors"                               // expect: no selectors
 End Try
+// The exception has its own class, which a handler can name, and says
+// what was missing from where.
+Try
+  Print Str(NotInC())
+Catch e As FunctionNotFoundException
+  Print e.Message                                    // expect: Could not load quorl_no_such_symbol from libc.so.6
+End Try
+Try
+  Nowhere
+Catch e As OutOfBoundsException
+  Print "wrong class"
+Catch e As FunctionNotFoundException
+  Print e.Message                                    // expect: Could not load Nowhere from libquorl_no_such_library.so
+End Try
 Print "still running"                                // expect: still running
 Nowhere
 Print "not reached"

@@ -1,5 +1,5 @@
 // Reading and writing memory through a Ptr at an offset, by type name:
-// every width, floats, C strings and a structure seen in place.
+// every width, floats, C and Pascal strings and a structure seen in place.
 Module Mem
   Declare Function malloc Lib "libc.so.6" (n As Integer) As Ptr
   Declare Function calloc Lib "libc.so.6" (count As Integer, size As Integer) As Ptr
@@ -35,5 +35,11 @@ text.UInt8(1) = 105
 text.UInt8(2) = 0
 p.Ptr(48) = text
 Print p.CString(48)                                  // expect: hi
+// A PString in memory is a pointer to a length byte and the text.
+text.UInt8(0) = 1
+p.Ptr(56) = text
+Print "[" + p.PString(56) + "]"                      // expect: [i]
+p.PString(56) = "pascal"
+Print p.PString(56)                                  // expect: pascal
 Mem.free(text)
 Mem.free(p)
