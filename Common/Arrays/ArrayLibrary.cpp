@@ -121,13 +121,15 @@ stringStorage* StringJoin(RuntimeObject* fields, stringStorage* delimiter) {
   stringStorage** elements = reinterpret_cast<stringStorage**>(array->data);
   long last = array->Ubounds()[0];
   string separator(delimiter);
+  bool refused = false;
   string joined = AssembleString([&](auto piece) {
     for (long k = 0; k <= last; k++) {
       if (k > 0) piece(separator, 0, separator.Length());
       string element(elements[k]);
       piece(element, 0, element.Length());
     }
-  });
+  }, &refused);
+  if (refused) RaiseOutOfMemoryException();
   return joined.ExtractStringStorage();
 }
 

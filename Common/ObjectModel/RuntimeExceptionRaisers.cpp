@@ -10,6 +10,11 @@ namespace {
 // answered with another one without recursing.
 thread_local bool sMakingNilObjectException;
 
+// Set where this copy of the runtime has no exception classes of its own
+// (the host's copy, which serves the library), so that its raises reach the
+// script through the engine that has them.
+RuntimeNamedRaiser sNamedRaiser;
+
 // Nothing can be raised: the host hears of a nil exception, if it listens.
 void ReportUnraisable() {
   if (GetUnhandledExceptionHook()) RuntimeUnhandledException(nullptr);
@@ -18,6 +23,15 @@ void ReportUnraisable() {
 void RaiseObject(RuntimeObject* exception) {
   RuntimeRaiseException(exception);
   RuntimeUnlockObject(exception);
+}
+
+// The class stored for the kind, or the named raiser when none is.
+void RaiseKind(RuntimeClass* cls, char const* className, char const* message) {
+  if (!cls && sNamedRaiser) {
+    sNamedRaiser(className, message);
+    return;
+  }
+  RaiseExceptionClass(cls);
 }
 
 }  // namespace
@@ -40,17 +54,21 @@ void RaiseNilObjectException() {
 }
 
 void RaiseIllegalCastException() {
-  RaiseExceptionClass(GetIllegalCastExceptionClass());
+  RaiseKind(GetIllegalCastExceptionClass(), "IllegalCastException", "");
 }
 
 void RaiseOutOfBoundsException() {
-  RaiseExceptionClass(GetOutOfBoundsExceptionClass());
+  RaiseKind(GetOutOfBoundsExceptionClass(), "OutOfBoundsException", "");
 }
 
 void RaiseOutOfMemoryException() {
-  RaiseExceptionClass(GetOutOfMemoryExceptionClass());
+  RaiseKind(GetOutOfMemoryExceptionClass(), "OutOfMemoryException", "");
 }
 
 void RaiseTypeMismatchException() {
-  RaiseExceptionClass(GetTypeMismatchExceptionClass());
+  RaiseKind(GetTypeMismatchExceptionClass(), "TypeMismatchException", "");
+}
+
+void SetNamedExceptionRaiser(RuntimeNamedRaiser raiser) {
+  sNamedRaiser = raiser;
 }

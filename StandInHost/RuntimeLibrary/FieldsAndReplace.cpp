@@ -6,6 +6,7 @@
 // makes the whole text one field; NthField below 1 or past the last field is
 // empty; an empty target leaves the text unchanged; ReplaceAll goes left to
 // right over matches that do not overlap.
+#include "Common/ObjectModel/RuntimeExceptionFoundation.h"
 #include "StandInHost/RuntimeLibrary/LibraryEntries.h"
 #include "StandInHost/RuntimeLibrary/LibraryText.h"
 #include "Universal/StringAssembly.h"
@@ -43,12 +44,15 @@ std::vector<TextMatch> ExactMatches(string const& text, string const& target,
   return matches;
 }
 
-// The text with every match replaced, made at its final size at once.
+// The text with every match replaced, made at its final size at once; a
+// result the length field or the heap cannot hold raises
+// OutOfMemoryException.
 stringStorage* ReplaceMatches(string const& text,
                               std::vector<TextMatch> const& matches,
                               string const& replacement) {
   if (matches.empty()) return HandOut(text);
-  return HandOut(AssembleString([&](auto piece) {
+  bool refused = false;
+  string replaced = AssembleString([&](auto piece) {
     unsigned long done = 0;
     for (TextMatch const& match : matches) {
       piece(text, done, match.start - done);
@@ -56,7 +60,9 @@ stringStorage* ReplaceMatches(string const& text,
       done = match.end;
     }
     piece(text, done, text.Length() - done);
-  }));
+  }, &refused);
+  if (refused) RaiseOutOfMemoryException();
+  return HandOut(replaced);
 }
 
 long StringCountFields(stringStorage* text, stringStorage* delimiter) {
