@@ -237,9 +237,12 @@ void SemCode::Append(SemBase* other) {
   QASSERT(code != &mCode);
   IncludeLocation(other->Location());
   mCode.Append(*code);
+  // The temporaries move with the code: a chain of operators would
+  // otherwise keep a copy of every operand's list at each level.
   SimpleVector<VariableSymbol*>& temps = other->Temporaries();
   for (unsigned long i = 0; i < temps.size(); i++)
     mTemporaries.push_back(temps[i]);
+  temps.deleteAll();
 }
 
 SemBase* SemCode::Clone() const {
