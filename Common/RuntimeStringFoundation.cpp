@@ -2,6 +2,7 @@
 // the conversions that external declarations need.
 #include "Common/RuntimeStringFoundation.h"
 
+#include <stdarg.h>
 #include <stdint.h>
 #include <string.h>
 
@@ -9,6 +10,8 @@
 #include "Universal/Assertion.h"
 #include "Universal/Encodings.h"
 #include "Universal/IntMap.h"
+#include "Universal/StringAssembly.h"
+#include "Universal/StringWorkCounters.h"
 
 namespace {
 
@@ -68,6 +71,65 @@ void RuntimeLockUnlockStrings(stringStorage* newValue,
 stringStorage* RuntimeAddString(stringStorage* a, stringStorage* b) {
   stringStorage* sum = ConcatenateStorages(a, b);
   if (!sum && a && a->mLength && b && b->mLength) RaiseOutOfMemoryException();
+  return sum;
+}
+
+// The encoding of each partial sum is followed from the left; while every
+// step only joins bytes that stand as they are in the step's encoding (as
+// ASCII does in UTF-8), the whole is those bytes under the last encoding.
+// Otherwise the pieces are added pair by pair, as the separate sums would
+// add them, so that the encodings meet exactly as they would.
+stringStorage* RuntimeAddStrings(long count, ...) {
+  va_list args, again;
+  va_start(args, count);
+  va_copy(again, args);
+  uint64_t length = 0;
+  long filled = 0;
+  uint32_t encoding = 0;
+  bool bytesStand = true;
+  stringStorage* only = nullptr;
+  for (long k = 0; k < count; k++) {
+    stringStorage* piece = va_arg(args, stringStorage*);
+    if (!piece || !piece->mLength) continue;
+    if (filled++ == 0) {
+      encoding = piece->mEncoding;
+      only = piece;
+    } else {
+      uint32_t summed = static_cast<uint32_t>(SumEncoding(encoding, piece->mEncoding));
+      bytesStand = bytesStand && BytesStandAs(encoding, summed) &&
+                    BytesStandAs(piece->mEncoding, summed);
+      encoding = summed;
+    }
+    length += piece->mLength;
+  }
+  va_end(args);
+  stringStorage* sum = nullptr;
+  if (filled < 2) {
+    LockStringStorage(only);
+    sum = only;
+  } else if (bytesStand) {
+    if (length <= kLongestStringLength)
+      sum = TryNewStringStorage(nullptr, static_cast<uint32_t>(length), encoding);
+    char* cursor = sum ? sum->CString() : nullptr;
+    for (long k = 0; k < count && sum; k++) {
+      stringStorage* piece = va_arg(again, stringStorage*);
+      if (!piece || !piece->mLength) continue;
+      memcpy(cursor, piece->CString(), piece->mLength);
+      cursor += piece->mLength;
+    }
+    if (sum) CountStringCopy(length);
+  } else {
+    for (long k = 0; k < count; k++) {
+      stringStorage* piece = va_arg(again, stringStorage*);
+      stringStorage* next = ConcatenateStorages(sum, piece);
+      bool failed = !next && sum && sum->mLength && piece && piece->mLength;
+      UnlockStringStorage(sum);
+      sum = next;
+      if (failed) break;
+    }
+  }
+  va_end(again);
+  if (!sum && filled > 1) RaiseOutOfMemoryException();
   return sum;
 }
 

@@ -28,6 +28,10 @@ void RuntimeLockUnlockStrings(stringStorage* newValue, stringStorage* oldValue);
 // The sum of two strings, brought to one encoding; with one side empty, the
 // other side shared.
 stringStorage* RuntimeAddString(stringStorage* a, stringStorage* b);
+// The sum of `count` strings, the same as adding them two at a time from
+// the left; pieces of one encoding are copied once into a storage of the
+// final size.
+stringStorage* RuntimeAddStrings(long count, ...);
 // Three-way comparison, -1, 0 or 1, without regard to case: the language's
 // rule for `=`, `<` and the others on strings.
 long RuntimeStringCompare(stringStorage* a, stringStorage* b);

@@ -55,6 +55,10 @@ enum CompileErrorCode {
   kErrorConditionNotConstant = 46,
   kErrorNextNameMismatch = 47,
   kErrorArrayBoundNotConstant = 48,
+  // 49 to 51: a type that cannot cross into a Declare'd C function.
+  kErrorExternArrayType = 49,
+  kErrorExternObjectType = 50,
+  kErrorExternStringType = 51,
   kErrorArraySortType = 52,
   // 56 to 61: a name already used by another declaration.
   kErrorNameUsedByMethod = 56,
@@ -65,6 +69,7 @@ enum CompileErrorCode {
   kErrorNameUsedByConstant = 61,
   kErrorReservedWord = 62,
   kErrorNotAType = 63,
+  kErrorExternLibraryName = 64,
   kErrorExternNeedsReturn = 65,
   kErrorBadPointerCall = 67,
   kErrorUnterminatedString = 68,
@@ -109,6 +114,7 @@ enum CompileErrorCode {
   kErrorInstanceMemberInSharedAccessor = 108,
   kErrorConstructorCall = 109,
   kErrorStructureField = 110,
+  kErrorStructureField111 = 111,
   kErrorStructureField112 = 112,
   kErrorEnum = 113,
   kErrorEnum114 = 114,

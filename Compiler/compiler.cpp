@@ -1,6 +1,7 @@
 #include "Compiler/compiler.h"
 
 #include "Compiler/BackEnds/codestorage.h"
+#include "Compiler/DebuggerSymbolFactory.h"
 #include "Compiler/Frontend/Lexer.h"
 #include "Compiler/Frontend/ParserSupport.h"
 #include "Compiler/Frontend/SrcContext.h"
@@ -117,6 +118,10 @@ Ref<CodeModule> Compiler::Compile(string const& source, string const& name,
   QASSERT(symbols);
   SrcContext* context = CreateCompilationContext(name);
   context->blocks.Enter(symbols);
+  // The declarations are copied before the target constants join them:
+  // those are the compiler's, not the source's.
+  DebuggerCodeModuleData declarations;
+  if (mDebug) CopyGlobalSymbolsToDebugData(symbols, &declarations);
   AddIntrinsicConstantDeclarations(symbols, context);
   if (RunFrontEnd(source)) {
     if (mOptimize && context->mProgramCode && context->mProgramCode->Code())
@@ -125,6 +130,10 @@ Ref<CodeModule> Compiler::Compile(string const& source, string const& name,
       *mTacListing =
           ListTacBlock(*context->mProgramCode->Code(), &mTacListingStandIns);
     module = RunBackEnd(name);
+  }
+  if (module && mDebug) {
+    CopyLocalSymbolsToDebugData(name, &*context->mTables, &module->mDebugData);
+    module->mDebugData.Merge(&declarations);
   }
   if (module) HandOverToModule(&*module, context);
   // Clears gContext and sweeps every semantic value of the compilation.

@@ -27,10 +27,28 @@ typedef void (*QuorlCompileErrorDetailProc)(VELDObject instance, int number,
                                             int column);
 
 // "QuorlRuntimeErrorDetail": an exception no handler caught, before its
-// RuntimeError event. `line` is where it was raised.
+// RuntimeError event. `line` is where it was raised; `errorNumber` is the
+// exception's ErrorNumber.
 typedef void (*QuorlRuntimeErrorDetailProc)(VELDObject instance, int line,
                                             char const* exceptionClass,
-                                            char const* message);
+                                            char const* message,
+                                            int errorNumber);
+
+// One frame of a script's call stack: the function as the source names it
+// ("Leaf", "Shape.Area"; "<main>" for the main body) and its line.
+struct QuorlStackFrame {
+  char const* mFunction;
+  int32_t mLine;
+};
+
+// "QuorlRuntimeCallStack": the call stack where an exception no handler
+// caught was raised, innermost first, just before its
+// QuorlRuntimeErrorDetail. The frame of the raise comes first, then the
+// frame of each call that led there. `complete` is 0 when the stack went
+// deeper than the frames given.
+typedef void (*QuorlRuntimeCallStackProc)(VELDObject instance,
+                                          QuorlStackFrame const* frames,
+                                          int32_t count, int32_t complete);
 
 // "QuorlScriptStopped": the run ended because the host asked it to stop.
 // There is no RuntimeError event for it; the state becomes 3.

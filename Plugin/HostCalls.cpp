@@ -95,8 +95,14 @@ void QuorlCompileErrorDetail(VELDObject instance, int number, char const* messag
   HOST_DO(QuorlCompileErrorDetail, instance, number, message, summary, line, column);
 }
 void QuorlRuntimeErrorDetail(VELDObject instance, int line,
-                             char const* exceptionClass, char const* message) {
-  HOST_DO(QuorlRuntimeErrorDetail, instance, line, exceptionClass, message);
+                             char const* exceptionClass, char const* message,
+                             int errorNumber) {
+  HOST_DO(QuorlRuntimeErrorDetail, instance, line, exceptionClass, message,
+          errorNumber);
+}
+void QuorlRuntimeCallStack(VELDObject instance, QuorlStackFrame const* frames,
+                           int32_t count, int32_t complete) {
+  HOST_DO(QuorlRuntimeCallStack, instance, frames, count, complete);
 }
 void QuorlScriptStopped(VELDObject instance) { HOST_DO(QuorlScriptStopped, instance); }
 void QuorlTakeEngineOperations(QuorlEngineOperations const* operations) {

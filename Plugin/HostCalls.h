@@ -53,7 +53,10 @@ void VELDInitStackChecker(unsigned long base);
 void QuorlCompileErrorDetail(VELDObject instance, int number, char const* message,
                              char const* summary, int line, int column);
 void QuorlRuntimeErrorDetail(VELDObject instance, int line,
-                             char const* exceptionClass, char const* message);
+                             char const* exceptionClass, char const* message,
+                             int errorNumber);
+void QuorlRuntimeCallStack(VELDObject instance, QuorlStackFrame const* frames,
+                           int32_t count, int32_t complete);
 void QuorlScriptStopped(VELDObject instance);
 void QuorlTakeEngineOperations(QuorlEngineOperations const* operations);
 

@@ -6,6 +6,7 @@
 // the interface. The source is read twice, once by the declaration scanner
 // and once by the full grammar.
 #include "Compiler/BackEnds/Minilinker/QuorlScriptIntrinsics.h"
+#include "Compiler/BackEnds/Minilinker/DebugSymbolListing.h"
 #include "Compiler/BackEnds/Minilinker/RuntimeDeclarations.h"
 #include "Compiler/BackEnds/Minilinker/minilinker.h"
 #include "Compiler/Linker/Linker.h"
@@ -68,8 +69,9 @@ static void NameBakedAddresses(QuorlScriptCorrespondent* correspondent,
 
 Ref<CodeModule> QuorlScriptInterface::CompileSource(
     StringMap<void*>* functionTable, string* listing,
-    StringMapCase<string>* powerPCShapes) {
+    StringMapCase<string>* powerPCShapes, bool debug) {
   Compiler compiler;
+  compiler.mDebug = debug ? 1 : 0;
   compiler.mIntrinsicNames = IntrinsicFunctionNames();
   SetTargetConstants(compiler.mConditionalConstants, powerPCShapes);
   compiler.mCodeType = powerPCShapes ? kCodeTypePowerPC : kCodeTypeIA32;
@@ -134,6 +136,31 @@ bool QuorlScriptInterface::CompileToTacListing(string* listing) {
   Ref<CodeModule> module = CompileSource(functionTable, listing);
   delete functionTable;
   return module;
+}
+
+Ref<DebuggerSymbols> QuorlScriptInterface::CompileDebugSymbols() {
+  Ref<DebuggerSymbols> symbols;
+  if (!mSourceText) return symbols;
+  std::lock_guard<std::mutex> compiling(CompileLock());
+  StringMap<void*>* functionTable = MakeQuorlScriptRuntimeFunctionTable(&Resolver);
+  Ref<CodeModule> module = CompileSource(functionTable, nullptr, nullptr, true);
+  if (module) {
+    LinkFailureWitness witness;
+    symbols = DebuggerSymbols::New();
+    delete MiniLink(module, functionTable, &witness, symbols);
+    if (witness.mFailed) {
+      symbols = Ref<DebuggerSymbols>();
+      CompilerError(kErrorUnknownName, 0);
+    }
+  }
+  delete functionTable;
+  return symbols;
+}
+
+bool QuorlScriptInterface::CompileToDebugSymbolListing(string* listing) {
+  Ref<DebuggerSymbols> symbols = CompileDebugSymbols();
+  if (symbols) *listing = ListDebuggerSymbols(*symbols);
+  return symbols;
 }
 
 // Library functions are linked by their address in this process ("_" and

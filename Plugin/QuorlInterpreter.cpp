@@ -107,16 +107,32 @@ static char const* RuntimeErrorClassName(RuntimeErrorCode code) {
   }
 }
 
+// The frames as the boundary carries them; the names stay with `stack`.
+void QuorlInterpreter::ReportCallStack(ScriptCallStack const& stack) {
+  SimpleVector<QuorlStackFrame> frames;
+  for (unsigned long i = 0; i < stack.mFrames.size(); i++) {
+    QuorlStackFrame frame = {stack.mFrames[i].mFunction.CString(),
+                             static_cast<int32_t>(stack.mFrames[i].mLine)};
+    frames.push_back(frame);
+  }
+  QuorlRuntimeCallStack(mHostObject, frames.size() ? &frames[0] : nullptr,
+                        static_cast<int32_t>(frames.size()),
+                        stack.mMoreFrames ? 0 : 1);
+}
+
 // The detail of an exception of the script's comes from the runtime, which
 // saw where it was raised; a report of the runtime's own (no class to be
-// had) names the class the host event names.
+// had, or no exception behind it) names the class the host event names.
 void QuorlInterpreter::ReportRuntimeErrorDetail(RuntimeErrorCode code) {
   UncaughtExceptionDetail const& uncaught = LastUncaughtException();
-  bool fromException = code != kRuntimeErrorNoExceptionClass;
+  bool fromException = code != kRuntimeErrorNoExceptionClass &&
+                       !uncaught.mClassName.IsEmpty();
+  if (fromException) ReportCallStack(uncaught.mCallStack);
   QuorlRuntimeErrorDetail(
       mHostObject, fromException ? (int)uncaught.mLine : 0,
       fromException ? uncaught.mClassName.CString() : RuntimeErrorClassName(code),
-      fromException ? uncaught.mMessage.CString() : "");
+      fromException ? uncaught.mMessage.CString() : "",
+      fromException ? int(uncaught.mErrorNumber) : 0);
 }
 
 // A stop is what the host asked for, not an error of the script: the host

@@ -4,6 +4,7 @@
 #ifndef PLUGIN_QUORLINTERPRETER_H
 #define PLUGIN_QUORLINTERPRETER_H
 
+#include "Compiler/BackEnds/Minilinker/ScriptCallStack.h"
 #include "Plugin/PluginBoundary.h"
 #include "Plugin/QuorlScriptClass.h"
 #include "Plugin/QuorlScriptInterface.h"
@@ -33,6 +34,7 @@ class QuorlInterpreter : public QuorlScriptInterface {
   void MarkAborted();
   void ReportCompileErrorDetail(CompileErrorCode code, unsigned long line);
   void ReportRuntimeErrorDetail(RuntimeErrorCode code);
+  void ReportCallStack(ScriptCallStack const& stack);
 
   VELDObject mHostObject;
 };

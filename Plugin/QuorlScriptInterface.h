@@ -6,6 +6,7 @@
 #define PLUGIN_QUORLSCRIPTINTERFACE_H
 
 #include "Compiler/BackEnds/Minilinker/QuorlScriptCorrespondent.h"
+#include "Compiler/Linker/LinkedDebugSymbols.h"
 #include "Compiler/SmartRef.h"
 #include "Compiler/compiler.h"
 #include "Plugin/ScriptFunctions.h"
@@ -83,6 +84,12 @@ class QuorlScriptInterface : public QuorlScriptCorrespondent,
   // listing of the program's three-address code; false after compile
   // errors, which are reported as usual. The developer's view of a compile.
   bool CompileToTacListing(string* listing);
+  // Compiles and links the source with debug data, without running it, and
+  // gives that data in readable form; false after compile or link errors,
+  // which are reported as usual.
+  bool CompileToDebugSymbolListing(string* listing);
+  // The debug data itself; nil after compile or link errors.
+  Ref<DebuggerSymbols> CompileDebugSymbols();
   // Compiles the source for 32-bit PowerPC, for a loader on that machine,
   // with the argument shapes of its calls by name; nil after compile
   // errors, which are reported as usual. The engine itself never runs it.
@@ -149,8 +156,10 @@ class QuorlScriptInterface : public QuorlScriptCorrespondent,
   // errors. The listing, when asked for, is taken after the front end.
   // With `powerPCShapes` the code is PowerPC's, and the shapes of its calls
   // go there.
+  // With `debug` the module carries the debug data of its symbols.
   Ref<CodeModule> CompileSource(StringMap<void*>* functionTable, string* listing,
-                                StringMapCase<string>* powerPCShapes = nullptr);
+                                StringMapCase<string>* powerPCShapes = nullptr,
+                                bool debug = false);
   void EncodeHostMethods(ModuleSymbol* symbols, StringMap<void*>* table);
   void EncodeHostProperties(ModuleSymbol* symbols, StringMap<void*>* table);
   void EncodeHostFunctions(ModuleSymbol* symbols, StringMap<void*>* table);

@@ -1,7 +1,7 @@
 // The console plays the host: Print writes a line to standard output,
 // Input reads one from standard input after its prompt, a runtime error is
-// reported on standard error as "NAME: runtime error: CLASS", exactly as
-// quorl does. The compiled code passes the compiling process's own
+// reported on standard error as "NAME: runtime error: CLASS: MESSAGE", as
+// quorl does but for the line, which the loader does not know. The compiled code passes the compiling process's own
 // correspondent to Print and Input, which means nothing here, so the
 // console's versions of both ignore it.
 #include "PowerPCLoader/RuntimeTable.h"
@@ -18,6 +18,12 @@ namespace quorl {
 // The library's registration with a host; the loader has none and reads
 // the entries itself.
 void RegisterHostFunction(std::string const& name, void* address) {}
+namespace detail {
+// A library function's raise: the runtime is this very process's.
+void RaiseInScript(char const* className, char const* message) {
+  RaiseNamedException(className, string(message));
+}
+}  // namespace detail
 }  // namespace quorl
 
 namespace ppcloader {
@@ -52,8 +58,14 @@ class Console : public QuorlScriptCorrespondent {
   void ScriptError(RuntimeErrorCode code, unsigned long line) override {
     sRuntimeErrors++;
     fflush(stdout);
+    UncaughtExceptionDetail const& uncaught = LastUncaughtException();
+    std::string text = uncaught.mClassName.IsEmpty()
+                           ? ErrorClassName(code)
+                           : uncaught.mClassName.CString();
+    if (!uncaught.mMessage.IsEmpty())
+      text += std::string(": ") + uncaught.mMessage.CString();
     fprintf(stderr, "%s: runtime error: %s\n", sScriptName.c_str(),
-            ErrorClassName(code));
+            text.c_str());
   }
 };
 
@@ -86,7 +98,8 @@ FunctionTable const& Library() {
   if (!library.empty()) return library;
   using namespace quorl::standin::library;
   for (LibraryEntries (*theme)() :
-       {&CharacterStringEntries, &ByteStringEntries, &CaseAndTrimEntries,
+       {&CharacterStringEntries, &ByteStringEntries, &TextEncodingEntries,
+        &CaseAndTrimEntries,
         &FieldAndReplaceEntries, &NumberTextEntries, &FormatEntries,
         &ClockEntries, &EnvironmentHookEntries, &RuntimeFoundationEntries,
         &RuntimeIntrinsicEntries})

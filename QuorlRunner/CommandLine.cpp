@@ -33,6 +33,9 @@ std::vector<OptionRow> const& Options() {
       {"dump-tac", nullptr, nullptr,
        "print the script's three-address code instead of running it",
        [](RunnerOptions& o, std::string const&) { o.dumpTac = true; }},
+      {"debug-symbols", nullptr, nullptr,
+       "print the script's debug tables (functions, locals, globals) instead of running it",
+       [](RunnerOptions& o, std::string const&) { o.debugSymbols = true; }},
       {"no-optimize", nullptr, nullptr,
        "compile the script exactly as written, without optimizing",
        [](RunnerOptions& o, std::string const&) { o.optimize = false; }},
@@ -156,7 +159,8 @@ std::string HelpText() {
          "writes its prompt to standard output and reads one line from\n"
          "standard input; at the end of input it reads an empty line.\n"
          "Compile errors go to standard error as 'FILE:LINE: error NUMBER:\n"
-         "MESSAGE', a runtime error as 'FILE: runtime error: CLASS'.\n"
+         "MESSAGE', an uncaught exception as 'FILE:LINE: runtime error:\n"
+         "CLASS: MESSAGE'.\n"
          "\n"
          "Environment:\n"
          "  QUORL_PLUGIN  the script engine to load when --plugin is not\n"

@@ -16,6 +16,7 @@ struct RunnerOptions {
   std::string file;  // kStandardInputOperand for standard input
   bool check = false;
   bool dumpTac = false;
+  bool debugSymbols = false;  // list the debug tables instead of running
   bool optimize = true;
   bool staticClassData = false;  // class records as linked data
   double timeLimit = 0;  // seconds; 0 for none

@@ -24,6 +24,51 @@ std::string CompileErrorLine(std::string const& fileName, int line,
          std::to_string(number) + ": " + CompileErrorSummary(number);
 }
 
+// An exception nobody caught, with the line it was raised at when known
+// and its message when it has one. The detail of the error came just
+// before its event.
+std::string RuntimeErrorLine(Script const& script, std::string const& fileName,
+                             std::string const& exceptionClass) {
+  std::vector<ScriptError> const& errors = script.Errors();
+  if (errors.empty() || errors.back().kind != ScriptError::Kind::Runtime)
+    return fileName + ": runtime error: " + exceptionClass;
+  ScriptError const& error = errors.back();
+  std::string where =
+      error.line > 0 ? fileName + ":" + std::to_string(error.line) : fileName;
+  std::string text = where + ": runtime error: " + error.exceptionClass;
+  return error.message.empty() ? text : text + ": " + error.message;
+}
+
+// Below the error line, the frames of the script where the exception was
+// raised, innermost first, as "  at Leaf (FILE:LINE)"; a frame repeated
+// more than kRepeatsShown times in a row (a recursion) is shown once with
+// the count of its repeats. The detail of the error came just before its
+// event.
+size_t const kRepeatsShown = 3;
+
+std::string CallStackText(Script const& script, std::string const& fileName) {
+  std::vector<ScriptError> const& errors = script.Errors();
+  if (errors.empty() || errors.back().kind != ScriptError::Kind::Runtime)
+    return "";
+  std::vector<StackFrame> const& frames = errors.back().callStack;
+  std::string text;
+  for (size_t i = 0; i < frames.size();) {
+    size_t same = i + 1;
+    while (same < frames.size() && frames[same].function == frames[i].function &&
+           frames[same].line == frames[i].line)
+      same++;
+    size_t shown = same - i > kRepeatsShown ? 1 : same - i;
+    for (size_t k = 0; k < shown; k++)
+      text += "\n  at " + frames[i].function + " (" + fileName + ":" +
+              std::to_string(frames[i].line) + ")";
+    if (shown < same - i)
+      text += "\n  ... the same " + std::to_string(same - i - 1) + " more times";
+    i = same;
+  }
+  if (!errors.back().callStackComplete) text += "\n  ... and deeper frames";
+  return text;
+}
+
 }  // namespace
 
 std::string ReadLine(std::FILE* in) {
@@ -49,10 +94,11 @@ void ConnectConsole(Script& script, Console const& console,
     ++counts.compileErrors;
     Report(console, CompileErrorLine(fileName, line, number));
   });
-  script.OnRuntimeError([console, fileName, &counts](
+  script.OnRuntimeError([console, fileName, &counts, &script](
                             int, std::string const& exceptionClass) {
     ++counts.runtimeErrors;
-    Report(console, fileName + ": runtime error: " + exceptionClass);
+    Report(console, RuntimeErrorLine(script, fileName, exceptionClass) +
+                        CallStackText(script, fileName));
   });
 }
 

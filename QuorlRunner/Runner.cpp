@@ -86,6 +86,7 @@ int RunScript(RunnerOptions const& options, std::string const& text,
               Console const& console) {
   try {
     if (options.dumpTac) return DumpTac(options, text, console);
+    if (options.debugSymbols) return DumpDebugSymbols(options, text, console);
     if (!options.emitObject.empty())
       return EmitPowerPCModule(options, text, console);
     HostOptions host;

@@ -13,8 +13,12 @@ extern "C" void VELDPluginMain(VELDResolver resolver);
 namespace quorl {
 namespace runner {
 
-int DumpTac(RunnerOptions const& options, std::string const& text,
-            Console const& console) {
+namespace {
+
+// Compiles with the engine linked in and writes what `list` gives.
+int DumpListing(RunnerOptions const& options, std::string const& text,
+                Console const& console,
+                bool (QuorlScriptInterface::*list)(string* listing)) {
   HostOptions host;
   host.optimize = options.optimize;
   Attach(&VELDPluginMain, host);
@@ -24,11 +28,25 @@ int DumpTac(RunnerOptions const& options, std::string const& text,
   script.SetSource(text);
   string listing;
   QuorlScriptInterface* engine = QuorlScriptDataOf(script.Instance())->mInterface;
-  bool compiled = engine->CompileToTacListing(&listing);
+  bool compiled = (engine->*list)(&listing);
   DisconnectConsole(script);
   if (compiled) std::fwrite(listing.CString(), 1, listing.Length(), console.out);
   std::fflush(console.out);
   return counts.compileErrors || !compiled ? kExitCompileErrors : kExitCompleted;
+}
+
+}  // namespace
+
+int DumpTac(RunnerOptions const& options, std::string const& text,
+            Console const& console) {
+  return DumpListing(options, text, console,
+                     &QuorlScriptInterface::CompileToTacListing);
+}
+
+int DumpDebugSymbols(RunnerOptions const& options, std::string const& text,
+                     Console const& console) {
+  return DumpListing(options, text, console,
+                     &QuorlScriptInterface::CompileToDebugSymbolListing);
 }
 
 }  // namespace runner

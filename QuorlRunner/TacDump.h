@@ -1,4 +1,5 @@
-// quorl --dump-tac: the listing of a script's three-address code.
+// quorl --dump-tac and --debug-symbols: what the compiler made of a script,
+// as a listing.
 #ifndef QUORLRUNNER_TACDUMP_H
 #define QUORLRUNNER_TACDUMP_H
 
@@ -14,6 +15,10 @@ namespace runner {
 // of running it; compile errors are reported as in a run.
 int DumpTac(RunnerOptions const& options, std::string const& text,
             Console const& console);
+// quorl --debug-symbols: the same with the script's debug tables, read from
+// a compile and link with debug data.
+int DumpDebugSymbols(RunnerOptions const& options, std::string const& text,
+                     Console const& console);
 
 }  // namespace runner
 }  // namespace quorl

@@ -29,7 +29,8 @@ void AddBuiltInClasses(ClassRegistry& registry) {
   static char const* const kSubclasses[] = {
       "OutOfBoundsException", "StackOverflowException",
       "NilObjectException",   "IllegalCastException",
-      "TypeMismatchException", "OutOfMemoryException"};
+      "TypeMismatchException", "OutOfMemoryException",
+      "FunctionNotFoundException"};
   registry.live.push_back(BuiltInClass("RuntimeException", ""));
   for (char const* name : kSubclasses)
     registry.live.push_back(BuiltInClass(name, "RuntimeException"));

@@ -61,6 +61,8 @@ std::map<std::string, void*> BuiltInOperations() {
        Entry<QuorlCompileErrorDetailProc>(&QuorlCompileErrorDetail)},
       {"QuorlRuntimeErrorDetail",
        Entry<QuorlRuntimeErrorDetailProc>(&QuorlRuntimeErrorDetail)},
+      {"QuorlRuntimeCallStack",
+       Entry<QuorlRuntimeCallStackProc>(&QuorlRuntimeCallStack)},
       {"QuorlScriptStopped", Entry<QuorlScriptStoppedProc>(&QuorlScriptStopped)},
       {"QuorlTakeEngineOperations",
        Entry<QuorlTakeEngineOperationsProc>(&QuorlTakeEngineOperations)},

@@ -114,13 +114,31 @@ void QuorlCompileErrorDetail(VELDObject instance, int number,
 }
 
 void QuorlRuntimeErrorDetail(VELDObject instance, int line,
-                             char const* exceptionClass, char const* message) {
+                             char const* exceptionClass, char const* message,
+                             int errorNumber) {
   ScriptError error;
   error.kind = ScriptError::Kind::Runtime;
+  error.number = errorNumber;
   error.exceptionClass = Text(exceptionClass);
   error.message = Text(message);
   error.line = line;
+  if (ScriptCallbacks* callbacks = CallbacksOf(instance)) {
+    error.callStack.swap(callbacks->pendingCallStack);
+    error.callStackComplete = callbacks->pendingCallStackComplete;
+    callbacks->pendingCallStack.clear();
+    callbacks->pendingCallStackComplete = true;
+  }
   ReportError(instance, error);
+}
+
+void QuorlRuntimeCallStack(VELDObject instance, QuorlStackFrame const* frames,
+                           int32_t count, int32_t complete) {
+  ScriptCallbacks* callbacks = CallbacksOf(instance);
+  if (!callbacks) return;
+  callbacks->pendingCallStack.clear();
+  for (int32_t i = 0; i < count; i++)
+    callbacks->pendingCallStack.push_back({Text(frames[i].mFunction), frames[i].mLine});
+  callbacks->pendingCallStackComplete = complete != 0;
 }
 
 void QuorlScriptStopped(VELDObject instance) {

@@ -8,6 +8,7 @@
 
 #include <vector>
 
+#include "Plugin/EmbeddingBoundary.h"
 #include "quorl/QuorlHost.h"
 
 namespace quorl {
@@ -27,6 +28,9 @@ struct ScriptCallbacks {
   Script::ErrorHandler error;
   // The errors of the call in progress or the last one.
   std::vector<ScriptError> errors;
+  // The call stack of the runtime error whose detail comes next.
+  std::vector<StackFrame> pendingCallStack;
+  bool pendingCallStackComplete = true;
 };
 
 // Gives the instance a trampoline for each callable present and no handler
@@ -42,7 +46,10 @@ void QuorlCompileErrorDetail(VELDObject instance, int number,
                              char const* message, char const* summary,
                              int line, int column);
 void QuorlRuntimeErrorDetail(VELDObject instance, int line,
-                             char const* exceptionClass, char const* message);
+                             char const* exceptionClass, char const* message,
+                             int errorNumber);
+void QuorlRuntimeCallStack(VELDObject instance, QuorlStackFrame const* frames,
+                           int32_t count, int32_t complete);
 void QuorlScriptStopped(VELDObject instance);
 
 }  // namespace standin

@@ -6,10 +6,15 @@
 #include <stdlib.h>
 #include <string.h>
 
+#include <string>
+
 #include "Universal/Assertion.h"
 #include "Universal/Encodings.h"
 
 namespace {
+
+// The most bytes one input byte can become: a byte of an 8-bit set in UTF-32.
+const uint32_t kMostOutputBytesPerInputByte = 4;
 
 struct EncodingName {
   unsigned long mTag;
@@ -37,6 +42,27 @@ EncodingName const kEncodingNames[] = {
     {2562, "KOI8_R"},     {3073, "CP037"},     {3074, "CP037"},
     {kEncodingUTF8, "UTF8"}, {kEncodingUTF32, "UTF32"},
 };
+
+// Names people give encodings, beside the iconv names above, in the form
+// NormalizedEncodingName makes of them.
+EncodingName const kCommonEncodingNames[] = {
+    {kEncodingASCII, "ASCII"},       {kEncodingUTF16, "UTF16"},
+    {513, "LATIN1"},                 {513, "ISOLATIN1"},
+    {0, "MACROMAN"},                 {1280, "WINDOWSLATIN1"},
+    {1280, "WINDOWS1252"},           {2561, "SHIFTJIS"},
+};
+
+// Upper case without "-", "_", " " or ":": "ISO_8859-1" and "iso-8859-1"
+// are one name.
+std::string NormalizedEncodingName(char const* name, size_t length) {
+  std::string normalized;
+  for (size_t i = 0; i < length; i++) {
+    char c = name[i];
+    if (c == '-' || c == '_' || c == ' ' || c == ':') continue;
+    normalized += (c >= 'a' && c <= 'z') ? char(c - 'a' + 'A') : c;
+  }
+  return normalized;
+}
 
 // What '?' and a code unit look like in the output: wide forms need the
 // whole unit, not one byte.
@@ -100,6 +126,17 @@ char const* GetCodeNameFromEncoding(unsigned long tag) {
   return nullptr;
 }
 
+unsigned long GetEncodingFromName(string const& name) {
+  std::string wanted = NormalizedEncodingName(name.CString(), name.Length());
+  if (wanted.empty()) return kEncodingUnknown;
+  for (EncodingName const& entry : kCommonEncodingNames)
+    if (wanted == entry.mName) return entry.mTag;
+  for (EncodingName const& entry : kEncodingNames)
+    if (wanted == NormalizedEncodingName(entry.mName, strlen(entry.mName)))
+      return entry.mTag;
+  return kEncodingUnknown;
+}
+
 // The answer for the font last asked about is kept; any other font is taken
 // to be UTF-8, which is what every font is on this platform.
 unsigned long GetEncodingFromFont(string const& fontName) {
@@ -123,7 +160,8 @@ unsigned long GetSystemEncoding() {
 unsigned long GetKeyboardEncoding() { return GetSystemEncoding(); }
 
 // The output buffer holds four times the input, enough for any 8-bit text in
-// UTF-32. The result is a fresh storage or, on failure, the input itself.
+// UTF-32. The result is a fresh storage or, when iconv fails, the input
+// itself; nil when the heap cannot hold the converted text.
 stringStorage* ConvertTextUnix(stringStorage* input, unsigned long from,
                                unsigned long to) {
   char const* fromName = GetCodeNameFromEncoding(from);
@@ -136,9 +174,17 @@ stringStorage* ConvertTextUnix(stringStorage* input, unsigned long from,
     LockStringStorage(input);
     return input;
   }
-  size_t capacity = input ? input->mLength * 4 : 0;
+  uint32_t length = input ? input->mLength : 0;
+  if (length > (kLongestStringLength - 1) / kMostOutputBytesPerInputByte) {
+    iconv_close(cd);
+    return nullptr;
+  }
+  size_t capacity = size_t(length) * kMostOutputBytesPerInputByte;
   char* buffer = static_cast<char*>(malloc(capacity + 1));
-  QASSERT(buffer);
+  if (!buffer) {
+    iconv_close(cd);
+    return nullptr;
+  }
   char* out = buffer;
   size_t outLeft = capacity;
   bool ok = !input || RunIconv(cd, input->CString(), input->mLength, &out,
@@ -146,8 +192,8 @@ stringStorage* ConvertTextUnix(stringStorage* input, unsigned long from,
   iconv_close(cd);
   stringStorage* result = input;
   if (ok)
-    result = NewStringStorage(buffer, static_cast<uint32_t>(out - buffer),
-                              static_cast<uint32_t>(to));
+    result = TryNewStringStorage(buffer, static_cast<uint32_t>(out - buffer),
+                                 static_cast<uint32_t>(to));
   else
     LockStringStorage(input);
   free(buffer);
@@ -175,8 +221,8 @@ string ConvertEncoding(string const& s, unsigned long target) {
   string result;
   if ((!IsWideUnicodeEncoding(target)) &&
       (tag == kEncodingASCII || s.ContainsOnlyASCII())) {
-    result.AdoptReference(NewStringStorage(s.CString(), s.Length(),
-                                           static_cast<uint32_t>(target)));
+    result.AdoptReference(TryNewStringStorage(s.CString(), s.Length(),
+                                              static_cast<uint32_t>(target)));
   } else {
     result.AdoptReference(
         ConvertTextUnix(s.GetStringStorage(), tag, target));

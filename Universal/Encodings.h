@@ -19,6 +19,12 @@ bool IsWideUnicodeEncoding(unsigned long tag);
 // the system encoding.
 char const* GetCodeNameFromEncoding(unsigned long tag);
 
+// The tag of an encoding named as iconv names it ("ISO_8859-1", "CP1252") or
+// by a common name ("UTF-8", "Latin1", "MacRoman", "WindowsLatin1"), with
+// case, "-", "_", ":" and spaces ignored; 0xFFFF when no encoding has that
+// name. Where two tags share an iconv name, the first listed answers.
+unsigned long GetEncodingFromName(string const& name);
+
 // The system encoding, found once; UTF-8 on this platform.
 unsigned long GetSystemEncoding();
 unsigned long GetEncodingFromFont(string const& fontName);
@@ -26,13 +32,15 @@ unsigned long GetKeyboardEncoding();
 
 // Converts a bare storage from one tag to another. Returns a storage with a
 // reference for the caller: the converted text, or the input itself (with one
-// more reference) when the conversion cannot be set up or fails. Bytes that do
-// not convert each become one "?" and the conversion goes on.
+// more reference) when the conversion cannot be set up or fails; nil when the
+// heap cannot hold the result. Bytes that do not convert each become one "?"
+// and the conversion goes on.
 stringStorage* ConvertTextUnix(stringStorage* input, unsigned long from,
                                unsigned long to);
 
 // `s` in the target encoding; `s` itself when the target or the tag is
-// unknown, when `s` is nil, or when it already has the target tag.
+// unknown, when `s` is nil, or when it already has the target tag; nil when
+// the heap cannot hold the converted text.
 string ConvertEncoding(string const& s, unsigned long target);
 string ConvertToSystemEncoding(string const& s);
 

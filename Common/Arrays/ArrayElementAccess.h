@@ -45,7 +45,8 @@ void ArraySet(RuntimeArrayObject* array, long position,
   E::Unlock(old);
 }
 
-// ---- one dimension
+// ---- one dimension: the optimizing path does these in line and raises
+// without the index, so they do too (both paths print the same)
 
 template <class E>
 typename E::Type GetLinear(RuntimeArrayObject* array, long i) {
@@ -82,6 +83,14 @@ inline bool InPlanarBounds(RuntimeArrayObject* array, long i, long j) {
          IndexInRange(j, array->Ubounds()[1]);
 }
 
+// The message names the index that is out of its dimension's bounds.
+inline void RaisePlanarOutOfBounds(RuntimeArrayObject* array, long i, long j) {
+  if (!IndexInRange(i, array->Ubounds()[0]))
+    RaiseIndexOutOfBounds(i, array->Ubounds()[0]);
+  else
+    RaiseIndexOutOfBounds(j, array->Ubounds()[1]);
+}
+
 inline long PlanarPosition(RuntimeArrayObject* array, long i, long j) {
   return (array->Ubounds()[0] + 1) * j + i;
 }
@@ -89,7 +98,7 @@ inline long PlanarPosition(RuntimeArrayObject* array, long i, long j) {
 template <class E>
 typename E::Type GetPlanar(RuntimeArrayObject* array, long i, long j) {
   if (!InPlanarBounds(array, i, j)) {
-    RaiseOutOfBoundsException();
+    RaisePlanarOutOfBounds(array, i, j);
     return typename E::Type();
   }
   return Handed<E>(array, PlanarPosition(array, i, j));
@@ -99,7 +108,7 @@ template <class E>
 void SetPlanar(RuntimeArrayObject* array, typename E::Type value, long i,
                long j) {
   if (!InPlanarBounds(array, i, j)) {
-    RaiseOutOfBoundsException();
+    RaisePlanarOutOfBounds(array, i, j);
     return;
   }
   ArraySet<E>(array, PlanarPosition(array, i, j), value);

@@ -43,7 +43,7 @@ void Insert(RuntimeArrayObject* array, long index, typename E::Type value) {
   }
   QASSERT_TEXT(1 == array->shape.dimensions, "1 == array->dimensions");
   if (!IndexInRange(index, array->Ubounds()[0] + 1)) {
-    RaiseOutOfBoundsException();
+    RaiseIndexOutOfBounds(index, array->Ubounds()[0] + 1);
     return;
   }
   if (!OpenGap(FamilyBody<E>(array), index)) return;
@@ -55,7 +55,7 @@ template <class E>
 void Remove(RuntimeArrayObject* array, long index) {
   QASSERT_TEXT(1 == array->shape.dimensions, "1 == array->dimensions");
   if (!IndexInRange(index, array->Ubounds()[0])) {
-    RaiseOutOfBoundsException();
+    RaiseIndexOutOfBounds(index, array->Ubounds()[0]);
     return;
   }
   CloseGap(FamilyBody<E>(array), index);

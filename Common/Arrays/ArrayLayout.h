@@ -12,6 +12,11 @@
 // Where every kind of array keeps its method table.
 enum : long { kArrayMethodsOffset = 24 };
 
+// Where an array of one of the element codes keeps its element buffer and
+// the upper bound of its first dimension: the optimizing back end reads
+// one-dimensional arrays of plain values there without a call.
+enum : long { kArrayDataOffset = 28, kArrayFirstUboundOffset = 44 };
+
 // The entries of the method table that generated code calls.
 enum ArrayTableEntry {
   kArrayGet = 0,
@@ -35,6 +40,11 @@ static_assert(offsetof(RuntimeStructureArray, methods) == kArrayMethodsOffset,
               "a structure array's method table");
 static_assert(offsetof(RuntimeArrayCastWrapper, methods) == kArrayMethodsOffset,
               "a cast wrapper's method table");
+static_assert(offsetof(RuntimeArrayObject, data) == kArrayDataOffset,
+              "an array's element buffer");
+static_assert(offsetof(RuntimeArrayObject, shape) + sizeof(ArrayShape) ==
+                  kArrayFirstUboundOffset,
+              "an array's first upper bound");
 static_assert(offsetof(RuntimeArrayMethods, get) == kArrayGet, "get");
 static_assert(offsetof(RuntimeArrayMethods, set) == kArraySet, "set");
 static_assert(offsetof(RuntimeArrayMethods, getFast) == kArrayGetFast, "getFast");

@@ -1,6 +1,8 @@
 // Split, Join, Max and Min: the library functions that work on arrays.
 #include "Common/Arrays/ArrayLibrary.h"
 
+#include <ctype.h>
+#include <string.h>
 #include <strings.h>
 
 #include "Common/Arrays/RuntimeArrays.h"
@@ -13,11 +15,25 @@ namespace {
 
 long const kStringElements = 3;
 
-// Byte runs of one encoding compared as string::Compare compares runs of
-// equal length, case ignored.
-bool DelimiterAt(string const& text, unsigned long at, string const& delimiter) {
-  return strncasecmp(text.CString() + at, delimiter.CString(),
-                     delimiter.Length()) == 0;
+// Where `delimiter`, which is not empty, next stands in `text` at or after
+// `from`, compared as string::Compare compares runs of equal length (case
+// ignored); `length` when it does not. Only the positions whose byte is one
+// of the two cases of the delimiter's first byte are compared in full.
+unsigned long NextDelimiter(string const& text, unsigned long from,
+                            string const& delimiter) {
+  unsigned long length = text.Length(), step = delimiter.Length();
+  if (from + step > length) return length;
+  char const* bytes = text.CString();
+  unsigned char first = static_cast<unsigned char>(delimiter.CString()[0]);
+  int lower = tolower(first), upper = toupper(first);
+  char const* last = bytes + length - step;
+  for (char const* at = bytes + from; at <= last; at++) {
+    int byte = static_cast<unsigned char>(*at);
+    if (byte != lower && byte != upper) continue;
+    if (step == 1 || strncasecmp(at + 1, delimiter.CString() + 1, step - 1) == 0)
+      return at - bytes;
+  }
+  return length;
 }
 
 // Calls `field(start, count)` for each field of `text` between occurrences
@@ -27,15 +43,11 @@ long ForEachField(string const& text, string const& delimiter, Field field) {
   unsigned long length = text.Length(), step = delimiter.Length();
   unsigned long start = 0;
   long fields = 0;
-  for (unsigned long at = 0; at + step <= length;) {
-    if (!DelimiterAt(text, at, delimiter)) {
-      at++;
-      continue;
-    }
+  for (unsigned long at = NextDelimiter(text, 0, delimiter); at < length;
+       at = NextDelimiter(text, start, delimiter)) {
     field(start, at - start);
     fields++;
-    at += step;
-    start = at;
+    start = at + step;
   }
   CountStringScan(length);
   field(start, length - start);
@@ -77,9 +89,15 @@ RuntimeArrayObject* FieldArray(string const& text, Walk walk) {
   RuntimeArrayObject* array = CreateArray(1, kStringElements, count - 1);
   stringStorage** elements = reinterpret_cast<stringStorage**>(array->data);
   long k = 0;
+  char const* bytes = text.CString();
+  uint32_t encoding = static_cast<uint32_t>(text.Encoding());
   walk([&](unsigned long start, unsigned long size) {
-    elements[k++] = mid(text, static_cast<int>(start), static_cast<int>(size))
-                        .ExtractStringStorage();
+    if (size == text.Length())
+      elements[k++] = string(text).ExtractStringStorage();
+    else if (size)
+      elements[k++] = NewStringStorage(bytes + start, size, encoding);
+    else
+      k++;
   });
   return array;
 }
@@ -112,6 +130,51 @@ RuntimeObject* StringSplit(stringStorage* source, stringStorage* delimiter) {
           })->header;
 }
 
+namespace {
+
+// The common case of Join: at least two pieces that are not empty, all of
+// one encoding, so that the bytes are copied as they are into a storage of
+// the final size; null when the pieces need what AssembleString does.
+stringStorage* JoinOfOneEncoding(stringStorage* const* elements, long last,
+                                 stringStorage* delimiter) {
+  uint32_t separator = delimiter ? delimiter->mLength : 0;
+  uint64_t length = 0;
+  long pieces = 0;
+  uint32_t encoding = 0;
+  for (long k = 0; k <= last; k++) {
+    stringStorage* element = elements[k];
+    if (!element || !element->mLength) continue;
+    if (pieces++ == 0) encoding = element->mEncoding;
+    if (element->mEncoding != encoding) return nullptr;
+    length += element->mLength;
+  }
+  if (separator && last > 0) {
+    if (pieces == 0) encoding = delimiter->mEncoding;
+    if (delimiter->mEncoding != encoding) return nullptr;
+    pieces += last;
+    length += uint64_t(separator) * last;
+  }
+  if (pieces < 2 || length > kLongestStringLength) return nullptr;
+  stringStorage* joined =
+      TryNewStringStorage(nullptr, static_cast<uint32_t>(length), encoding);
+  if (!joined) return nullptr;
+  char* cursor = joined->CString();
+  for (long k = 0; k <= last; k++) {
+    if (k > 0 && separator) {
+      memcpy(cursor, delimiter->CString(), separator);
+      cursor += separator;
+    }
+    if (elements[k] && elements[k]->mLength) {
+      memcpy(cursor, elements[k]->CString(), elements[k]->mLength);
+      cursor += elements[k]->mLength;
+    }
+  }
+  CountStringCopy(length);
+  return joined;
+}
+
+}  // namespace
+
 stringStorage* StringJoin(RuntimeObject* fields, stringStorage* delimiter) {
   if (!fields) {
     RaiseNilObjectException();
@@ -120,6 +183,8 @@ stringStorage* StringJoin(RuntimeObject* fields, stringStorage* delimiter) {
   RuntimeArrayObject* array = reinterpret_cast<RuntimeArrayObject*>(fields);
   stringStorage** elements = reinterpret_cast<stringStorage**>(array->data);
   long last = array->Ubounds()[0];
+  if (stringStorage* joined = JoinOfOneEncoding(elements, last, delimiter))
+    return joined;
   string separator(delimiter);
   bool refused = false;
   string joined = AssembleString([&](auto piece) {

@@ -57,6 +57,7 @@ void SetNilObjectExceptionClass(RuntimeClass* exc) {
 
 void SetFunctionNotFoundClass(RuntimeClass* exc) { sFunctionNotFoundClass = exc; }
 void SetExceptionClass(RuntimeClass* exc) { sExceptionClass = exc; }
+RuntimeClass* GetExceptionClass() { return sExceptionClass; }
 void SetIllegalCastExceptionClass(RuntimeClass* exc) {
   sIllegalCastExceptionClass = exc;
 }

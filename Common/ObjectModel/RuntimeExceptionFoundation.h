@@ -32,6 +32,9 @@ void RaiseExceptionClass(RuntimeClass* cls);
 void RaiseNilObjectException();
 void RaiseIllegalCastException();
 void RaiseOutOfBoundsException();
+// The same for an index past a dimension whose upper bound is `ubound`;
+// the message names both.
+void RaiseIndexOutOfBounds(long index, long ubound);
 // A buffer the heap cannot give: the script may catch it and go on.
 void RaiseOutOfMemoryException();
 // A value that cannot be converted to the type asked for (a variant's).
@@ -56,6 +59,8 @@ RuntimeClass* GetIllegalCastExceptionClass();
 RuntimeClass* GetOutOfBoundsExceptionClass();
 RuntimeClass* GetOutOfMemoryExceptionClass();
 RuntimeClass* GetTypeMismatchExceptionClass();
+// The root of every exception class, RuntimeException.
+RuntimeClass* GetExceptionClass();
 RuntimeExceptionHook GetUnhandledExceptionHook();
 
 // Walks the frame chain from the caller's frame and activates the first

@@ -1,7 +1,10 @@
 // The runtime's own raises: a fresh object of an exception class, raised
 // and released. They return to their caller afterwards, which hands a
 // harmless value back to the script.
+#include <stdio.h>
+
 #include "Common/ObjectModel/RuntimeExceptionFoundation.h"
+#include "Common/ObjectModel/RuntimeExceptionObjects.h"
 
 namespace {
 
@@ -20,6 +23,21 @@ void ReportUnraisable() {
   if (GetUnhandledExceptionHook()) RuntimeUnhandledException(nullptr);
 }
 
+// What each of the runtime's own exceptions says happened.
+char const kNilObjectMessage[] = "An object was used that is Nil";
+char const kIllegalCastMessage[] =
+    "An object was cast to a class it does not belong to";
+char const kOutOfBoundsMessage[] =
+    "An index was outside the bounds of the array";
+char const kIndexMessage[] = "Index %ld is outside the bounds 0 to %ld";
+char const kEmptyIndexMessage[] = "Index %ld is outside the bounds of an empty array";
+// Room for either with two 64-bit numbers.
+int const kIndexMessageSize = 96;
+char const kTypeMismatchMessage[] =
+    "A value could not be converted to the type needed";
+char const kOutOfMemoryMessage[] =
+    "There was not enough memory for the operation";
+
 void RaiseObject(RuntimeObject* exception) {
   RuntimeRaiseException(exception);
   RuntimeUnlockObject(exception);
@@ -31,7 +49,7 @@ void RaiseKind(RuntimeClass* cls, char const* className, char const* message) {
     sNamedRaiser(className, message);
     return;
   }
-  RaiseExceptionClass(cls);
+  RaiseExceptionClassWithMessage(cls, message);
 }
 
 }  // namespace
@@ -50,23 +68,37 @@ void RaiseNilObjectException() {
   sMakingNilObjectException = true;
   RuntimeObject* exception = RuntimeNewObject(cls);
   sMakingNilObjectException = false;
+  SetExceptionMessageText(exception, kNilObjectMessage);
   RaiseObject(exception);
 }
 
 void RaiseIllegalCastException() {
-  RaiseKind(GetIllegalCastExceptionClass(), "IllegalCastException", "");
+  RaiseKind(GetIllegalCastExceptionClass(), "IllegalCastException",
+            kIllegalCastMessage);
 }
 
 void RaiseOutOfBoundsException() {
-  RaiseKind(GetOutOfBoundsExceptionClass(), "OutOfBoundsException", "");
+  RaiseKind(GetOutOfBoundsExceptionClass(), "OutOfBoundsException",
+            kOutOfBoundsMessage);
+}
+
+void RaiseIndexOutOfBounds(long index, long ubound) {
+  char message[kIndexMessageSize];
+  if (ubound < 0)
+    snprintf(message, sizeof message, kEmptyIndexMessage, index);
+  else
+    snprintf(message, sizeof message, kIndexMessage, index, ubound);
+  RaiseKind(GetOutOfBoundsExceptionClass(), "OutOfBoundsException", message);
 }
 
 void RaiseOutOfMemoryException() {
-  RaiseKind(GetOutOfMemoryExceptionClass(), "OutOfMemoryException", "");
+  RaiseKind(GetOutOfMemoryExceptionClass(), "OutOfMemoryException",
+            kOutOfMemoryMessage);
 }
 
 void RaiseTypeMismatchException() {
-  RaiseKind(GetTypeMismatchExceptionClass(), "TypeMismatchException", "");
+  RaiseKind(GetTypeMismatchExceptionClass(), "TypeMismatchException",
+            kTypeMismatchMessage);
 }
 
 void SetNamedExceptionRaiser(RuntimeNamedRaiser raiser) {

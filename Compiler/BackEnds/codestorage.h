@@ -8,6 +8,7 @@
 #ifndef COMPILER_BACKENDS_CODESTORAGE_H
 #define COMPILER_BACKENDS_CODESTORAGE_H
 
+#include "Compiler/DebuggerSymbols.h"
 #include "Compiler/SmartRef.h"
 #include "Universal/SimpleVector.h"
 #include "Universal/stringmap.h"
@@ -234,6 +235,8 @@ class CodeModule {
   StringMap<string> mInitializers;
   StringMap<string> mFinalizers;
   StringMap<string> mDependencies;
+  // Filled only when the compilation is asked for debug data.
+  DebuggerCodeModuleData mDebugData;
 
  private:
   unsigned char BigEndian() const;

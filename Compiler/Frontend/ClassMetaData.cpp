@@ -292,10 +292,20 @@ void CreateInterfaceInitializer(InterfaceSymbol* interface, SemBase* code) {
   code->Append(init.Finish(nilTacAddr));
 }
 
-void CreateClassRegistrar(string const& linkName, SemBase* code) {
+bool HasRuntimeRecord(ClassSymbol* cls) {
+  return cls && ClassLookupFunction(cls)->External();
+}
+
+void CreateClassRegistrar(string const& linkName, SemBase* code,
+                          ClassSymbol* cls) {
   string name = QualifyName(linkName, kInitializerSuffix);
   gContext->mInitializers.AddEntry(linkName, name);
   GeneratedFunction init(name);
+  if (cls && HasRuntimeRecord(cls->GetParent())) {
+    SemBase* parent = LookupClassRecord(cls->GetParent());
+    PokeWord(init.Body(), RecordOf(parent, init.Body()),
+             RecordVariable(linkName), kRecordBase);
+  }
   PutParam(init.Body(), RecordVariable(linkName));
   init.Body()->AddLine(kTacIntrinsic,
                        IntrinsicTacAddr(kIntrinsicRuntimeRegisterClass),

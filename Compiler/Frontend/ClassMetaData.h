@@ -68,7 +68,13 @@ void CreateClassInitializer(ClassSymbol* cls, ClassFunctions const& functions,
 void CreateInterfaceStaticData(InterfaceSymbol* interface, SemBase* code);
 void CreateInterfaceInitializer(InterfaceSymbol* interface, SemBase* code);
 // The initialiser that puts a static record on the runtime's class list.
-void CreateClassRegistrar(string const& linkName, SemBase* code);
+// A class whose parent is one of the runtime's own (an exception) learns
+// its parent's record there, since that record exists only at run time.
+void CreateClassRegistrar(string const& linkName, SemBase* code,
+                          ClassSymbol* cls = nullptr);
+// Whether the record of `cls` is the runtime's own, made at run time and
+// known by a lookup function of the runtime's (the exception classes).
+bool HasRuntimeRecord(ClassSymbol* cls);
 
 // Reports compile error 29 at `where` for each method of `interface` that
 // `cls` does not implement, itself or through a parent.

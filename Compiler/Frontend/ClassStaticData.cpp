@@ -182,7 +182,7 @@ void CreateClassStaticData(ClassSymbol* cls, ClassFunctions const& functions,
   string const& link = cls->mLinkName;
   StaticDataBlock* record = NewBlock(ClassRecordName(link), kRecordHeaderSize);
   ImportText(record, link, kRecordName);
-  if (cls->GetParent())
+  if (cls->GetParent() && !HasRuntimeRecord(cls->GetParent()))
     ImportBlock(record, ClassRecordName(cls->GetParent()->mLinkName),
                 kRecordBase);
   record->Set32(kRecordIsAnInterface, 0);

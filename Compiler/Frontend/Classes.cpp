@@ -179,7 +179,7 @@ SemBase* CompileEndClass(SemBase* ident, SemBase* marker, SemBase* body) {
   CreateClassRetriever(cls, cls->mLinkName, code);
   if (StaticClassData()) {
     CreateClassStaticData(cls, functions, code);
-    CreateClassRegistrar(cls->mLinkName, code);
+    CreateClassRegistrar(cls->mLinkName, code, cls);
   } else {
     CreateClassInitializer(cls, functions, code);
   }

@@ -1,6 +1,6 @@
 // The rules of conversion: which pairs of types convert, and the common
 // type of two operands. Nothing here emits code.
-#include "Compiler/Frontend/PendingForms.h"
+#include "Compiler/Frontend/MethodDelegates.h"
 #include "Compiler/Frontend/TypeConversions.h"
 #include "Universal/Assertion.h"
 

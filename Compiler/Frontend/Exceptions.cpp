@@ -1,6 +1,7 @@
 #include "Compiler/Frontend/Exceptions.h"
 
 #include "Compiler/Frontend/FlowControlSupport.h"
+#include "Compiler/Frontend/GeneratedFunctions.h"
 #include "Compiler/Frontend/ObjectExpressions.h"
 #include "Compiler/Frontend/ParserError.h"
 #include "Compiler/Frontend/ProgramAssembly.h"
@@ -34,17 +35,13 @@ bool DerivesFromException(ClassSymbol* cls) {
 }
 
 // A Catch type must name a class derived from RuntimeException: compile
-// error 35 otherwise. Gives whether the type may be tested.
+// error 35 otherwise (plain Object and interfaces included). Gives whether
+// the type may be tested.
 bool CheckCatchType(SemBase* exceptionType) {
   IRDataType const& type = exceptionType->GetType();
-  if (type.GetMainType() != kObjectType) {
-    Error(kErrorCatchNotException, exceptionType->Location());
-    return false;
-  }
-  QASSERT_TEXT(type.Declaration(), "exType->GetType().Declaration()");
-  QASSERT_TEXT(type.Declaration()->IsA(Symbol::kClass),
-               "exType->GetType().Declaration()->IsA( Symbol::kClass )");
-  if (DerivesFromException(static_cast<ClassSymbol*>(type.Declaration())))
+  TypeSymbol* decl = type.Declaration();
+  if (type.GetMainType() == kObjectType && decl && decl->IsA(Symbol::kClass) &&
+      DerivesFromException(static_cast<ClassSymbol*>(decl)))
     return true;
   Error(kErrorCatchNotException, exceptionType->Location());
   return false;
@@ -89,6 +86,64 @@ TacAddr const* NewHandlerVariable(SemBase* out) {
   return e;
 }
 
+// A Try statement being compiled, for the jumps that leave it: Return,
+// Exit and Continue to a block outside the Try go through its Finally. Such
+// a jump stores its route number in `pending` and jumps to `routes`, where
+// the Finally (if any) follows; behind the statement each route number
+// jumps on to its target, through the Finally of the next Try outward.
+struct OpenTry {
+  // Labels are numbered in order, so a target made before the Try lies
+  // outside it.
+  long firstInnerLabel;
+  TacAddr const* routes;
+  TacAddr const* pending;
+  bool inFinally;
+  SimpleVector<TacAddr const*> targets;  // route k goes to targets[k - 1]
+};
+// Emptied at the end of every compilation (a syntax error may leave a Try
+// open).
+SimpleVector<OpenTry> sOpenTries;
+
+long LabelNumber(TacAddr const* label) {
+  return long(label->GetValue()->uSInt32);
+}
+
+TacAddr const* NewPendingRouteVariable(SemBase* code) {
+  IRDataType number(kSInt32Type);
+  if (!InMethodFrame()) return NewMainBodySlot(number);
+  TacAddr const* pending = code->NewTemp(number, nullptr)->GetAddr();
+  SimpleVector<VariableSymbol*>& temps = code->Temporaries();
+  temps.deleteIdx(temps.size() - 1);
+  return pending;
+}
+
+// The innermost Try of this compilation that a jump to `target` leaves, or
+// null. Code in a Finally has left its own Try already.
+OpenTry* TryLeftBy(TacAddr const* target) {
+  for (unsigned long i = sOpenTries.size(); i-- > 0;) {
+    OpenTry& open = sOpenTries[i];
+    if (open.inFinally) continue;
+    if (LabelNumber(target) < open.firstInnerLabel) return &open;
+    return nullptr;
+  }
+  return nullptr;
+}
+
+// Behind the statement: each route goes on to its target.
+void DispatchRoutes(OpenTry const& closed, SemBase* code) {
+  for (unsigned long k = 1; k <= closed.targets.size(); k++) {
+    TacAddr const* other = NewLabel();
+    EmitBranch(code, kTacIfNEI, closed.pending, IntConstant(long(k)), other);
+    EmitLeavingJump(code, closed.targets[k - 1]);
+    EmitLabel(code, other);
+  }
+}
+
+// The table whose frame holds the hidden slots of the code compiled now.
+LocalSymbolTable* FrameTable() {
+  return InMethodFrame() ? gContext->mSymbols->Root() : MainBodyTable();
+}
+
 HandlerTarget FindHandlerTarget(SemBase* exceptionVar) {
   HandlerTarget target;
   if (!exceptionVar) return target;
@@ -124,6 +179,19 @@ LocalSymbolTable* MainBodyTable() {
   return table;
 }
 
+TacAddr const* ReleasePendingSlot(IRDataType const& type) {
+  LocalSymbolTable* table = FrameTable();
+  string name = string("released ") + type.ToString();
+  VariableSymbol* slot = nullptr;
+  if (table->LookupVariable(name, nullptr, &slot) && slot)
+    return slot->GetAddr();
+  slot = table->AddVariable(name, type);
+  slot->HideFromUser();
+  slot->ProhibitInitialization();
+  slot->ProhibitFinalization();
+  return slot->GetAddr();
+}
+
 unsigned long MainBodyTableIndex() {
   LocalSymbolTable* table = MainBodyTable();
   LocalSymbolTableList* tables = &*gContext->mTables;
@@ -135,15 +203,46 @@ unsigned long MainBodyTableIndex() {
 
 SemBase* CompileTry() {
   SemBase* code = SemCode::New(IRDataType(), nullptr);
+  OpenTry open;
+  open.routes = NewLabel();
+  open.firstInnerLabel = LabelNumber(open.routes);
+  open.pending = NewPendingRouteVariable(code);
+  open.inFinally = false;
+  sOpenTries.push_back(open);
+  code->AddLine(kTacStore, gTacZero, nilTacAddr, open.pending);
   code->AddLine(kTacBeginTry, nilTacAddr, nilTacAddr, nilTacAddr);
   return CompileDebugEntry(code);
 }
 
-SemBase* CompileEndTry(SemBase* tryCode, SemBase* handlers) {
+void EnterFinallyBlock() {
+  if (sOpenTries.size() > 0) sOpenTries.peek_back().inFinally = true;
+}
+
+void ForgetOpenTries() { sOpenTries.deleteAll(); }
+
+SemBase* CompileEndTry(SemBase* tryCode, SemBase* handlers,
+                       SemBase* finallyCode) {
   SemBase* code = ConcatCode(tryCode, handlers);
   if (!code) code = SemCode::New(IRDataType(), nullptr);
+  QASSERT_TEXT(sOpenTries.size() > 0, "an open Try");
+  OpenTry closed = sOpenTries.pop_back();
+  EmitLabel(code, closed.routes);
+  if (finallyCode) code->Append(finallyCode);
   code->AddLine(kTacEndTry, nilTacAddr, nilTacAddr, nilTacAddr);
+  DispatchRoutes(closed, code);
   return code;
+}
+
+void EmitLeavingJump(SemBase* code, TacAddr const* target) {
+  OpenTry* left = target ? TryLeftBy(target) : nullptr;
+  if (!left) {
+    EmitJump(code, target);
+    return;
+  }
+  left->targets.push_back(target);
+  code->AddLine(kTacStore, IntConstant(long(left->targets.size())), nilTacAddr,
+                left->pending);
+  EmitJump(code, left->routes);
 }
 
 SemBase* CompileExceptionBlock(SemBase* body, SemBase* exceptionVar,

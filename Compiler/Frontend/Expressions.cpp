@@ -2,7 +2,9 @@
 
 #include "Compiler/Frontend/ConstantFolding.h"
 #include "Compiler/Frontend/ParserError.h"
-#include "Compiler/Frontend/PendingForms.h"
+#include "Compiler/Frontend/MethodDelegates.h"
+#include "Compiler/Frontend/OperatorOverloading.h"
+#include "Compiler/Frontend/StringSums.h"
 #include "Compiler/Frontend/VariantType.h"
 #include "Compiler/Frontend/TypeConversions.h"
 #include "Compiler/Intrinsics.h"
@@ -148,11 +150,18 @@ TacOpcode ArithmeticOpcode(unsigned long op, IRDataType const& common) {
 }
 
 // Strings concatenate and compare through the runtime; a comparison tests
-// the runtime's three-way answer against zero.
+// the runtime's three-way answer against zero. A sum whose left side is a
+// sum itself extends that one.
 void CompileStringBinop(SemBase* left, unsigned long op, SemBase* right,
                         SemBase* code, SourceLocation const& where) {
   IRDataType string(kStringType);
   TacAddr const* a = CompileRefAs(left, string, code)->GetAddr();
+  if (op == kOpAdd) {
+    SimpleVector<TacAddr const*> pieces = TakeSummedPieces(a, code);
+    pieces.push_back(CompileRefAs(right, string, code)->GetAddr());
+    AddStringPieces(pieces, code->GetAddr(), code);
+    return;
+  }
   TacAddr const* b = CompileRefAs(right, string, code)->GetAddr();
   TacAddr const* result = code->GetAddr();
   if (op != kOpAdd && !IsComparison(op)) {
@@ -161,11 +170,6 @@ void CompileStringBinop(SemBase* left, unsigned long op, SemBase* right,
   }
   code->AddLine(kTacPutParam, a, nilTacAddr, nilTacAddr);
   code->AddLine(kTacPutParam, b, nilTacAddr, nilTacAddr);
-  if (op == kOpAdd) {
-    code->AddLine(kTacIntrinsic, IntrinsicTacAddr(kIntrinsicRuntimeAddString),
-                  nilTacAddr, result);
-    return;
-  }
   TacAddr const* c = code->NewTemp(IRDataType(kSInt32Type), &where)->GetAddr();
   code->AddLine(kTacIntrinsic, IntrinsicTacAddr(kIntrinsicRuntimeStringCompare),
                 nilTacAddr, c);

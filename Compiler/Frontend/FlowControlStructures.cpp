@@ -1,6 +1,7 @@
 #include "Compiler/Frontend/FlowControlStructures.h"
 
 #include "Compiler/Frontend/Expressions.h"
+#include "Compiler/Frontend/Exceptions.h"
 #include "Compiler/Frontend/FlowControlSupport.h"
 #include "Compiler/Frontend/Lexer.h"
 #include "Compiler/Frontend/ParserError.h"
@@ -191,12 +192,12 @@ SemBase* CompileLoopUntil(SemBase* doCond, SemBase* code, SemBase* body,
 
 SemBase* CompileExit(BlockContext::Type blockType, SemBase* ident) {
   SemBase* code = NewStatementCode();
-  EmitJump(code, Blocks().FindExitAddr(blockType, ident));
+  EmitLeavingJump(code, Blocks().FindExitAddr(blockType, ident));
   return code;
 }
 
 SemBase* CompileContinue(BlockContext::Type blockType, SemBase* ident) {
   SemBase* code = NewStatementCode();
-  EmitJump(code, Blocks().FindContinueAddr(blockType, ident));
+  EmitLeavingJump(code, Blocks().FindContinueAddr(blockType, ident));
   return code;
 }

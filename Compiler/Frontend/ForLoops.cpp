@@ -6,7 +6,6 @@
 #include "Compiler/Frontend/Namespaces.h"
 #include "Compiler/Frontend/ParserError.h"
 #include "Compiler/Frontend/Arrays.h"
-#include "Compiler/Frontend/PendingForms.h"
 #include "Compiler/Frontend/ProgramAssembly.h"
 #include "Compiler/Frontend/SrcContext.h"
 #include "Compiler/Frontend/SymbolUtilities.h"

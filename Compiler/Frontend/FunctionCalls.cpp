@@ -1,11 +1,12 @@
 #include "Compiler/Frontend/Classes.h"
 #include "Compiler/Frontend/FunctionCalls.h"
 
+#include "Common/ObjectModel/RuntimeDelegates.h"
 #include "Compiler/Frontend/Expressions.h"
+#include "Compiler/Frontend/ExternalDeclarations.h"
 #include "Compiler/Frontend/ObjectExpressions.h"
 #include "Compiler/Frontend/OverloadResolution.h"
 #include "Compiler/Frontend/ParserError.h"
-#include "Compiler/Frontend/PendingForms.h"
 #include "Compiler/Frontend/SrcContext.h"
 #include "Compiler/Frontend/SymbolUtilities.h"
 #include "Compiler/Frontend/TypeConversions.h"
@@ -17,6 +18,7 @@
 namespace {
 
 char const* const kObjCLibrary = "/usr/lib/libobjc.dylib";
+
 
 TacAddr const* Text(string const& text) { return gContext->GetLiteral(text); }
 
@@ -98,11 +100,10 @@ void CallEvent(MethodSymbol* target, SemBase* base, SemBase* args,
   code->AddLine(kTacLabel, skip, nilTacAddr, nilTacAddr);
 }
 
-// Resolved at the call: a missing function raises there, not at link time.
-void CallWeakLinkedAddress(MethodSymbol* target, SemBase* base, SemBase* args,
-                           TacAddr const* result, SemBase* code) {
-  TacAddr const* name = Text(target->GetLinkID());
-  TacAddr const* library = Text(target->GetSourceLibrary());
+// The address of `name` in `library`, looked up at run time; a missing
+// library or function raises there, where a script can catch it.
+TacAddr const* LoadedFunction(TacAddr const* name, TacAddr const* library,
+                              SemBase* code) {
   PutParam(code, name);
   PutParam(code, library);
   TacAddr const* function = NewPointer(code);
@@ -118,41 +119,62 @@ void CallWeakLinkedAddress(MethodSymbol* target, SemBase* base, SemBase* args,
       IntrinsicTacAddr(kIntrinsicRuntimeRaiseFunctionNotFoundException),
       nilTacAddr, nilTacAddr);
   code->AddLine(kTacLabel, found, nilTacAddr, nilTacAddr);
+  return function;
+}
+
+// Resolved at the call: a missing function raises there, not at link time.
+void CallWeakLinkedAddress(MethodSymbol* target, SemBase* base, SemBase* args,
+                           TacAddr const* result, SemBase* code) {
+  TacAddr const* function =
+      LoadedFunction(Text(target->GetLinkID()),
+                     Text(target->GetSourceLibrary()), code);
   PushAllArguments(target, base, args, code);
   code->AddLine(kTacCallPtr, function, nilTacAddr, result);
 }
 
+// A Declare'd function of a shared library (not of a plug-in, whose
+// functions the host serves at link time).
+bool IsSharedLibraryFunction(MethodSymbol* target) {
+  string const& library = target->GetSourceLibrary();
+  return library.Length() && !IsPluginLibrary(library);
+}
+
 // The selector is registered by name and passed after the receiver (after
-// the hidden result pointer too, for a structure result).
+// the hidden result pointer too, for a structure result). Both functions
+// are looked up at run time, like any Declare'd function.
 void CallObjCMsgSend(MethodSymbol* target, SemBase* base, SemBase* args,
                      TacAddr const* result, SemBase* code) {
   bool structure = target->GetReturnType().GetMainType() == kStructureType;
   char const* function = structure ? "objc_msgSend_stret" : "objc_msgSend";
   unsigned long position = structure ? 2 : 1;
   TacAddr const* selector = NewPointer(code);
+  TacAddr const* registrar =
+      LoadedFunction(Text("sel_registerName"), Text(kObjCLibrary), code);
   SemBase* text = SemValue::New(Text(target->GetLinkID()), nullptr);
   SemBase* cText = CompileRefAs(text, IRDataType(kExternalCStringType), code);
   PutParam(code, cText->GetAddr());
-  code->AddLine(kTacCall, Text("sel_registerName"), Text(kObjCLibrary),
-                selector);
+  code->AddLine(kTacCallPtr, registrar, nilTacAddr, selector);
   SimpleVector<SemBase*> list = ArgumentVector(nullptr, args);
   if (position > list.size()) position = list.size();
   list.insert(SemValue::New(selector, nullptr), position);
   SemBase* withSelector = nullptr;
   for (unsigned long i = 0; i < list.size(); i++)
     withSelector = ConcatList(withSelector, list[i]->Clone());
+  TacAddr const* sender =
+      LoadedFunction(Text(function), Text(target->GetSourceLibrary()), code);
   PushAllArguments(target, base, withSelector, code);
-  code->AddLine(kTacCall, Text(function), LibraryOf(target), result);
+  code->AddLine(kTacCallPtr, sender, nilTacAddr, result);
 }
 
-// The code pointer lies at offset 24 of the delegate object.
+// A call through a delegate enters its invoker stub with the delegate.
 void CallDelegate(MethodSymbol* target, SemBase* base, SemBase* args,
                   TacAddr const* result, SemBase* code) {
   SemBase* object = ObjectBase(base, code);
   QASSERT(object->GetType().IsDelegate());
   SemBase* delegate = FlattenExpression(object, code);
   TacAddr const* function = NewPointer(code);
-  code->AddLine(kTacPeek, delegate->GetAddr(), Int(24), function);
+  code->AddLine(kTacPeek, delegate->GetAddr(), Int(kDelegateInvokerOffset),
+                function);
   PushAllArguments(target, delegate, args, code);
   code->AddLine(kTacCallPtr, function, nilTacAddr, result);
 }
@@ -172,7 +194,10 @@ SemBase* CompileCall(MethodSymbol* target, SemBase* base, SemBase* args) {
   TacAddr const* result = code->GetAddr();
   switch (target->GetDispatchMethod()) {
     case MethodSymbol::Normal:
-      CallNormal(target, base, args, result, code);
+      if (IsSharedLibraryFunction(target))
+        CallWeakLinkedAddress(target, base, args, result, code);
+      else
+        CallNormal(target, base, args, result, code);
       break;
     case MethodSymbol::Virtual:
       CallVtable(target, base, args, result, code);

@@ -303,7 +303,7 @@ SemBase* CompileReturn(SemBase* value) {
     }
     target = BlockContext::kSub;
   }
-  EmitJump(code, gContext->blocks.FindExitAddr(target, nullptr));
+  EmitLeavingJump(code, gContext->blocks.FindExitAddr(target, nullptr));
   return code;
 }
 

@@ -2,7 +2,7 @@
 // handed over on objects and variants. And and Or short-circuit.
 #include "Compiler/Frontend/Expressions.h"
 #include "Compiler/Frontend/ParserError.h"
-#include "Compiler/Frontend/PendingForms.h"
+#include "Compiler/Frontend/OperatorOverloading.h"
 #include "Compiler/Frontend/VariantType.h"
 #include "Compiler/Frontend/SrcContext.h"
 #include "Compiler/Frontend/TypeConversions.h"

@@ -7,7 +7,6 @@
 #include "Compiler/Frontend/FunctionCalls.h"
 #include "Compiler/Frontend/OverloadResolution.h"
 #include "Compiler/Frontend/Arrays.h"
-#include "Compiler/Frontend/PendingForms.h"
 #include "Compiler/Frontend/SrcContext.h"
 #include "Compiler/Frontend/SymbolUtilities.h"
 #include "Compiler/Frontend/TacLiteralPool.h"

@@ -4,6 +4,7 @@
 #include "Compiler/Frontend/Expressions.h"
 #include "Compiler/Frontend/FunctionCalls.h"
 #include "Compiler/Frontend/NilChecks.h"
+#include "Compiler/Frontend/OperatorOverloading.h"
 #include "Compiler/Frontend/OverloadResolution.h"
 #include "Compiler/Frontend/SrcContext.h"
 #include "Compiler/Frontend/SymbolUtilities.h"
@@ -18,14 +19,7 @@ char const* const kCompareName = "Operator_Compare";
 
 // The Operator_Compare of `base`'s class that takes `arg`, or null.
 MethodSymbol* LookupCompareMethod(SemBase* base, SemBase* arg) {
-  TypeSymbol* decl = StripReference(base->GetType()).Declaration();
-  if (!decl || !decl->IsA(Symbol::kClass)) return nullptr;
-  MethodList methods =
-      static_cast<ClassSymbol*>(decl)->LookupMethods(kCompareName, kPlainMethods);
-  if (!methods || methods->size() == 0) return nullptr;
-  CompileErrorCode why = kErrorNone;
-  return SelectAppropriateVariant(methods, base, arg, kRequireFunctionResult,
-                                  &why);
+  return LookupOperatorMethod(base, string(kCompareName), arg);
 }
 
 // `a op b` as one line; > and >= are < and <= with the operands swapped.

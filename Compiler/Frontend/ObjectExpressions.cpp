@@ -5,7 +5,7 @@
 #include "Compiler/Frontend/Expressions.h"
 #include "Compiler/Frontend/Lexer.h"
 #include "Compiler/Frontend/ParserError.h"
-#include "Compiler/Frontend/PendingForms.h"
+#include "Compiler/Frontend/MethodDelegates.h"
 #include "Compiler/Frontend/SrcContext.h"
 #include "Compiler/Frontend/SymbolUtilities.h"
 #include "Compiler/Frontend/TypeConversions.h"

@@ -357,8 +357,10 @@ exception_keyword
   ;
 
 finally_block
-  : "Finally" TK_EOL block
-      { $$ = $3 ? MakeDefaultExceptionHandler($3) : nullptr; }
+  : "Finally" TK_EOL
+      { EnterFinallyBlock(); }
+    block
+      { $$ = $4 ? MakeDefaultExceptionHandler($4) : nullptr; }
   ;
 
 opt_finally
@@ -1133,7 +1135,7 @@ try_statement
   : "Try" TK_EOL
       { $$ = CompileTry(); }
     block exception_handlers opt_finally try_end TK_EOL
-      { $$ = CompileEndTry($3, ConcatCode($4, ConcatCode($5, $6)));
+      { $$ = CompileEndTry($3, ConcatCode($4, $5), $6);
         CheckTerminator($7, kErrorTryNotClosed, $3); }
   ;
 

@@ -1,6 +1,9 @@
 // `expr.name`: the member of a module, a class, an object or a built-in
 // type, and extension methods as the last resort.
 #include "Compiler/Frontend/Classes.h"
+#include "Compiler/Frontend/Colors.h"
+#include "Compiler/Frontend/Enums.h"
+#include "Compiler/Frontend/ExternalDeclarations.h"
 #include "Compiler/Frontend/Expressions.h"
 #include "Compiler/Frontend/Lexer.h"
 #include "Compiler/Frontend/MemberAccess.h"
@@ -10,9 +13,10 @@
 #include "Compiler/Frontend/NilChecks.h"
 #include "Compiler/Frontend/FunctionCalls.h"
 #include "Compiler/Frontend/OverloadResolution.h"
-#include "Compiler/Frontend/PendingForms.h"
+#include "Compiler/Frontend/MethodDelegates.h"
 #include "Compiler/Frontend/VariantType.h"
 #include "Compiler/Frontend/SrcContext.h"
+#include "Compiler/Frontend/Structures.h"
 #include "Compiler/Frontend/TacLiteralPool.h"
 #include "Compiler/Frontend/TypeConversions.h"
 #include "Compiler/Frontend/TypeNames.h"
@@ -192,7 +196,13 @@ SemBase* IntrinsicScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
     return ExtensionLookup(expr, ident, args, assignValue, mode,
                            kErrorUnknownName);
   }
-  return BuiltInMemberLookup(expr, ident, args, assignValue, mode);
+  if (type == kColorType && !args && !assignValue &&
+      IsPotentialColorMethodName(ident->toString()))
+    return HandleColorMethodCall(expr, ident);
+  if (type == kPtrType && IsPotentialPtrMethodName(ident))
+    return HandlePtrMethodCall(expr, ident, args, assignValue, mode);
+  return ExtensionLookup(expr, ident, args, assignValue, mode,
+                         kErrorUnknownName);
 }
 
 SemBase* InstanceScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
@@ -262,6 +272,29 @@ SemBase* StaticClassScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
   return ReportMember(why, expr, ident, mode);
 }
 
+namespace {
+
+// A private member of a module is seen only by code inside that module.
+bool ModuleMemberVisible(ModuleSymbol* module, Symbol* member) {
+  if (static_cast<MemberSymbol*>(member)->GetScope() != MemberSymbol::kPrivate)
+    return true;
+  return gContext->blocks.Contains(module);
+}
+
+Symbol* VisibleOwn(ModuleSymbol* module, string const& name, int kind) {
+  Symbol* found = module->FindOwn(name, kind);
+  return found && ModuleMemberVisible(module, found) ? found : nullptr;
+}
+
+MethodList VisibleMethods(ModuleSymbol* module, MethodList methods) {
+  if (!methods) return methods;
+  for (unsigned long i = methods->size(); i-- > 0;)
+    if (!ModuleMemberVisible(module, (*methods)[i])) methods->deleteIdx(i);
+  return methods;
+}
+
+}  // namespace
+
 // `Module.member`: the module's own properties, constants, methods, and
 // the types and modules declared in it.
 SemBase* ModuleScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
@@ -273,21 +306,21 @@ SemBase* ModuleScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
   SourceLocation where = MemberWhere(expr, ident);
   CompileErrorCode why = kErrorUnknownName;
   SemBase* result = nullptr;
-  if (Symbol* prop = module->FindOwn(name, Symbol::kProperty))
+  if (Symbol* prop = VisibleOwn(module, name, Symbol::kProperty))
     result = AccessModuleProperty(static_cast<PropertySymbol*>(prop), where,
                                   args, assignValue, mode, &why);
   if (result) return result;
-  if (Symbol* constant = module->FindOwn(name, Symbol::kConstant))
+  if (Symbol* constant = VisibleOwn(module, name, Symbol::kConstant))
     result = AccessConstant(ident, static_cast<ConstantSymbol*>(constant), args,
                             assignValue, mode, &why);
   if (result) return result;
-  MethodList methods =
-      module->LookupMethods(name, FilterFor(assignValue, false));
+  MethodList methods = VisibleMethods(
+      module, module->LookupMethods(name, FilterFor(assignValue, false)));
   if (SemBase* call = CallOneOf(methods, nullptr, args, assignValue, mode, &why))
     return call;
   if (!assignValue && !args) {
-    Symbol* nested = module->FindOwn(name, Symbol::kModule);
-    if (!nested) nested = module->FindOwn(name, Symbol::kType);
+    Symbol* nested = VisibleOwn(module, name, Symbol::kModule);
+    if (!nested) nested = VisibleOwn(module, name, Symbol::kType);
     if (nested) return SemNamespace::New(nested, where);
   }
   return ReportMember(why, expr, ident, mode);

@@ -1,7 +1,9 @@
 #include "Compiler/Frontend/SrcContext.h"
 
 #include "Compiler/BackEnds/codestorage.h"
+#include "Compiler/Frontend/Exceptions.h"
 #include "Compiler/SemBase.h"
+#include "Compiler/SymbolTable/GlobalSymbolTable.h"
 #include "Compiler/SymbolTable/LocalSymbolTable.h"
 #include "Compiler/SymbolTable/SymbolTable.h"
 #include "Universal/Assertion.h"
@@ -28,8 +30,11 @@ SrcContext::SrcContext()
 // The local tables go with the last Ref to them; the semantic values,
 // program code included, with the sweep.
 SrcContext::~SrcContext() {
+  ForgetOpenTries();
   for (unsigned long i = 0; i < mStaticBlocks.size(); i++)
     delete mStaticBlocks[i];
+  for (unsigned long i = 0; i < mImplicitDelegateTypes.size(); i++)
+    delete mImplicitDelegateTypes[i];
   gContext = nullptr;
   SetCurrent(nullptr);
   SemBase::PostCompileCleanup();

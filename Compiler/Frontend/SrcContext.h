@@ -21,6 +21,7 @@
 #include "Universal/ustring.h"
 
 class CompilerDelegate;
+class DelegateSymbol;
 class LocalSymbolTable;
 class LocalSymbolTableList;
 class SemCode;
@@ -64,6 +65,9 @@ class SrcContext : public TacLiteralPool, public CompilationState {
   long mConditionalDepth;                 // open #if blocks
   SimpleVector<bool> mConditionalStack;   // per #if: a branch was taken
   SemCode* mStubCode;  // invoker stubs, appended last; null until needed
+  StringSet mInvokerStubNames;  // the stubs made so far, each made once
+  // The delegate types that AddressOf makes for bare methods; owned.
+  SimpleVector<DelegateSymbol*> mImplicitDelegateTypes;
   LanguageOptions mOptions;                    // current pragma state
   SimpleVector<LanguageOptions> mPragmaStack;  // saved per method
   unsigned char mLibrary;          // no main body in this unit

@@ -1,10 +1,10 @@
-// Structures: the head, each field and the end of a Structure block.
-//
-// STAND-INS FOR NOW: each action returns a harmless value (usually code
-// of the null type) so that the whole language parses; the issues of
-// these actions fill the bodies in.
+// Structures: the actions of a Structure block, which check each field
+// against the layout the declaration pass computed, and member access on
+// structure values: fields, Size, StringValue and EndianSwap.
 #ifndef COMPILER_FRONTEND_STRUCTURES_H
 #define COMPILER_FRONTEND_STRUCTURES_H
+
+#include "Compiler/Frontend/FunctionResultMode.h"
 
 class SemBase;
 
@@ -16,5 +16,13 @@ SemBase* CompileStructureField(SemBase* ident, SemBase* count, SemBase* type,
 // structure_def: Structure IDENT EOL [structure-start] opt_structure_fields
 //   End Structure EOL
 SemBase* CompileEndStructure(SemBase* name, SemBase* marker, SemBase* fields);
+
+// `expr.name [= value]` on a structure value (or a reference to one).
+SemBase* StructureScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
+                              SemBase* assignValue, FunctionResultMode mode);
+// `Name.Size` on the structure's type name.
+SemBase* StaticStructureScopeLookup(SemBase* expr, SemBase* ident,
+                                    SemBase* args, SemBase* assignValue,
+                                    FunctionResultMode mode);
 
 #endif

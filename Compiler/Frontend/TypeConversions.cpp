@@ -3,6 +3,7 @@
 #include "Compiler/Frontend/Classes.h"
 #include "Compiler/Frontend/TypeConversions.h"
 
+#include "Common/ObjectModel/RuntimeDelegates.h"
 #include "Compiler/Frontend/ConstantFolding.h"
 #include "Compiler/Frontend/Expressions.h"
 #include "Compiler/Frontend/Lexer.h"
@@ -11,7 +12,6 @@
 #include "Compiler/Frontend/ParserError.h"
 #include "Compiler/Frontend/FunctionCalls.h"
 #include "Compiler/Frontend/OverloadResolution.h"
-#include "Compiler/Frontend/PendingForms.h"
 #include "Compiler/Frontend/SrcContext.h"
 #include "Compiler/Frontend/SymbolUtilities.h"
 #include "Compiler/Intrinsics.h"
@@ -19,9 +19,6 @@
 #include "Universal/Assertion.h"
 
 namespace {
-
-// Where a delegate object keeps its function pointer.
-long const kDelegateFunctionOffset = 28;
 
 // `Intrinsic f` with `op` as its one argument, into a fresh temporary of
 // `type`, released first when it is reused.

@@ -3,7 +3,7 @@
 #include "Compiler/Frontend/Classes.h"
 #include "Compiler/Frontend/Expressions.h"
 #include "Compiler/Frontend/ParserError.h"
-#include "Compiler/Frontend/PendingForms.h"
+#include "Compiler/Frontend/MethodDelegates.h"
 #include "Compiler/Frontend/TypeConversions.h"
 #include "Compiler/Intrinsics.h"
 #include "Compiler/SemBase.h"

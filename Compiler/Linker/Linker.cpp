@@ -20,9 +20,11 @@ Linker::~Linker() {
 
 // The list callers are added as ordinary functions first, so that they are
 // merged and resolved like everything else.
-Ref<DataBlock> Linker::Link(Ref<CodeModule> source, LinkerDelegate* delegate) {
+Ref<DataBlock> Linker::Link(Ref<CodeModule> source, Ref<DebuggerSymbols> debug,
+                            LinkerDelegate* delegate) {
   QASSERT_TEXT(source, "source");
   mSrc = source;
+  mDebug = debug;
   mDelegate = delegate;
   GenerateStaticInitializerAndFinalizer();
   PrepareCodeModule();
@@ -31,6 +33,7 @@ Ref<DataBlock> Linker::Link(Ref<CodeModule> source, LinkerDelegate* delegate) {
   MergeModuleLiterals();
   Ref<DataBlock> result = FormatLink();
   if (mFailed) return Ref<DataBlock>();
+  MergeDebugData();
   return result;
 }
 

@@ -9,6 +9,7 @@
 #define COMPILER_LINKER_LINKER_H
 
 #include "Compiler/BackEnds/codestorage.h"
+#include "Compiler/Linker/LinkedDebugSymbols.h"
 #include "Compiler/SmartRef.h"
 #include "Universal/stringmap.h"
 #include "Universal/ustring.h"
@@ -35,8 +36,13 @@ class Linker {
   virtual ~Linker();
 
   // The whole run: list callers, merge, FormatLink. Null after a failure
-  // or a cancel.
-  Ref<DataBlock> Link(Ref<CodeModule> source, LinkerDelegate* delegate);
+  // or a cancel. With `debug`, the module's debug data is merged into it,
+  // with the place of each function and global.
+  Ref<DataBlock> Link(Ref<CodeModule> source, Ref<DebuggerSymbols> debug,
+                      LinkerDelegate* delegate);
+  Ref<DataBlock> Link(Ref<CodeModule> source, LinkerDelegate* delegate) {
+    return Link(source, Ref<DebuggerSymbols>(), delegate);
+  }
 
   virtual Ref<DataBlock> FormatLink();
   virtual void PrepareCodeModule() {}
@@ -50,6 +56,13 @@ class Linker {
   void MergeModuleStaticData();
   void MergeModuleLiterals();
   void MergeOneLiteral(string const& text);
+  // The debug data's part of the merge; nothing without debug data.
+  void RecordFunctionDebugData(FunctionBlock* function, unsigned long offset);
+  void MergeDebugData();
+  // Gives the globals of the debug tables their offsets (from
+  // mDebug->mGlobalOffsets, which FormatLink fills) and drops those the
+  // link left out.
+  void AdjustStaticSymbols();
 
   // A string table: the offset of the string, appended with a terminating
   // zero the first time.
@@ -80,6 +93,7 @@ class Linker {
   StaticDataBlock* mStaticData;                // all static data, owned
   StringMapCase<unsigned long> mStaticDataMap; // block name -> offset
   Ref<CodeModule> mSrc;
+  Ref<DebuggerSymbols> mDebug;                 // may be nil
   LinkerDelegate* mDelegate;                   // not owned; may be null
   bool mFailed;
 

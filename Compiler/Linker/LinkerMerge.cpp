@@ -37,6 +37,7 @@ void Linker::MergeModuleFunctions() {
   ReserveForBlocks(mOneCode, functions);
   for (unsigned long i = 0; i < functions.size(); i++) {
     unsigned int base = mOneCode->Length();
+    RecordFunctionDebugData(functions[i], base);
     mEntrypoints.AddEntry(functions[i]->mName, base);
     mOneCode->Append(functions[i]);
     // The merged code keeps the lines, so that a raise can name its line.

@@ -39,4 +39,5 @@ void Linker::Merge(Ref<CodeModule> dest, Ref<CodeModule> source) {
   AddMapEntries(dest->mFinalizers, source->mFinalizers);
   for (unsigned long i = 0; i < source->mResources.size(); i++)
     dest->mResources.push_back(source->mResources[i]);
+  dest->mDebugData.Merge(&source->mDebugData);
 }

@@ -406,6 +406,10 @@ MethodSymbol* DeclarationScanner::ParseExternalDeclaration(
     if (mToken == kTokString) {
       method->SetSourceLibrary(yylval->GetValue().mString);
       ReadInLine();
+    } else if (mToken == kTokIdent && !IsIdentifierNamed("Alias") &&
+               !IsIdentifierNamed("Selector")) {
+      // A constant's name: the grammar pass gives the library its value.
+      ReadInLine();
     }
   }
   bool selector = IsIdentifierNamed("Selector");

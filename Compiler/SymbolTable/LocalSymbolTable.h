@@ -84,6 +84,8 @@ class LocalSymbolTable {
   virtual bool IsObjectTable() const { return false; }
   // The table of the method (or outermost scope) this one belongs to.
   virtual LocalSymbolTable* Root() { return this; }
+  // Whether a debugger's data keeps this scope's variables.
+  virtual bool KeepsDebugData() const { return true; }
 
   // A new variable of the current storage mode, prepared, then added.
   VariableSymbol* AddVariable(string const& name, IRDataType const& type);
@@ -170,6 +172,8 @@ class ObjectSymbolTable : public LocalSymbolTable {
     mStorageMode = kBaseRelativeDataStorage;
   }
   bool IsObjectTable() const override { return true; }
+  // The fields come with the class's own debug table.
+  bool KeepsDebugData() const override { return false; }
 };
 
 // The variables of one table in declaration order.

@@ -29,6 +29,7 @@ LibraryEntry Entry(char const* name, Function* function) {
 
 LibraryEntries CharacterStringEntries();
 LibraryEntries ByteStringEntries();
+LibraryEntries TextEncodingEntries();
 LibraryEntries CaseAndTrimEntries();
 LibraryEntries FieldAndReplaceEntries();
 LibraryEntries NumberTextEntries();

@@ -38,7 +38,8 @@ void RegisterRuntimeLibrary() {
   // exception classes: its raises go to the plug-in's by name.
   SetNamedExceptionRaiser(&quorl::detail::RaiseInScript);
   for (LibraryEntries (*theme)() :
-       {&CharacterStringEntries, &ByteStringEntries, &CaseAndTrimEntries,
+       {&CharacterStringEntries, &ByteStringEntries, &TextEncodingEntries,
+        &CaseAndTrimEntries,
         &FieldAndReplaceEntries, &NumberTextEntries, &FormatEntries,
         &ClockEntries, &EnvironmentHookEntries, &RuntimeFoundationEntries,
         &RuntimeIntrinsicEntries})

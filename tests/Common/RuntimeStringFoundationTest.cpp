@@ -7,6 +7,7 @@
 
 #include "Common/RuntimeStringFoundation.h"
 #include "Universal/Encodings.h"
+#include "Universal/StringWorkCounters.h"
 
 namespace {
 
@@ -51,6 +52,38 @@ TEST(RuntimeStringSum, JoinsAcrossEncodings) {
   EXPECT_EQ(sum->mRefCount, 1);
   EXPECT_EQ(utf8->mRefCount, 1);
   for (stringStorage* s : {latin, utf8, sum}) RuntimeUnlockString(s);
+}
+
+// A chain gives what the sums two at a time give: one storage of the final
+// size where the bytes stand as they are, the pairwise sums where an
+// encoding must be converted, and a lone piece with text shared.
+TEST(RuntimeStringSum, ChainsAddAsThePairsWould) {
+  stringStorage* ascii = Make("id ");
+  stringStorage* utf8 = Make("\xC3\xA0,", kEncodingUTF8);
+  stringStorage* latin = Make("caf\xE9", 513);
+  ResetStringWork();
+  stringStorage* sum = RuntimeAddStrings(5, ascii, nullptr, utf8, ascii, utf8);
+  EXPECT_EQ(Text(sum), "id \xC3\xA0,id \xC3\xA0,");
+  EXPECT_EQ(sum->mEncoding, (uint32_t)kEncodingUTF8);
+  EXPECT_EQ(CurrentStringWork().allocations, 1u) << "one storage of the final size";
+  EXPECT_EQ(CurrentStringWork().copiedBytes, sum->mLength);
+  RuntimeUnlockString(sum);
+
+  stringStorage* pairwise = RuntimeAddString(latin, utf8);
+  stringStorage* expected = RuntimeAddString(pairwise, ascii);
+  sum = RuntimeAddStrings(3, latin, utf8, ascii);
+  EXPECT_EQ(Text(sum), Text(expected));
+  EXPECT_EQ(sum->mEncoding, expected->mEncoding);
+  for (stringStorage* s : {pairwise, expected, sum}) RuntimeUnlockString(s);
+
+  // The conversion above keeps the last text it converted.
+  sum = RuntimeAddStrings(3, nullptr, ascii, nullptr);
+  EXPECT_EQ(sum, ascii) << "a lone piece is shared";
+  EXPECT_EQ(ascii->mRefCount, 2);
+  RuntimeUnlockString(sum);
+  EXPECT_EQ(RuntimeAddStrings(3, nullptr, nullptr, nullptr), nullptr);
+  for (stringStorage* s : {ascii, utf8}) EXPECT_EQ(s->mRefCount, 1);
+  for (stringStorage* s : {ascii, utf8, latin}) RuntimeUnlockString(s);
 }
 
 TEST(RuntimeStructureStrings, PaddedTruncatedReadBackTrimmedAndWide) {

@@ -132,4 +132,28 @@ TEST_F(RunnerBinary, DumpTacIsTheSameFromRunToRun) {
   EXPECT_TRUE(Contains(first.out, "-> label 0000000")) << first.out;
 }
 
+// --debug-symbols lists the tables instead of running the script; a script
+// that does not compile lists nothing.
+TEST_F(RunnerBinary, DebugSymbolsListTheTablesWithoutRunning) {
+  WriteFile("tables.bas",
+            "Dim gCount As Integer\n"
+            "Function Twice(n As Integer) As Integer\n"
+            "  Dim doubled As Integer = n * 2\n"
+            "  Return doubled\n"
+            "End Function\n"
+            "Print Str(Twice(gCount))\n");
+  Outcome outcome = Run("--debug-symbols tables.bas");
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  EXPECT_FALSE(Contains(outcome.out, "\n0\n")) << "the script must not run";
+  for (char const* line : {"functions\n", "\n  Twice  code ", ", lines 2-5, parameters 4 bytes\n",
+                           "locals\n  Twice (lines 2-5)\n    n As Int32, frame offset ",
+                           "    doubled As Int32, frame offset ",
+                           "globals\n  gCount As Int32, data offset "})
+    EXPECT_TRUE(Contains(outcome.out, line)) << line << "\n" << outcome.out;
+  WriteFile("broken.bas", "Print Nothing\n");
+  Outcome broken = Run("--debug-symbols broken.bas");
+  EXPECT_EQ(broken.status, 1);
+  EXPECT_EQ(broken.out, "");
+}
+
 }  // namespace

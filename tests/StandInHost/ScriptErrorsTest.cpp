@@ -85,4 +85,23 @@ TEST_F(ScriptErrors, AnUncaughtExceptionGivesItsLineAndClass) {
   EXPECT_EQ(rawClass, "OutOfBoundsException");
 }
 
+TEST_F(ScriptErrors, AnUncaughtScriptExceptionGivesItsClassMessageAndNumber) {
+  Script script;
+  script.SetSource(
+      "Class Overdrawn\n"
+      "  Inherits RuntimeException\n"
+      "End Class\n"
+      "Dim e As New Overdrawn\n"
+      "e.Message = \"balance below zero\"\n"
+      "e.ErrorNumber = 402\n"
+      "Raise e\n");
+  EXPECT_EQ(script.Run(), ScriptState::Aborted);
+  ASSERT_EQ(script.Errors().size(), 1u);
+  ScriptError const& error = script.Errors()[0];
+  EXPECT_EQ(error.exceptionClass, "Overdrawn");
+  EXPECT_EQ(error.message, "balance below zero");
+  EXPECT_EQ(error.number, 402);
+  EXPECT_EQ(error.line, 7);
+}
+
 }  // namespace

@@ -83,6 +83,26 @@ TEST(ConvertTextUnix, UnknownNamesAndUnderscoreFallback) {
   EXPECT_EQ(GetSystemEncoding(), kUTF8);
 }
 
+TEST(GetEncodingFromName, IconvAndCommonSpellings) {
+  struct { char const* name; unsigned long tag; } rows[] = {
+      {"UTF-8", kUTF8},         {"utf8", kUTF8},        {"ISO-8859-1", kLatin1},
+      {"iso_8859-1", kLatin1},  {"Latin 1", kLatin1},   {"UTF-16", kUTF16},
+      {"ascii", kASCII},        {"US-ASCII", kASCII},   {"MacRoman", kMacRoman},
+      {"KOI8-R", 2562},         {"Windows-1252", 1280}, {"CP037", 3073},
+      {"ISO-8859-15:1998", 527}, {"Klingon", kUnknown}, {"", kUnknown},
+      {"--", kUnknown}};
+  for (auto const& r : rows)
+    EXPECT_EQ(GetEncodingFromName(string(r.name)), r.tag) << r.name;
+}
+
+// A text too long to convert in memory gives nil, not a failed assertion:
+// its bytes are never read.
+TEST(ConvertTextUnix, TextPastTheHeapGivesNil) {
+  stringStorage huge = {1, nullptr, 0, 0x7FFFFFF0u, kLatin1};
+  EXPECT_EQ(ConvertTextUnix(&huge, kLatin1, kUTF8), nullptr);
+  EXPECT_EQ(huge.mRefCount, 1);
+}
+
 TEST(UTF8, EncodeDecodeAdvanceBackup) {
   unsigned long const codes[] = {0x7F, 0x80, 0x7FF, 0x800, 0xFFFF, 0x10000, 0x1FFFFF};
   int const lengths[] = {1, 2, 2, 3, 3, 4, 4};

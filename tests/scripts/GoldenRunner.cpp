@@ -4,7 +4,13 @@
 //   // expect: TEXT                 a line of standard output, in order
 //   // expect error LINE NUMBER     a compile error at LINE (1-based); the
 //                                  errors must come exactly as expected
-//   // expect runtime error: CLASS  the run ends with that exception
+//   // expect runtime error: TEXT   the run ends with an exception whose
+//                                  report, after "runtime error: ", starts
+//                                  with TEXT ("CLASS" or "CLASS: MESSAGE")
+//   // expect runtime error LINE: TEXT  the same, raised at LINE
+//   // expect frame: NAME LINE      the next frame of its call stack, which
+//                                  quorl prints below the error, innermost
+//                                  first; the frames must come exactly so
 //   // stdin: TEXT                  a line given to the script's Input
 //
 // The exit status follows from them: 1 with compile errors, 2 with a runtime
@@ -28,7 +34,9 @@ namespace {
 struct Expectations {
   std::vector<std::string> output;
   std::vector<std::string> errors;  // "FILE:LINE: error NUMBER:" prefixes
-  std::string runtimeError;
+  std::string runtimeError;  // the report from ": runtime error: " on
+  std::string runtimeLine;   // the line it names, when one is expected
+  std::vector<std::string> frames;  // "  at NAME (FILE:LINE)"
   std::string input;
 };
 
@@ -66,13 +74,24 @@ Expectations ReadExpectations(std::string const& script, std::string const& sour
     if (After(line, "// expect: ", &rest)) {
       expected.output.push_back(rest);
     } else if (After(line, "// expect runtime error: ", &rest)) {
-      expected.runtimeError = script + ": runtime error: " + rest;
+      expected.runtimeError = ": runtime error: " + rest;
+    } else if (After(line, "// expect runtime error ", &rest)) {
+      size_t colon = rest.find(": ");
+      expected.runtimeLine = rest.substr(0, colon);
+      expected.runtimeError = ": runtime error: " + rest.substr(colon + 2);
     } else if (After(line, "// expect error ", &rest)) {
       std::istringstream numbers(rest);
       int lineNumber = 0, errorNumber = 0;
       numbers >> lineNumber >> errorNumber;
       expected.errors.push_back(script + ":" + std::to_string(lineNumber) +
                                 ": error " + std::to_string(errorNumber) + ":");
+    } else if (After(line, "// expect frame: ", &rest)) {
+      std::istringstream words(rest);
+      std::string name;
+      int lineNumber = 0;
+      words >> name >> lineNumber;
+      expected.frames.push_back("  at " + name + " (" + script + ":" +
+                                std::to_string(lineNumber) + ")");
     } else if (After(line, "// stdin: ", &rest)) {
       expected.input += rest + "\n";
     }
@@ -101,6 +120,22 @@ Outcome RunQuorl(std::string const& quorl, std::string const& script,
                   ReadFile(scratch + "/stdout"), ReadFile(scratch + "/stderr")};
   system(("rm -rf '" + scratch + "'").c_str());
   return outcome;
+}
+
+// A line "SCRIPT[:LINE]: runtime error: TEXT..." as expected.
+bool HasRuntimeError(std::vector<std::string> const& lines,
+                     std::string const& script, Expectations const& expected) {
+  std::string where = expected.runtimeLine.empty()
+                          ? std::string()
+                          : ":" + expected.runtimeLine;
+  for (std::string const& line : lines) {
+    if (line.compare(0, script.size(), script) != 0) continue;
+    size_t at = line.find(expected.runtimeError);
+    if (at == std::string::npos) continue;
+    std::string between = line.substr(script.size(), at - script.size());
+    if (where.empty() || between == where) return true;
+  }
+  return false;
 }
 
 int Fail(std::string const& what, Outcome const& outcome) {
@@ -144,7 +179,13 @@ int main(int argc, char** argv) {
   if (expected.errors.empty() && expected.runtimeError.empty() && !outcome.err.empty())
     return Fail("unexpected standard error", outcome);
   if (!expected.runtimeError.empty() &&
-      outcome.err.find(expected.runtimeError) == std::string::npos)
+      !HasRuntimeError(Lines(outcome.err), script, expected))
     return Fail("missing '" + expected.runtimeError + "'", outcome);
+  if (!expected.frames.empty()) {
+    std::vector<std::string> err = Lines(outcome.err), frames;
+    for (std::string const& line : err)
+      if (line.compare(0, 5, "  at ") == 0) frames.push_back(line);
+    if (frames != expected.frames) return Fail("call stack differs", outcome);
+  }
   return 0;
 }

@@ -327,6 +327,28 @@ class CGIA32 : public CodeGenerator, public IA32OpWriter {
   // or the stack has reached it.
   void CheckStackInLine();
   void CallByName(string const& name);
+  // Calls the runtime between pushad and popad, so that every general
+  // register survives; the SSE homes are read again after it.
+  void CallOnRarePath(unsigned int functionID);
+  // The front end's nil test of a value with its raise, as one compare and
+  // a rare path; false when `line` does not start such a test.
+  bool NilCheckInLine(TacLine const& line);
+  // One element read or write of a one-dimensional array of plain values
+  // (CGIA32ArrayElements.cpp): the lines of the call through the array's
+  // method table that start at `line`, compiled as a bounds test and a
+  // move; false when they are not such an access.
+  struct ElementAccess {
+    TacAddr const* array;
+    TacAddr const* index;
+    TacAddr const* value;    // what a write stores, nilTacAddr for a read
+    TacAddr const* element;  // where a read goes, nilTacAddr for a write
+    int scale;               // log2 of the element's bytes
+    bool write;
+    bool checked;            // the bounds are tested
+    int lines;               // the lines of the access, `line` included
+  };
+  bool MatchElementAccess(TacLine const& line, ElementAccess* access);
+  bool ElementAccessInLine(TacLine const& line);
   void ForgetSSERegisters();
   void StoreEAXTo(TacAddr const* global);
   void CompareAndBranch(TacLine const& line, Branch branch);

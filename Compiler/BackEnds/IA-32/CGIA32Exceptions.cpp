@@ -33,7 +33,9 @@ void CGIA32::tac_EndTry(TacLine const& line) {
 
 // Normal flow jumps to the label, or without one just past the record. A
 // raise resumes at the stack reset, which drops whatever the failed
-// expression had pushed; what follows is the handler, reached from
+// expression had pushed, and at the emptying of the x87 stack, where a
+// runtime function that raised may have left its floating result; what
+// follows is the handler, reached from
 // elsewhere, so nothing the registers held before is known there.
 // The record keeps the exception variable's frame offset in 16 bits: a
 // variable farther down the frame makes the function's storage too large.
@@ -70,6 +72,7 @@ void CGIA32::tac_HandleException(TacLine const& line) {
   unsigned int expectedCodeLength = start + kHandlerRecordLength;
   QASSERT_TEXT(CodeBufferLength() == expectedCodeLength,
                "CodeBufferLength() == expectedCodeLength");
+  ia32_emms();
   InvalidateRegisters();
   ReloadHomeRegisters(kReloadAllHomes);
 }

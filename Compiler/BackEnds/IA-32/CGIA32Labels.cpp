@@ -71,6 +71,7 @@ void CGIA32::tac_IfEQI(TacLine const& line) {
   CompareAndBranch(line, &IA32OpWriter::ia32_je);
 }
 void CGIA32::tac_IfNEI(TacLine const& line) {
+  if (NilCheckInLine(line)) return;
   CompareAndBranch(line, &IA32OpWriter::ia32_jne);
 }
 void CGIA32::tac_IfLTI(TacLine const& line) {

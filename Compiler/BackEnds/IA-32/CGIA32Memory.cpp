@@ -177,6 +177,7 @@ IA32Operand CGIA32::PointerOperand(TacLine const& line, TacAddr const* pointer,
 }
 
 void CGIA32::tac_Peek(TacLine const& line) {
+  if (ElementAccessInLine(line)) return;
   TacAddr const* result = line.result;
   SimpleDataType type = result->mType.GetMainType();
   bool isFloat = result->mType.IsFloat();
@@ -300,12 +301,16 @@ void CGIA32::tac_EndianSwap(TacLine const& line) {
     ia32_bswap(reg);
     ia32_mov_store(kModIndirect, reg, to);
   } else if (size == 8) {
+    // Both words are read before either is written: the two homes may be
+    // one, for a swap in place.
+    int high = AllocateRegister(SchemeExclude(reg, scheme), kNoRegister);
     ia32_mov(kModIndirect, reg, from);
+    ia32_mov(kModDisplacement8, high, from, 4);
     ia32_bswap(reg);
+    ia32_bswap(high);
     ia32_mov_store(kModDisplacement8, reg, to, 4);
-    ia32_mov(kModDisplacement8, reg, from, 4);
-    ia32_bswap(reg);
-    ia32_mov_store(kModIndirect, reg, to);
+    ia32_mov_store(kModIndirect, high, to);
+    Touch(high);
   } else if (size == 2) {
     ia32_mov16(kModIndirect, reg, from);
     ia32_xchg_swap8(reg);

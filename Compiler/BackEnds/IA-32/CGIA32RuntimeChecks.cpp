@@ -66,6 +66,40 @@ void CGIA32::StoreEAXTo(TacAddr const* global) {
              &IA32OpWriter::ia32_mov_store, kEAX, Absolute(global));
 }
 
+void CGIA32::CallOnRarePath(unsigned int functionID) {
+  ia32_pushad();
+  CallByName(mIntrinsicLinkNames[functionID]);
+  ia32_popad();
+  ReloadHomeRegisters(kReloadSSEHomes);
+}
+
+// The nil test of an object or array the front end writes as
+//   IfNEI value, 0 -> ok;  Intrinsic RuntimeNilObject;  Label ok
+// where nothing else jumps to `ok`: the test and its raise on a rare path,
+// with no label that would end what the registers are known to hold.
+bool CGIA32::NilCheckInLine(TacLine const& line) {
+  if (!mOptions.mOptimizeCode || !mOptions.mUseSSE2FloatingPointMath) return false;
+  TacLine const* raise = line.mNext;
+  TacLine const* label = raise ? raise->mNext : nullptr;
+  if (line.opcode != kTacIfNEI || !line.opB->IsConstant() ||
+      line.opB->GetValue()->uSInt32 != 0 || !label ||
+      raise->opcode != kTacIntrinsic ||
+      raise->opA->GetValue()->uSInt32 != kIntrinsicRuntimeNilObject ||
+      raise->result != nilTacAddr || mArguments.size() ||
+      label->opcode != kTacLabel || label->opA != line.result)
+    return false;
+  int value = LoadForReading(line.opA, kSelectAnyGPR);
+  ia32_cmp_imm8_se(kModRegister, value, 0);
+  long fine = NewLocalLabel();
+  EmitBranch(&IA32OpWriter::ia32_jne, 2, fine);
+  CallOnRarePath(kIntrinsicRuntimeNilObject);
+  PlaceLabel(fine);
+  ForgetSSERegisters();
+  mIterator->Next();
+  mIterator->Next();
+  return true;
+}
+
 void CGIA32::YieldInLine() {
   EmitGroup(&IA32OpWriter::ia32_dec_mem, &IA32OpWriter::ia32_dec_mem,
             Absolute(YieldCountdown()));

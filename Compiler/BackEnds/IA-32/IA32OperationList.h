@@ -98,6 +98,7 @@
   X(ia32_pushad, 0x60, "pushad")                                  \
   X(ia32_popad, 0x61, "popad")                                    \
   X(ia32_int3, 0xCC, "int3")                                      \
+  X(ia32_emms, 0x0F77, "emms")                                    \
   X(ia32_hlt, 0xF4, "hlt")                                        \
   X(ia32_faddp, 0xDEC1, "faddp st(1), st")                        \
   X(ia32_fsubp, 0xDEE9, "fsubp st(1), st")                        \

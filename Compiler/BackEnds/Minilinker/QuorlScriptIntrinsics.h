@@ -10,6 +10,7 @@
 
 #include "Common/ObjectModel/RuntimeObjectFoundation.h"
 #include "Compiler/BackEnds/Minilinker/QuorlScriptCorrespondent.h"
+#include "Compiler/BackEnds/Minilinker/ScriptCallStack.h"
 #include "Universal/stringmap.h"
 #include "Universal/ustring.h"
 
@@ -41,12 +42,16 @@ void ExitQuorlScriptRuntime();
 // string the caller owns, or nil without an answer.
 stringStorage* Input(QuorlScriptCorrespondent* corr, stringStorage* prompt);
 void Print(QuorlScriptCorrespondent* corr, stringStorage* text);
-// The classes of the runtime's exceptions; a class that cannot be had is
+// The classes of the runtime's exceptions, which are also what a script's
+// RuntimeException and its subclasses name; a class that cannot be had is
 // reported as runtime error 10.
 RuntimeClass* RuntimeExceptionLookup();
+RuntimeClass* OutOfMemoryExceptionLookup();
 RuntimeClass* NilObjectExceptionLookup();
 RuntimeClass* IllegalCastExceptionLookup();
+RuntimeClass* TypeMismatchExceptionLookup();
 RuntimeClass* OutOfBoundsExceptionLookup();
+RuntimeClass* StackOverflowExceptionLookup();
 // First call of the main body: exception classes and the unhandled hook.
 void RuntimeInit();
 // What no handler caught: reported as runtime error 2 (6 for a stack
@@ -79,6 +84,8 @@ struct UncaughtExceptionDetail {
   unsigned long mLine = 0;  // where it was raised, from 1; 0 unknown
   string mClassName;
   string mMessage;
+  long mErrorNumber = 0;
+  ScriptCallStack mCallStack;  // where it was raised, innermost first
 };
 // The detail of the last uncaught exception of this thread.
 UncaughtExceptionDetail const& LastUncaughtException();
@@ -88,6 +95,9 @@ string RuntimeExceptionMessage(RuntimeObject* exception);
 // A new exception of the named class (made when the running program has
 // none) with the message, raised in the running script.
 void RaiseNamedException(char const* className, string const& message);
+// A FunctionNotFoundException: "Could not load NAME from LIBRARY".
+void RuntimeRaiseFunctionNotFoundException(stringStorage* name,
+                                           stringStorage* library);
 
 // ---- the table the linker resolves against
 // A new table, owned by the caller: the plug-in's own entries first, then

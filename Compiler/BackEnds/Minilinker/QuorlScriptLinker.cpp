@@ -33,11 +33,22 @@ Ref<DataBlock> QuorlScriptLinker::FormatLink() {
   ResolveJumps();
   if (!LinkCancelled()) {
     AllocateGlobalDataBlock();
+    RecordGlobalOffsets();
     ResolveDataReferences();
   }
   if (!LinkCancelled()) PostLink();
   mCode->MakeExecutable();
   return Ref<DataBlock>();
+}
+
+// What the debug data needs of the data image: where each global landed.
+void QuorlScriptLinker::RecordGlobalOffsets() {
+  if (!mDebug) return;
+  StringMapIterator<unsigned long>* iter = mGlobalMap.NewIterator();
+  unsigned long offset = 0;
+  while (iter->Next(offset))
+    mDebug->mGlobalOffsets.AddEntry(iter->Key(), static_cast<unsigned int>(offset));
+  delete iter;
 }
 
 // Branches are finished here; every other import stays for the data pass.

@@ -67,6 +67,7 @@ class QuorlScriptLinker : public Linker {
 
   void ResolveJumps();
   void AllocateGlobalDataBlock();
+  void RecordGlobalOffsets();
   void ResolveDataReferences();
 
  protected:

@@ -95,11 +95,11 @@ bool RunReadyCode::Call(QuorlScriptCorrespondent* correspondent, void* entry,
 }
 
 RunReadyCode* MiniLink(Ref<CodeModule> code, StringMap<void*>* functions,
-                       LinkerDelegate* failures) {
+                       LinkerDelegate* failures, Ref<DebuggerSymbols> debug) {
   QuorlScriptLinkIA32* linker = new QuorlScriptLinkIA32;
   QuorlScriptFunctionFinder finder(functions, failures);
   linker->SetQuorlScriptDelegate(&finder);
-  linker->Link(code, &finder);
+  linker->Link(code, debug, &finder);
   RunReadyCode* result = nullptr;
   // A module without a main body has nothing to run.
   if (!linker->LinkCancelled() && linker->HasMainEntrypoint()) {

@@ -39,13 +39,26 @@ static MethodSymbol* MakeCorrespondentMethod(char const* name,
 }
 
 // A runtime exception class. Generated code gets the class at run time by
-// calling its lookup function, whose name is the class's link name.
+// calling its lookup function, whose name is the class's link name: the
+// class's __Lookup is that function of the runtime's.
 static ClassSymbol* MakeExceptionClass(char const* name, char const* lookupName,
                                        ClassSymbol* parent) {
   ClassSymbol* cls = new ClassSymbol(string(name));
   cls->mLinkName = string(lookupName);
   if (parent) cls->SetSuperclassType(IRDataType(kObjectType, parent));
+  MethodSymbol* lookup = MakeRuntimeMethodDeclaration(
+      string(lookupName), string("__Lookup"), kClassType);
+  lookup->SetScope(MemberSymbol::kPrivate);
+  cls->AddMethod(lookup);
   return cls;
+}
+
+// What every exception carries, in the order the runtime lays them out
+// behind the object header (see RuntimeExceptionObjects.h).
+static void AddExceptionFields(ClassSymbol* cls) {
+  cls->AddProperty(new PropertySymbol(string("Message"), IRDataType(kStringType)));
+  cls->AddProperty(
+      new PropertySymbol(string("ErrorNumber"), IRDataType(kSInt32Type)));
 }
 
 static void AddRuntimeExceptions(GlobalSymbolTable* symbols) {
@@ -59,6 +72,7 @@ static void AddRuntimeExceptions(GlobalSymbolTable* symbols) {
   };
   ClassSymbol* base =
       MakeExceptionClass("RuntimeException", "RuntimeExceptionLookup", nullptr);
+  AddExceptionFields(base);
   symbols->AddType(base);
   for (auto const& subclass : kSubclasses)
     symbols->AddType(MakeExceptionClass(subclass[1], subclass[0], base));

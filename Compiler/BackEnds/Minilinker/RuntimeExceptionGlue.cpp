@@ -1,30 +1,22 @@
 // The runtime's exceptions as the running script meets them: their
 // classes, what happens to one nobody catches, and the stack check.
 #include "Common/ObjectModel/RuntimeExceptionFoundation.h"
+#include "Common/ObjectModel/RuntimeExceptionObjects.h"
 #include "Compiler/BackEnds/Minilinker/QuorlScriptIntrinsics.h"
 #include "Compiler/BackEnds/Minilinker/minilinker.h"
-#include "Universal/SimpleVector.h"
 #include "Universal/ustring.h"
 
 namespace {
 
-// Raised for every overflow; it lives as long as the process. Its count
-// starts at 1, held by the runtime, so a handler's lock and release never
-// bring it to 0.
-RuntimeObject sStackOverflowException = {nullptr, nullptr, nullptr, 1,
-                                         nullptr, nullptr};
+char const kRootExceptionName[] = "RuntimeException";
+char const kStackOverflowName[] = "StackOverflowException";
+char const kStackOverflowMessage[] =
+    "The stack overflowed: calls were nested too deeply";
 
-// Raised when the host stops the script; like the overflow, it lives as
-// long as the process and never reaches a count of 0.
+// Raised when the host stops the script; it lives as long as the process
+// and never reaches a count of 0. It is no exception of the script's, so
+// it has no class and no message.
 RuntimeObject sStopException = {nullptr, nullptr, nullptr, 1, nullptr, nullptr};
-
-// The messages of this thread's live exceptions that have one. Few ever
-// do (those a host raises), so a list is enough.
-struct ExceptionMessage {
-  RuntimeObject* mException;
-  string mMessage;
-};
-thread_local SimpleVector<ExceptionMessage> sMessages;
 
 // The last exception raised on this thread and the line it was raised at.
 struct RaiseSite {
@@ -34,47 +26,21 @@ struct RaiseSite {
 thread_local RaiseSite sLastRaise;
 thread_local UncaughtExceptionDetail sUncaught;
 
-// How far up from the raiser the first frame of script code may lie: the
-// runtime and host functions in between are few.
-int const kMostFramesToScriptCode = 64;
-
-void ForgetMessage(RuntimeObject* exception) {
-  for (unsigned long i = 0; i < sMessages.size(); i++) {
-    if (sMessages[i].mException != exception) continue;
-    sMessages.deleteIdx(i);
-    return;
-  }
-}
-
-void InitializeException(RuntimeObject*) {}
-void UninitializeException(RuntimeObject* exception) { ForgetMessage(exception); }
-
-// The exception monitor: the line of the innermost frame of script code,
-// found by walking up the frame chain from the raiser.
+// The exception monitor: the line of the innermost frame of script code
+// and the frames above it, found by walking up the frame chain from the
+// raiser.
 void NoteRaiseSite(RuntimeObject* exception) {
   sLastRaise.mException = exception;
   sLastRaise.mLine = 0;
   RunReadyCode const* code = GetRuntimeCode();
   if (!code) return;
-  void** frame = static_cast<void**>(__builtin_frame_address(0));
-  for (int n = 0; frame && n < kMostFramesToScriptCode; n++) {
-    unsigned char* returnAddress = static_cast<unsigned char*>(frame[1]);
-    if (code->Contains(returnAddress)) {
-      // The call instruction ends at the return address.
-      sLastRaise.mLine = code->LineAt(returnAddress - 1);
-      return;
-    }
-    void** caller = static_cast<void**>(*frame);
-    if (caller <= frame) return;
-    frame = caller;
-  }
+  NoteScriptCallStack(code, __builtin_frame_address(0));
+  sLastRaise.mLine = NotedRaiseLine(code);
 }
 
 string ClassNameOf(RuntimeObject* exception) {
-  if (exception == &sStackOverflowException)
-    return string("StackOverflowException");
   RuntimeClass* cls = exception ? exception->mClass : nullptr;
-  if (!cls || !cls->name) return string("RuntimeException");
+  if (!cls || !cls->name) return string(kRootExceptionName);
   return string(cls->name);
 }
 
@@ -85,28 +51,42 @@ RuntimeClass* ListedClassNamed(char const* name) {
   return nullptr;
 }
 
-// The class of that name in the running program's list, made when missing:
-// a plain object class with no fields of its own. The record joins the list
-// and goes with it at the end of the run.
-RuntimeClass* FindNamedClass(char const* name) {
-  if (RuntimeClass* cls = ListedClassNamed(name)) return cls;
-  RuntimeClass* cls = RuntimeNewClass(nullptr, 0, 0, 0, 0, 0);
+// A record of the exception tree: the root holds the fields every
+// exception has and releases them; the others derive from it and add
+// nothing. The record joins the list and goes with it at the end of the run.
+RuntimeClass* NewExceptionClass(char const* name, RuntimeClass* parent) {
+  RuntimeClass* cls = RuntimeNewClass(parent, 0, 0, 0, 0, 0);
   if (!cls) return nullptr;
   cls->name = string(name).ExtractStringStorage();
-  cls->instanceSize = sizeof(RuntimeObject);
-  cls->initializer = InitializeException;
-  cls->finalizer = UninitializeException;
+  cls->instanceSize = kExceptionInstanceSize;
+  if (!parent) cls->finalizer = FinalizeExceptionObject;
   return cls;
+}
+
+RuntimeClass* RootExceptionClass() {
+  if (RuntimeClass* root = ListedClassNamed(kRootExceptionName)) return root;
+  RuntimeClass* root = NewExceptionClass(kRootExceptionName, nullptr);
+  if (root) SetExceptionClass(root);
+  return root;
+}
+
+// The class of that name in the running program's list, made when missing
+// as an exception class with no fields of its own.
+RuntimeClass* FindNamedClass(char const* name) {
+  if (string(name) == string(kRootExceptionName)) return RootExceptionClass();
+  if (RuntimeClass* cls = ListedClassNamed(name)) return cls;
+  RuntimeClass* root = RootExceptionClass();
+  return root ? NewExceptionClass(name, root) : nullptr;
 }
 
 // The report for an exception of the runtime's own that nobody caught,
 // which keeps its class for the host.
 RuntimeErrorCode UnhandledErrorCode(RuntimeObject* exception) {
-  if (exception == &sStackOverflowException) return kRuntimeErrorStackOverflow;
   if (exception == &sStopException) return kRuntimeErrorStopped;
   RuntimeClass* cls = exception ? exception->mClass : nullptr;
   if (!cls || !cls->name) return kRuntimeErrorUnhandledException;
   string name(cls->name);
+  if (name == string(kStackOverflowName)) return kRuntimeErrorStackOverflow;
   if (name == string("OutOfBoundsException")) return kRuntimeErrorOutOfBounds;
   if (name == string("NilObjectException")) return kRuntimeErrorNilObject;
   if (name == string("IllegalCastException")) return kRuntimeErrorIllegalCast;
@@ -126,7 +106,19 @@ RuntimeClass* LookupExceptionClass(char const* name) {
 }  // namespace
 
 RuntimeClass* RuntimeExceptionLookup() {
-  return LookupExceptionClass("RuntimeException");
+  return LookupExceptionClass(kRootExceptionName);
+}
+
+RuntimeClass* OutOfMemoryExceptionLookup() {
+  return LookupExceptionClass("OutOfMemoryException");
+}
+
+RuntimeClass* TypeMismatchExceptionLookup() {
+  return LookupExceptionClass("TypeMismatchException");
+}
+
+RuntimeClass* StackOverflowExceptionLookup() {
+  return LookupExceptionClass(kStackOverflowName);
 }
 
 RuntimeClass* NilObjectExceptionLookup() {
@@ -143,6 +135,7 @@ RuntimeClass* OutOfBoundsExceptionLookup() {
 
 // The classes are stored only when they exist; every run gets the hook.
 void RuntimeInit() {
+  RootExceptionClass();
   RuntimeClass* nilObject = FindNamedClass("NilObjectException");
   if (nilObject) SetNilObjectExceptionClass(nilObject);
   RuntimeClass* illegalCast = FindNamedClass("IllegalCastException");
@@ -160,9 +153,14 @@ void RuntimeInit() {
 // The object itself is not passed on: the host sees a fresh exception of
 // the reported kind.
 void UnhandledException(RuntimeObject* exception) {
-  sUncaught.mLine = exception == sLastRaise.mException ? sLastRaise.mLine : 0;
+  bool seenRaised = exception == sLastRaise.mException;
+  sUncaught.mLine = seenRaised ? sLastRaise.mLine : 0;
+  RunReadyCode const* code = GetRuntimeCode();
+  sUncaught.mCallStack = seenRaised && code ? NotedScriptCallStack(code)
+                                            : ScriptCallStack();
   sUncaught.mClassName = ClassNameOf(exception);
   sUncaught.mMessage = RuntimeExceptionMessage(exception);
+  sUncaught.mErrorNumber = ExceptionErrorNumberOf(exception);
   QuorlScriptCorrespondent* correspondent = GetRuntimeCorrespondent();
   if (correspondent)
     correspondent->ScriptError(UnhandledErrorCode(exception), 0);
@@ -170,15 +168,15 @@ void UnhandledException(RuntimeObject* exception) {
 
 // The overflow goes through the exception machinery, so a script handler
 // can catch it; uncaught, it reaches UnhandledException. Like every raise
-// from the runtime, this returns to the running code afterwards.
+// from the runtime, this returns to the running code afterwards. The limit
+// lies well above the end of the real stack, so the exception can still be
+// made here.
 __attribute__((noinline)) void RuntimeCheckStack() {
   unsigned long limit = GetRuntimeStackLimit();
   char probe = 0;
   unsigned long stackPointer = reinterpret_cast<unsigned long>(&probe);
   if (!limit || stackPointer >= limit) return;
-  if (sStackOverflowException.refCount < 1)
-    sStackOverflowException.refCount = 1;
-  RuntimeRaiseException(&sStackOverflowException);
+  RaiseNamedException(kStackOverflowName, string(kStackOverflowMessage));
 }
 
 RuntimeObject* StopExceptionObject() {
@@ -189,26 +187,36 @@ RuntimeObject* StopExceptionObject() {
 UncaughtExceptionDetail const& LastUncaughtException() { return sUncaught; }
 
 void SetRuntimeExceptionMessage(RuntimeObject* exception, string const& message) {
-  if (!exception) return;
-  ForgetMessage(exception);
-  ExceptionMessage entry = {exception, message};
-  sMessages.push_back(entry);
+  SetExceptionMessage(exception, message.CString(), message.Length());
 }
 
 string RuntimeExceptionMessage(RuntimeObject* exception) {
-  for (unsigned long i = 0; i < sMessages.size(); i++)
-    if (sMessages[i].mException == exception) return sMessages[i].mMessage;
-  return string();
+  return string(ExceptionMessageOf(exception));
 }
 
 // The raise takes its own reference; the handler that stores the exception
-// takes another, so the one made here is dropped at once.
+// takes another, so the one made here is dropped at once. A name that a
+// class of the script's already has, one that is no exception, raises a
+// plain RuntimeException instead.
 void RaiseNamedException(char const* className, string const& message) {
   RuntimeClass* cls = FindNamedClass(className);
-  if (!cls) return;
-  RuntimeObject* exception = RuntimeNewObject(cls);
+  RuntimeObject* exception = cls ? RuntimeNewObject(cls) : nullptr;
+  if (exception && !IsExceptionObject(exception)) {
+    RuntimeUnlockObject(exception);
+    cls = RootExceptionClass();
+    exception = cls ? RuntimeNewObject(cls) : nullptr;
+  }
   if (!exception) return;
   SetRuntimeExceptionMessage(exception, message);
   RuntimeRaiseException(exception);
   RuntimeUnlockObject(exception);
+}
+
+// A Declare'd function that could not be found when called.
+void RuntimeRaiseFunctionNotFoundException(stringStorage* name,
+                                           stringStorage* library) {
+  string message = string("Could not load ") +
+                   string(name ? name->CString() : "") + string(" from ") +
+                   string(library ? library->CString() : "");
+  RaiseNamedException("FunctionNotFoundException", message);
 }

@@ -1,7 +1,10 @@
 // The table from link names to addresses that the in-memory linker resolves
 // generated code against.
 #include "Common/Arrays/RuntimeArrays.h"
+#include "Common/ObjectModel/RuntimeDelegates.h"
 #include "Common/ObjectModel/RuntimeExceptionFoundation.h"
+#include "Common/RuntimeExternalFunctions.h"
+#include "Common/RuntimeStringFoundation.h"
 #include "Common/Variants/RuntimeVariants.h"
 #include "Compiler/BackEnds/Minilinker/QuorlScriptIntrinsics.h"
 #include "Compiler/Intrinsics.h"
@@ -14,7 +17,6 @@ struct OwnEntry {
 };
 
 #define QUORL_OWN(name, function) {name, reinterpret_cast<void*>(&function)}
-#define QUORL_NOT_YET(name) {name, nullptr}
 
 // The plug-in serves these itself, in this order.
 OwnEntry const kOwnEntries[] = {
@@ -29,6 +31,8 @@ OwnEntry const kOwnEntries[] = {
     QUORL_OWN("RuntimeCheckStack", RuntimeCheckStack),
     // Optimized code keeps the limit at hand and asks for it here.
     QUORL_OWN("RuntimeStackLimit", GetRuntimeStackLimit),
+    // A sum of several strings: this copy raises when it cannot be stored.
+    QUORL_OWN("RuntimeAddStrings", RuntimeAddStrings),
     QUORL_OWN("RuntimeNewClass", RuntimeNewClass),
     QUORL_OWN("RuntimeNewObject", RuntimeNewObject),
     QUORL_OWN("RuntimeRegisterClass", RuntimeRegisterClass),
@@ -40,7 +44,17 @@ OwnEntry const kOwnEntries[] = {
     QUORL_OWN("RaiseNilObjectException", RaiseNilObjectException),
     QUORL_OWN("RaiseIllegalCastException", RaiseIllegalCastException),
     QUORL_OWN("RaiseOutOfBoundsException", RaiseOutOfBoundsException),
-    QUORL_NOT_YET("RuntimeRaiseFunctionNotFoundException"),
+    QUORL_OWN("RuntimeRaiseFunctionNotFoundException",
+              RuntimeRaiseFunctionNotFoundException),
+    QUORL_OWN("LoadFunctionPointerFromLibrary", LoadFunctionPointerFromLibrary),
+    // The exception classes, by the link names their declarations carry.
+    QUORL_OWN("RuntimeExceptionLookup", RuntimeExceptionLookup),
+    QUORL_OWN("OutOfMemoryExceptionLookup", OutOfMemoryExceptionLookup),
+    QUORL_OWN("NilObjectExceptionLookup", NilObjectExceptionLookup),
+    QUORL_OWN("IllegalCastExceptionLookup", IllegalCastExceptionLookup),
+    QUORL_OWN("TypeMismatchExceptionLookup", TypeMismatchExceptionLookup),
+    QUORL_OWN("OutOfBoundsExceptionLookup", OutOfBoundsExceptionLookup),
+    QUORL_OWN("StackOverflowExceptionLookup", StackOverflowExceptionLookup),
     // The object model and the arrays too: objects live on this copy's
     // lists and raise through this copy's exception state, so a host's
     // own copy of them must not serve a script.
@@ -51,6 +65,10 @@ OwnEntry const kOwnEntries[] = {
     QUORL_OWN("RuntimeObjectIsa", RuntimeObjectIsa),
     QUORL_OWN("RuntimeCheckCast", RuntimeCheckCast),
     QUORL_OWN("RuntimeLookupInterfaceVtable", RuntimeLookupInterfaceVtable),
+    QUORL_OWN("RuntimeCreateDelegate", RuntimeCreateDelegate),
+    QUORL_OWN("RuntimeDelegateIsA", RuntimeDelegateIsA),
+    QUORL_OWN("RuntimeCheckDelegateCast", RuntimeCheckDelegateCast),
+    QUORL_OWN("RuntimeCompareDelegates", RuntimeCompareDelegates),
     QUORL_OWN("CreateArray", CreateArray),
     QUORL_OWN("RuntimeCreateStructureArray", RuntimeCreateStructureArray),
     QUORL_OWN("RuntimeCreateArrayCastWrapper", RuntimeCreateArrayCastWrapper),
@@ -96,10 +114,12 @@ OwnEntry const kOwnEntries[] = {
     QUORL_OWN("ObjectToVariant", ObjectToVariant),
     QUORL_OWN("StringToVariant", StringToVariant),
     QUORL_OWN("BooleanToVariant", BooleanToVariant),
+    // A string sum that cannot be stored raises the out-of-memory
+    // exception, which only this copy's exception state can raise.
+    QUORL_OWN("RuntimeAddString", RuntimeAddString),
 };
 
 #undef QUORL_OWN
-#undef QUORL_NOT_YET
 
 }  // namespace
 

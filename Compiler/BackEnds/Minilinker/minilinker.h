@@ -4,6 +4,7 @@
 
 #include "Compiler/BackEnds/Minilinker/ExecutableDataBlock.h"
 #include "Compiler/BackEnds/codestorage.h"
+#include "Compiler/Linker/LinkedDebugSymbols.h"
 #include "Compiler/SmartRef.h"
 #include "Universal/SimpleVector.h"
 #include "Universal/stringmap.h"
@@ -56,6 +57,8 @@ class RunReadyCode {
   unsigned long LineAt(void const* address) const;
   // The entry of the function with that link name, or null.
   void* FunctionEntry(string const& linkName) const;
+  // Every function's offset in the code, by link name.
+  StringMapCase<unsigned long> const& Entrypoints() const { return mEntrypoints; }
 
   Ref<DataBlock> Globals() const { return mGlobals; }
   Ref<ExecutableDataBlock> Code() const { return mCode; }
@@ -77,8 +80,10 @@ class RunReadyCode {
 
 // Links `code` against the module itself and `functions`. The caller owns
 // the result. A name found in neither fails the link: the answer is null,
-// and `failures`, when given, hears why.
+// and `failures`, when given, hears why. With `debug`, the module's debug
+// data is merged into it.
 RunReadyCode* MiniLink(Ref<CodeModule> code, StringMap<void*>* functions,
-                       LinkerDelegate* failures = nullptr);
+                       LinkerDelegate* failures = nullptr,
+                       Ref<DebuggerSymbols> debug = Ref<DebuggerSymbols>());
 
 #endif

@@ -209,11 +209,16 @@ void CGPPC::tac_EndianSwap(TacLine const& line) {
     ppc_lwbrx(reg, 0, from);
     ppc_stw(reg, 0, to);
   } else if (size == 8) {
+    // Both words are read before either is written: the two homes may be
+    // one, for a swap in place.
+    int high = AllocateRegister(
+        false, SchemeExclude(reg, SchemeExclude(from, SchemeExclude(to, kSelectAnyGPR))));
     ppc_lwbrx(reg, 0, from);
-    ppc_stw(reg, 4, to);
     ppc_li(kScratch, 4);
-    ppc_lwbrx(reg, from, kScratch);
-    ppc_stw(reg, 0, to);
+    ppc_lwbrx(high, from, kScratch);
+    ppc_stw(reg, 4, to);
+    ppc_stw(high, 0, to);
+    Touch(high);
   } else if (size == 2) {
     ppc_lhbrx(reg, 0, from);
     ppc_sth(reg, 0, to);

@@ -262,22 +262,35 @@ enum class ScriptState : int {
   Aborted = 3,  // a compile error, an uncaught exception, or a stop
 };
 
+// One frame of a script's call stack: the function as the source names it
+// ("Leaf", "Shape.Area"; "<main>" for the main body) and the line, from 1.
+struct StackFrame {
+  std::string function;
+  int line = 0;
+};
+
 // One error of a Run() or Precompile(), in full. Lines and columns count
 // from 1 here (0 when unknown); the classic CompilerError event counts
 // lines from 0.
 struct ScriptError {
   enum class Kind {
     Compile,  // a compile error: number, summary, message, line, column
-    Runtime,  // an exception no handler caught: class, message, line
+    Runtime,  // an exception no handler caught: class, message, number, line
     Stopped,  // the host stopped the run (Script::Stop or a yield hook)
   };
   Kind kind = Kind::Compile;
-  int number = 0;              // the compile error's number
+  int number = 0;              // the compile error's number; an
+                               // exception's ErrorNumber
   std::string summary;         // the number's text: "unknown name"
   std::string message;         // "unknown name: Foo"; an exception's message
   std::string exceptionClass;  // "OutOfBoundsException"
   int line = 0;
   int column = 0;
+  // A runtime error's call stack where the exception was raised, innermost
+  // first: the raise, then each call that led there. Very deep stacks keep
+  // their innermost frames only, and callStackComplete is then false.
+  std::vector<StackFrame> callStack;
+  bool callStackComplete = true;
 };
 
 // One instance of the plug-in's "QuorlScript" class. Every call goes through

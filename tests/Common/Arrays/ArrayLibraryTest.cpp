@@ -92,5 +92,40 @@ TEST_F(ArrayLibrary, JoinBringsMixedEncodingsToOne) {
   RuntimeUnlockObject(&parts->header);
 }
 
+// The delimiter is found whatever the case of its letters, a byte above 127
+// is matched as it is, and delimiters side by side or at either end give
+// empty fields; Join of those fields gives the text back.
+TEST_F(ArrayLibrary, SplitFindsDelimitersInAnyCaseAndAtTheEdges) {
+  struct Case {
+    char const* text;
+    char const* delimiter;
+    std::vector<std::string> fields;
+  } const cases[] = {
+      {"aXbxxc", "x", {"a", "b", "", "c"}},
+      {"oneANDtwoandthreeAnD", "and", {"one", "two", "three", ""}},
+      {"\xC3\xA9" "a\xC3\xA9\xC3\xA9", "\xC3\xA9", {"", "a", "", ""}},
+      {"abab", "bab", {"a", ""}},
+      {"ab", "abc", {"ab"}},
+  };
+  for (Case const& c : cases) {
+    stringStorage* text = NewStringStorage(c.text, strlen(c.text), kEncodingUTF8);
+    stringStorage* delimiter =
+        NewStringStorage(c.delimiter, strlen(c.delimiter), kEncodingUTF8);
+    RuntimeArrayObject* fields = AsArray(StringSplit(text, delimiter));
+    ASSERT_EQ(Ubound(fields) + 1, static_cast<long>(c.fields.size())) << c.text;
+    for (unsigned long k = 0; k < c.fields.size(); k++) {
+      stringStorage* field = Elements<stringStorage*>(fields)[k];
+      std::string got = field ? std::string(field->CString(), field->mLength) : "";
+      EXPECT_EQ(got, c.fields[k]) << c.text << " field " << k;
+    }
+    if (strcasecmp(c.delimiter, "and") != 0 && c.delimiter[0] != 'x') {
+      EXPECT_EQ(JoinedText(&fields->header, delimiter), c.text);
+    }
+    RuntimeUnlockObject(&fields->header);
+    RuntimeUnlockString(delimiter);
+    RuntimeUnlockString(text);
+  }
+}
+
 }  // namespace
 }  // namespace arraytest

@@ -215,3 +215,103 @@ TEST(ModuleMergeTest, BlocksAreCopiedBehindTheDestinationsAndTablesAddUp) {
 }
 
 }  // namespace
+
+namespace {
+
+// The image this linker "lays out" holds the module's globals one after
+// the other, in the module's order.
+class DebugDataLinker : public TestLinker {
+ public:
+  Ref<DataBlock> FormatLink() override {
+    StringMapIterator<unsigned int>* iter = mSrc->mGlobals.NewIterator();
+    unsigned int size = 0, offset = 0;
+    while (iter->Next(size)) {
+      mDebug->mGlobalOffsets.AddEntry(iter->Key(), offset);
+      offset += size;
+    }
+    delete iter;
+    return Ref<DataBlock>();
+  }
+};
+
+DebuggerSymbol* Symbol(char const* name, uint32_t storageClass, char const* link,
+                       unsigned char constant = 0) {
+  DebuggerSymbol* symbol = new DebuggerSymbol;
+  symbol->mName = name;
+  symbol->mStorageClass = storageClass;
+  symbol->mLinkID = link;
+  symbol->mIsConstant = constant;
+  symbol->mStorageOffset = 99;
+  return symbol;
+}
+
+Texts SymbolNames(DebuggerSymbolTable const* table) {
+  Texts names;
+  for (unsigned long i = 0; i < table->Count(); i++)
+    names.push_back(Std(table->At(i)->mName) + "@" +
+                    std::to_string(table->At(i)->mStorageOffset));
+  return names;
+}
+
+}  // namespace
+
+// A global that dead-code stripping took out of the program leaves the
+// debug tables when they are linked; the others learn their place, and
+// locals and constants stay as they were.
+TEST(LinkerDebugDataTest, StrippedGlobalsLeaveTheTablesAndFunctionsArePlaced) {
+  ModuleBuilder b;
+  FunctionBlock* main = b.Function("% main", 4);
+  main->MarkImportAbsolute(Import::kImportGlobal32, "App.used", 0);
+  main->mLineTable.AddEntry(0, 6);
+  FunctionBlock* orphan = b.Function("orphan", 3);
+  orphan->MarkImportAbsolute(Import::kImportGlobal32, "App.unused", 0);
+  orphan->mParameterSpace = 8;
+  b.mModule->mGlobals.AddEntry("App.unused", 8);
+  b.mModule->mGlobals.AddEntry("App.used", 4);
+  DebuggerSymbolTable* scope = DebuggerSymbolTable::New("% main");
+  scope->AddEntry(Symbol("unused", kGlobalDataStorage, "App.unused"));
+  scope->AddEntry(Symbol("local", kStackDataStorage, ""));
+  scope->AddEntry(Symbol("used", kGlobalDataStorage, "App.used"));
+  scope->AddEntry(Symbol("limit", kGlobalDataStorage, "", 1));
+  b.mModule->mDebugData.mLocalTables.push_back(scope);
+
+  Linker::StripDeadCode(b.mModule, nullptr);
+  Ref<DebuggerSymbols> debug = DebuggerSymbols::New();
+  DebugDataLinker linker;
+  linker.Link(b.mModule, debug, nullptr);
+
+  ASSERT_EQ(1u, debug->mData.mLocalTables.size());
+  EXPECT_EQ((Texts{"local@99", "used@0", "limit@99"}),
+            SymbolNames(debug->mData.mLocalTables[0]));
+  EXPECT_EQ(4u, scope->Count()) << "the module keeps its own tables";
+  LinkedContainerEntry extent;
+  ASSERT_TRUE(debug->mFunctionExtents.GetEntry("% main", extent));
+  EXPECT_EQ(0u, extent.offset);
+  EXPECT_EQ(4u, extent.length);
+  EXPECT_FALSE(debug->mFunctionExtents.HasEntry("orphan"));
+  EXPECT_TRUE(debug->mFunctionExtents.HasEntry("% initialize"));
+  CodeOffsetToLineIndex* lines = nullptr;
+  ASSERT_TRUE(debug->mLineTables.GetEntry("% main", lines));
+  int line = 0;
+  EXPECT_TRUE(lines->LookupLine(2, &line) && line == 6);
+  EXPECT_EQ(0u, debug->mEntryPoint);
+}
+
+// Joined modules add up their debug data: tables of one name become one.
+TEST(LinkerDebugDataTest, MergedModulesJoinTheirTables) {
+  ModuleBuilder app, library;
+  app.Function("% main", 1);
+  library.Function("helper", 1);
+  DebuggerSymbolTable* mine = DebuggerSymbolTable::New("Shape");
+  mine->AddEntry(Symbol("mWidth", kBaseRelativeDataStorage, ""));
+  app.mModule->mDebugData.mClassTables.AddEntry("Shape", mine);
+  DebuggerSymbolTable* theirs = DebuggerSymbolTable::New("Shape");
+  theirs->AddEntry(Symbol("mHeight", kBaseRelativeDataStorage, ""));
+  library.mModule->mDebugData.mClassTables.AddEntry("Shape", theirs);
+  library.mModule->mDebugData.mLocalTables.push_back(DebuggerSymbolTable::New("helper"));
+  Linker::Merge(app.mModule, library.mModule);
+  EXPECT_EQ((Texts{"mWidth@99", "mHeight@99"}), SymbolNames(mine));
+  ASSERT_EQ(1u, app.mModule->mDebugData.mLocalTables.size());
+  EXPECT_NE(library.mModule->mDebugData.mLocalTables[0],
+            app.mModule->mDebugData.mLocalTables[0]);
+}

@@ -6,6 +6,7 @@
 #include "Compiler/Intrinsics.h"
 #include "Compiler/Optimizer/optimizer.h"
 #include "Compiler/SymbolTable/LocalSymbolTable.h"
+#include "Compiler/TacListing.h"
 #include "tests/Compiler/CompilerTestSupport.h"
 
 namespace {
@@ -123,8 +124,29 @@ TEST(AnalyzeProcedureIntegration, WeighsOverheadAgainstBody) {
   Ref<LocalSymbolTableList> tables;
   tables.BindNewObject(new LocalSymbolTableList);
   TacLine const* first = block.mFirst;
+  string before = ListTacBlock(block);
   Optimizer optimizer;
   EXPECT_EQ(&block, optimizer.Optimize(&block, tables));
   EXPECT_EQ(first, block.mFirst);
+  EXPECT_EQ(std::string(before.CString()), std::string(ListTacBlock(block).CString()));
   EXPECT_ASSERTION(optimizer.Optimize(nullptr, tables), "");
+  EXPECT_ASSERTION(optimizer.Optimize(&block, Ref<LocalSymbolTableList>()), "");
+}
+
+// Parameters in and a result out, nothing between: no body at all, so the
+// call costs more than the work.
+TEST(AnalyzeProcedureIntegration, NothingButParametersAndReturnIsWorthIntegrating) {
+  MakeSharedOperands();
+  ConstAddr pass(string("Pass"));
+  SymbolAddr a = Stack(kSInt32Type, 0), b = Stack(kSInt32Type, 4);
+  TacBlock block;
+  Add(block, kTacEnter, &pass, nilTacAddr, nilTacAddr);
+  Add(block, kTacGetParam, nilTacAddr, nilTacAddr, &a);
+  Add(block, kTacGetParam, nilTacAddr, nilTacAddr, &b);
+  Add(block, kTacLeave, &a, nilTacAddr, nilTacAddr);
+  StringMap<unsigned char> verdicts =
+      AnalyzeProcedureIntegration(&block, StringMap<unsigned char>());
+  unsigned char verdict = 0;
+  EXPECT_TRUE(verdicts.GetEntry(string("Pass"), verdict) && verdict);
+  EXPECT_EQ(1u, verdicts.Count());
 }

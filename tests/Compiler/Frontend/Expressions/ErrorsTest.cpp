@@ -17,7 +17,7 @@ TEST(ExpressionErrors, NumbersLinesAndArguments) {
       {"Dim c As Color\nDim r As Color\nr = -c\n", {12}, {}, {}},
       {"Dim i As Int32\nDim d As Double\ni = Int32(d)\n", {2}, {}, {"Int32", "Double"}},
       {"Dim i As Int32\ni = Int32(1, 2)\n", {6}, {}, {}},
-      {"Dim o As Object\nDim b As Boolean\nb = o + o = o\n", {26}, {2}, {}},
+      {"Dim o As Object\nDim b As Boolean\nb = o + o = o\n", {12}, {2}, {}},
       {"Dim i As Int32\ni = Self.x\ni = Me\ni = Super.y\n", {32, 33, 41}, {}, {}},
       {"Module Shapes\n  Dim count As Int32\nEnd Module\nShapes.nothing = 1\n", {11}, {3}, {}},
       {"Const k = 3\nDim i As Int32\ni = k(1)\n", {6}, {}, {}},
