@@ -1,7 +1,8 @@
 // Text encodings for scripts: the tag a text carries, a tag by name, a
 // conversion, and a new tag on the same bytes.
 //
-// Tags are numbers (Encodings("UTF-8") is 134217984). A conversion turns
+// Tags are numbers (Encodings.UTF8, FindEncoding("UTF-8"): 134217984); the
+// module Encodings is among the runtime's declarations. A conversion turns
 // each byte that has no place in the target into one "?" and goes on; a
 // target the system cannot convert to leaves the text as it was. An
 // encoding name nobody knows raises a RuntimeException that says so.
@@ -19,7 +20,7 @@ long StringEncoding(stringStorage* text) {
   return static_cast<long>(string(text).Encoding());
 }
 
-long StringEncodings(stringStorage* name) {
+long StringFindEncoding(stringStorage* name) {
   string wanted(name);
   unsigned long tag = GetEncodingFromName(wanted);
   if (tag == kEncodingUnknown) {
@@ -53,7 +54,7 @@ stringStorage* StringDefineEncoding(stringStorage* text, long encoding) {
 LibraryEntries TextEncodingEntries() {
   return {
       Entry("StringEncoding", &StringEncoding),
-      Entry("StringEncodings", &StringEncodings),
+      Entry("StringFindEncoding", &StringFindEncoding),
       Entry("StringConvertEncoding", &StringConvertEncoding),
       Entry("StringDefineEncoding", &StringDefineEncoding),
   };

@@ -1,6 +1,7 @@
 #include "Compiler/BackEnds/Minilinker/RuntimeDeclarations.h"
 
 #include "Compiler/SymbolTable/GlobalSymbolTable.h"
+#include "Universal/Encodings.h"
 
 MethodSymbol* MakeRuntimeMethodDeclaration(string const& linkName,
                                            string const& name,
@@ -78,11 +79,32 @@ static void AddRuntimeExceptions(GlobalSymbolTable* symbols) {
     symbols->AddType(MakeExceptionClass(subclass[1], subclass[0], base));
 }
 
+// The module Encodings: a constant for each encoding a script most often
+// names (Encodings.UTF8, Encodings.ISOLatin1), its value the encoding's tag.
+// The constants are protected, so that only the qualified name reaches
+// them and a script keeps names such as "utf8" and "ASCII" for itself.
+static void AddEncodingsModule(GlobalSymbolTable* symbols) {
+  static char const* const kNames[] = {
+      "ASCII",     "UTF8",     "UTF16",         "UTF32", "ISOLatin1",
+      "MacRoman",  "WindowsLatin1", "KOI8R",     "ShiftJIS"};
+  ModuleSymbol* module = new ModuleSymbol(string("Encodings"));
+  module->SetScope(MemberSymbol::kPublic);
+  for (char const* name : kNames) {
+    ConstantSymbol* constant = new ConstantSymbol(
+        string(name), IRDataType(kSInt32Type),
+        IRValue::SInt32(static_cast<long>(GetEncodingFromName(string(name)))));
+    constant->SetScope(MemberSymbol::kProtected);
+    module->AddConstant(constant);
+  }
+  symbols->AddModule(module);
+}
+
 GlobalSymbolTable* MakeQuorlScriptRuntimeDeclarations(
     QuorlScriptCorrespondent* correspondent) {
   GlobalSymbolTable* symbols = new GlobalSymbolTable();
   symbols->AddMethod(MakeCorrespondentMethod("Input", kStringType, correspondent));
   symbols->AddMethod(MakeCorrespondentMethod("Print", kNoType, correspondent));
   AddRuntimeExceptions(symbols);
+  AddEncodingsModule(symbols);
   return symbols;
 }

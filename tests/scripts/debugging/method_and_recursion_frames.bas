@@ -1,10 +1,11 @@
 // Frames name methods by class and method; a recursion shows each of its
-// frames, and a Nil object used deep in it is reported where it was used.
+// frames, and an index out of bounds deep in it is reported where it was
+// used.
 Class Node
-  Dim mNext As Node
+  Dim mValues() As Integer
   Dim mValue As Integer
   Function Sum(depth As Integer) As Integer
-    If depth = 0 Then Return mNext.mValue
+    If depth = 0 Then Return mValues(3)
     Return mValue + Sum(depth - 1)
   End Function
 End Class
@@ -16,9 +17,9 @@ Function Walk() As Integer
 End Function
 
 Print Str(Walk())
-// expect runtime error: NilObjectException
-// expect frame: Node.Sum 7
+// expect runtime error: OutOfBoundsException
 // expect frame: Node.Sum 8
-// expect frame: Node.Sum 8
-// expect frame: Walk 15
-// expect frame: <main> 18
+// expect frame: Node.Sum 9
+// expect frame: Node.Sum 9
+// expect frame: Walk 16
+// expect frame: <main> 19

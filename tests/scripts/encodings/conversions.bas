@@ -5,9 +5,9 @@ Function Yes(answer As Boolean) As String
   Return "False"
 End Function
 
-Dim utf8 As Integer = Encodings("UTF-8")
-Dim latin1 As Integer = Encodings("Latin1")
-Dim utf16 As Integer = Encodings("UTF-16")
+Dim utf8 As Integer = Encodings.UTF8
+Dim latin1 As Integer = Encodings.ISOLatin1
+Dim utf16 As Integer = Encodings.UTF16
 
 Dim word As String = "café"
 Print Str(LenB(word)) + " " + Str(Len(word))
@@ -20,11 +20,11 @@ Dim back As String = ConvertEncoding(wide, utf8)
 Print Str(LenB(back)) + " " + Yes(back = word) + " " + Yes(back.Encoding = utf8)
 
 // Cyrillic through a one-byte set and back.
-Dim russian As String = ConvertEncoding("Привет", Encodings("KOI8-R"))
+Dim russian As String = ConvertEncoding("Привет", Encodings.KOI8R)
 Print Str(LenB(russian)) + " " + Str(AscB(russian)) + " " + russian
 
 // The same bytes read as another encoding: Mac Roman 0x8E is e acute.
-Dim mac As String = DefineEncoding(ChrB(&h8E), Encodings("MacRoman"))
+Dim mac As String = DefineEncoding(ChrB(&h8E), Encodings.MacRoman)
 Print mac + " " + Str(LenB(ConvertEncoding(mac, utf8)))
 
 // A byte that is no UTF-8 becomes one "?" and the rest converts.
@@ -38,8 +38,8 @@ Dim sum As String = latin + "ü€"
 Print Yes(sum.Encoding = utf8) + " " + Str(LenB(sum)) + " " + sum
 
 // ASCII text keeps its bytes and takes the new tag.
-Dim plain As String = ConvertEncoding("plain", Encodings("Windows-1252"))
-Print Str(LenB(plain)) + " " + Yes(plain.Encoding = Encodings("CP1252"))
+Dim plain As String = ConvertEncoding("plain", Encodings.WindowsLatin1)
+Print Str(LenB(plain)) + " " + Yes(plain.Encoding = FindEncoding("CP1252"))
 // expect: 5 4
 // expect: 4 233 café
 // expect: True
