@@ -141,6 +141,7 @@ enum CompileErrorCode {
   kErrorUnresolvedForwardReference = 137,
   kErrorLocalStorageTooLarge = 138,
   kErrorNestingTooDeep = 139,
+  kErrorExpressionTooLarge = 140,
 };
 
 // One reported fault: its number, where it is, and optional text arguments

@@ -119,6 +119,7 @@ MessageRow const kMessages[] = {
     {137, 137, "unresolved forward reference"},
     {138, 138, "a function's local storage is too large"},
     {139, 139, "declarations nested too deeply"},
+    {140, 140, "expression too large"},
 };
 
 // The longest stretch of source quoted in a message: the name at fault,

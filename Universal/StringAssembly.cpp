@@ -52,18 +52,27 @@ void StringAssembly::Measure(string const& text, unsigned long start,
     mFirstCount = count;
   }
   mPieces++;
-  mLength += count;
+  AddLength(&mLength, count);
 }
 
 void StringAssembly::CountConverted(string const& text, unsigned long start,
                                     unsigned long count) {
   if (!count) return;
   if (!Converts(text.Encoding())) {
-    mConvertedLength += count;
+    AddLength(&mConvertedLength, count);
     return;
   }
-  mConvertedLength +=
-      ConvertEncoding(PieceText(text, start, count), mTag).Length();
+  string converted = ConvertEncoding(PieceText(text, start, count), mTag);
+  if (!converted.Length()) mTooLong = true;  // the heap refused the piece
+  AddLength(&mConvertedLength, converted.Length());
+}
+
+// Lengths are compared before they are added, so that no total wraps.
+void StringAssembly::AddLength(unsigned long* total, unsigned long count) {
+  if (count > kLongestStringLength || *total > kLongestStringLength - count)
+    mTooLong = true;
+  else
+    *total += count;
 }
 
 void StringAssembly::Allocate() {
@@ -72,11 +81,17 @@ void StringAssembly::Allocate() {
     mResult = PieceText(mFirst, mFirstStart, mFirstCount);
     return;
   }
-  if (!mLength) return;
-  mResult.AdoptReference(
-      NewStringStorage(nullptr, static_cast<uint32_t>(mLength),
-                       static_cast<uint32_t>(mTag)));
-  mCursor = mResult.GetStringStorage()->CString();
+  if (!mLength && !mTooLong) return;
+  stringStorage* storage =
+      mTooLong ? nullptr
+               : TryNewStringStorage(nullptr, static_cast<uint32_t>(mLength),
+                                     static_cast<uint32_t>(mTag));
+  if (!storage) {
+    mRefused = true;
+    return;
+  }
+  mResult.AdoptReference(storage);
+  mCursor = storage->CString();
 }
 
 void StringAssembly::Write(string const& text, unsigned long start,

@@ -29,15 +29,21 @@ class StringAssembly {
   void Allocate();
   void Write(string const& text, unsigned long start, unsigned long count);
   string Result() const { return mResult; }
+  // True when the whole would pass the length field or the heap refused
+  // it: the result is then nil and nothing was written.
+  bool Refused() const { return mRefused; }
 
  private:
   bool Converts(unsigned long tag) const;
+  void AddLength(unsigned long* total, unsigned long count);
 
   unsigned long mLength = 0;
   unsigned long mConvertedLength = 0;
   unsigned long mTag = kEncodingASCII;
   unsigned long mPieces = 0;
   bool mConvert = false;
+  bool mTooLong = false;
+  bool mRefused = false;
   // The first piece, which is the result when it is the only one.
   string mFirst;
   unsigned long mFirstStart = 0, mFirstCount = 0;
@@ -52,8 +58,9 @@ unsigned long SumEncoding(unsigned long a, unsigned long b);
 // any encoding of bytes.
 bool BytesStandAs(unsigned long tag, unsigned long target);
 
+// `refused`, when given, learns whether the result could not be made.
 template <class Pieces>
-string AssembleString(Pieces const& pieces) {
+string AssembleString(Pieces const& pieces, bool* refused = nullptr) {
   StringAssembly assembly;
   pieces([&](string const& text, unsigned long start, unsigned long count) {
     assembly.Measure(text, start, count);
@@ -63,6 +70,8 @@ string AssembleString(Pieces const& pieces) {
       assembly.CountConverted(text, start, count);
     });
   assembly.Allocate();
+  if (refused) *refused = assembly.Refused();
+  if (assembly.Refused()) return string();
   pieces([&](string const& text, unsigned long start, unsigned long count) {
     assembly.Write(text, start, count);
   });

@@ -10,14 +10,27 @@
 IntMap<unsigned short>* sUpperMap = nullptr;
 IntMap<unsigned short>* sLowerMap = nullptr;
 
-void InitCaseMaps() {
-  if (sUpperMap) return;
-  sUpperMap = new IntMap<unsigned short>;
-  sLowerMap = new IntMap<unsigned short>;
+namespace {
+
+bool BuildCaseMaps() {
+  IntMap<unsigned short>* upper = new IntMap<unsigned short>;
+  IntMap<unsigned short>* lower = new IntMap<unsigned short>;
   for (unsigned long i = 0; i < kCaseTableSize; i++) {
-    sUpperMap->AddEntry(sUpperTable[i], static_cast<unsigned short>(i));
-    sLowerMap->AddEntry(sLowerTable[i], static_cast<unsigned short>(i));
+    upper->AddEntry(sUpperTable[i], static_cast<unsigned short>(i));
+    lower->AddEntry(sLowerTable[i], static_cast<unsigned short>(i));
   }
+  sUpperMap = upper;
+  sLowerMap = lower;
+  return true;
+}
+
+}  // namespace
+
+// Scripts on several threads may be the first to ask at once: the maps are
+// built by one of them while the others wait, and published only whole.
+void InitCaseMaps() {
+  static bool const sBuilt = BuildCaseMaps();
+  (void)sBuilt;
 }
 
 namespace {

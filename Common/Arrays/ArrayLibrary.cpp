@@ -202,13 +202,15 @@ stringStorage* StringJoin(RuntimeObject* fields, stringStorage* delimiter) {
   if (stringStorage* joined = JoinOfOneEncoding(elements, last, delimiter))
     return joined;
   string separator(delimiter);
+  bool refused = false;
   string joined = AssembleString([&](auto piece) {
     for (long k = 0; k <= last; k++) {
       if (k > 0) piece(separator, 0, separator.Length());
       string element(elements[k]);
       piece(element, 0, element.Length());
     }
-  });
+  }, &refused);
+  if (refused) RaiseOutOfMemoryException();
   return joined.ExtractStringStorage();
 }
 

@@ -11,6 +11,7 @@
 
 typedef void (*RuntimeExceptionHook)(RuntimeObject* exception);
 typedef bool (*StackCrawlCallback)(void* frame, void* data);
+typedef void (*RuntimeNamedRaiser)(char const* className, char const* message);
 
 extern "C" {
 // Tells the monitor, then hands the exception to the nearest handler; nil
@@ -38,6 +39,11 @@ void RaiseIndexOutOfBounds(long index, long ubound);
 void RaiseOutOfMemoryException();
 // A value that cannot be converted to the type asked for (a variant's).
 void RaiseTypeMismatchException();
+
+// A copy of the runtime that registers no exception classes (the host's,
+// which serves the library) raises the kinds above through this, by class
+// name, in the copy that has them.
+void SetNamedExceptionRaiser(RuntimeNamedRaiser raiser);
 
 void SetExceptionMonitor(RuntimeExceptionHook monitor);
 void SetUnhandledExceptionHook(RuntimeExceptionHook hook);

@@ -13,6 +13,11 @@ namespace {
 // answered with another one without recursing.
 thread_local bool sMakingNilObjectException;
 
+// Set where this copy of the runtime has no exception classes of its own
+// (the host's copy, which serves the library), so that its raises reach the
+// script through the engine that has them.
+RuntimeNamedRaiser sNamedRaiser;
+
 // Nothing can be raised: the host hears of a nil exception, if it listens.
 void ReportUnraisable() {
   if (GetUnhandledExceptionHook()) RuntimeUnhandledException(nullptr);
@@ -38,6 +43,15 @@ void RaiseObject(RuntimeObject* exception) {
   RuntimeUnlockObject(exception);
 }
 
+// The class stored for the kind, or the named raiser when none is.
+void RaiseKind(RuntimeClass* cls, char const* className, char const* message) {
+  if (!cls && sNamedRaiser) {
+    sNamedRaiser(className, message);
+    return;
+  }
+  RaiseExceptionClassWithMessage(cls, message);
+}
+
 }  // namespace
 
 // A nil class makes no object, and the nil-object exception goes instead.
@@ -59,13 +73,13 @@ void RaiseNilObjectException() {
 }
 
 void RaiseIllegalCastException() {
-  RaiseExceptionClassWithMessage(GetIllegalCastExceptionClass(),
-                                 kIllegalCastMessage);
+  RaiseKind(GetIllegalCastExceptionClass(), "IllegalCastException",
+            kIllegalCastMessage);
 }
 
 void RaiseOutOfBoundsException() {
-  RaiseExceptionClassWithMessage(GetOutOfBoundsExceptionClass(),
-                                 kOutOfBoundsMessage);
+  RaiseKind(GetOutOfBoundsExceptionClass(), "OutOfBoundsException",
+            kOutOfBoundsMessage);
 }
 
 void RaiseIndexOutOfBounds(long index, long ubound) {
@@ -74,15 +88,19 @@ void RaiseIndexOutOfBounds(long index, long ubound) {
     snprintf(message, sizeof message, kEmptyIndexMessage, index);
   else
     snprintf(message, sizeof message, kIndexMessage, index, ubound);
-  RaiseExceptionClassWithMessage(GetOutOfBoundsExceptionClass(), message);
+  RaiseKind(GetOutOfBoundsExceptionClass(), "OutOfBoundsException", message);
 }
 
 void RaiseOutOfMemoryException() {
-  RaiseExceptionClassWithMessage(GetOutOfMemoryExceptionClass(),
-                                 kOutOfMemoryMessage);
+  RaiseKind(GetOutOfMemoryExceptionClass(), "OutOfMemoryException",
+            kOutOfMemoryMessage);
 }
 
 void RaiseTypeMismatchException() {
-  RaiseExceptionClassWithMessage(GetTypeMismatchExceptionClass(),
-                                 kTypeMismatchMessage);
+  RaiseKind(GetTypeMismatchExceptionClass(), "TypeMismatchException",
+            kTypeMismatchMessage);
+}
+
+void SetNamedExceptionRaiser(RuntimeNamedRaiser raiser) {
+  sNamedRaiser = raiser;
 }

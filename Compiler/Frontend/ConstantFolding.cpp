@@ -133,6 +133,11 @@ SemBase* FoldString(SemBase* left, unsigned long op, SemBase* right,
   string const& b = right->GetValue().mString;
   if (IsComparison(op)) return Truth(Compare(op, a, b), where);
   if (op != kOpAdd) return nullptr;
+  // Every sum made here stays in the literal pool, so a chain of sums
+  // would keep each longer prefix: past this length the sum is left to
+  // run time.
+  const unsigned long kLongestFoldedSum = 8192;
+  if (a.Length() + b.Length() > kLongestFoldedSum) return nullptr;
   return SemValue::New(CurrentTLP()->GetLiteral(a + b), &where);
 }
 

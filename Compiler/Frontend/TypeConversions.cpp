@@ -31,6 +31,16 @@ SemBase* CallConverter(IntrinsicID f, SemBase* op, IRDataType const& type,
   return t;
 }
 
+// Each operator of an expression leaves a temporary, and each level of a
+// chain of operators hands all of those below it up once more: past this
+// many the statement is refused, so that its compilation stays short.
+const unsigned long kMostTemporariesInAnExpression = 16384;
+
+bool IsTooLarge(SemBase* op) {
+  return op->Tag() == kSemCodeTag &&
+         op->Temporaries().size() > kMostTemporariesInAnExpression;
+}
+
 SemBase* MismatchValue(SemBase* op, IRDataType const& target) {
   TypeMismatchError(op->Location(), target, op->GetType());
   return op;
@@ -52,6 +62,10 @@ SemBase* CompileRefAs(SemBase* op, IRDataType const& target, SemBase* code) {
   QASSERT_TEXT(op, "op");
   QASSERT_TEXT(code, "code");
   if (IsErrorValue(op)) return op;
+  if (IsTooLarge(op)) {
+    Error(kErrorExpressionTooLarge, op->Location());
+    return ErrorValue(op->Location());
+  }
   if (!op->GetAddr()) return NoValue(op, target);
   if (IsNullType(op->GetType())) return MismatchValue(op, target);
   op = FlattenExpression(op, code);

@@ -8,6 +8,7 @@
 // right over matches that do not overlap.
 #include <string.h>
 
+#include "Common/ObjectModel/RuntimeExceptionFoundation.h"
 #include "StandInHost/RuntimeLibrary/LibraryEntries.h"
 #include "StandInHost/RuntimeLibrary/LibraryText.h"
 #include "Universal/StringAssembly.h"
@@ -45,12 +46,15 @@ std::vector<TextMatch> ExactMatches(string const& text, string const& target,
   return matches;
 }
 
-// The text with every match replaced, made at its final size at once.
+// The text with every match replaced, made at its final size at once; a
+// result the length field or the heap cannot hold raises
+// OutOfMemoryException.
 stringStorage* ReplaceMatches(string const& text,
                               std::vector<TextMatch> const& matches,
                               string const& replacement) {
   if (matches.empty()) return HandOut(text);
-  return HandOut(AssembleString([&](auto piece) {
+  bool refused = false;
+  string replaced = AssembleString([&](auto piece) {
     unsigned long done = 0;
     for (TextMatch const& match : matches) {
       piece(text, done, match.start - done);
@@ -58,7 +62,9 @@ stringStorage* ReplaceMatches(string const& text,
       done = match.end;
     }
     piece(text, done, text.Length() - done);
-  }));
+  }, &refused);
+  if (refused) RaiseOutOfMemoryException();
+  return HandOut(replaced);
 }
 
 long StringCountFields(stringStorage* text, stringStorage* delimiter) {

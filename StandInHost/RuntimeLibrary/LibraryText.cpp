@@ -3,6 +3,7 @@
 
 #include <string.h>
 
+#include "Common/ObjectModel/RuntimeExceptionFoundation.h"
 #include "Universal/Encodings.h"
 #include "Universal/StringWorkCounters.h"
 
@@ -10,10 +11,13 @@ namespace quorl {
 namespace standin {
 namespace library {
 
+// A text the heap cannot hold raises OutOfMemoryException in the script and
+// is nil meanwhile.
 string MakeText(char const* bytes, unsigned long length, unsigned long tag) {
   string result;
-  if (length)
-    result.AdoptReference(NewStringStorage(bytes, length, tag));
+  if (!length) return result;
+  result.AdoptReference(TryNewStringStorage(bytes, length, tag));
+  if (result.IsEmpty()) RaiseOutOfMemoryException();
   return result;
 }
 

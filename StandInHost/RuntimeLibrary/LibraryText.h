@@ -28,7 +28,8 @@ inline stringStorage* HandOut(string const& value) {
   return value.ExtractStringStorage();
 }
 
-// Bytes as a new string with the given tag; nil when empty.
+// Bytes as a new string with the given tag; nil when empty, and nil with
+// OutOfMemoryException raised when the heap refuses it.
 string MakeText(char const* bytes, unsigned long length, unsigned long tag);
 inline string MakeText(std::string const& bytes, unsigned long tag) {
   return MakeText(bytes.data(), bytes.size(), tag);

@@ -1,6 +1,7 @@
 // The runtime library joins the host's name table.
 #include "StandInHost/RuntimeLibrary/RuntimeLibrary.h"
 
+#include "Common/ObjectModel/RuntimeExceptionFoundation.h"
 #include "Common/RuntimeColorFoundation.h"
 #include "Common/RuntimeNumerics.h"
 #include "StandInHost/RuntimeLibrary/LibraryEntries.h"
@@ -33,6 +34,9 @@ LibraryEntries RuntimeFoundationEntries() {
 
 void RegisterRuntimeLibrary() {
   using namespace library;
+  // The library runs in the host's copy of the runtime, which has no
+  // exception classes: its raises go to the plug-in's by name.
+  SetNamedExceptionRaiser(&quorl::detail::RaiseInScript);
   for (LibraryEntries (*theme)() :
        {&CharacterStringEntries, &ByteStringEntries, &TextEncodingEntries,
         &CaseAndTrimEntries,
