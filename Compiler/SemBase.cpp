@@ -255,6 +255,10 @@ SemBase* SemCode::Clone() const {
 SemBase* ConcatCode(SemBase* a, SemBase* b) {
   if (!a) return b;
   if (!b) return a;
+  // After a syntax error the parser's recovery can leave a value without
+  // code where a statement stood; the error is reported, so drop it.
+  if (!b->Code()) return a;
+  if (!a->Code()) return b;
   a->Append(b);
   return a;
 }
