@@ -8,6 +8,8 @@
 // right over matches that do not overlap.
 #include <string.h>
 
+#include <new>
+
 #include "Common/ObjectModel/RuntimeExceptionFoundation.h"
 #include "StandInHost/RuntimeLibrary/LibraryEntries.h"
 #include "StandInHost/RuntimeLibrary/LibraryText.h"
@@ -27,22 +29,35 @@ std::vector<TextMatch> FoldedMatches(CharacterText const& text,
                                      unsigned long limit) {
   FoldedNeedle pin{CharacterText(target)};
   std::vector<TextMatch> matches;
-  TextMatch match;
-  for (unsigned long at = 0; matches.size() < limit &&
-                             FindFolded(text, pin, at, &match);
-       at = match.end)
-    matches.push_back(match);
+  bool refused = false;
+  try {
+    TextMatch match;
+    for (unsigned long at = 0; matches.size() < limit &&
+                               FindFolded(text, pin, at, &match);
+         at = match.end)
+      matches.push_back(match);
+  } catch (std::bad_alloc const&) {
+    refused = true;
+  }
+  // Raised outside the handler, so that the C++ exception is gone first.
+  if (refused) RaiseOutOfMemoryException();
   return matches;
 }
 
 std::vector<TextMatch> ExactMatches(string const& text, string const& target,
                                     unsigned long limit) {
   std::vector<TextMatch> matches;
-  for (long at = FindBytes(text, target, 0);
-       at >= 0 && matches.size() < limit;
-       at = FindBytes(text, target, at + target.Length()))
-    matches.push_back(
-        {static_cast<unsigned long>(at), at + target.Length(), 0});
+  bool refused = false;
+  try {
+    for (long at = FindBytes(text, target, 0);
+         at >= 0 && matches.size() < limit;
+         at = FindBytes(text, target, at + target.Length()))
+      matches.push_back(
+          {static_cast<unsigned long>(at), at + target.Length(), 0});
+  } catch (std::bad_alloc const&) {
+    refused = true;
+  }
+  if (refused) RaiseOutOfMemoryException();
   return matches;
 }
 
