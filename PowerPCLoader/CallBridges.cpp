@@ -216,6 +216,15 @@ bool WriteCallBridge(PPCOpWriter& w, unsigned long target,
   return WriteBridge(w, target, false, shape);
 }
 
+// An entry thunk starts with a branch over its marker and the entry it
+// calls, so that the glue can tell one from a C function and skip it.
+enum {
+  kEntryThunkMarker = 0x5154,  // no instruction: its primary opcode is 0
+  kThunkMarkerOffset = 4,
+  kThunkEntryOffset = 8,
+  kThunkHeaderLength = 12,
+};
+
 // Condition field 0 is free to use: it is volatile across calls.
 bool WritePointerCallGlue(PPCOpWriter& w, unsigned long codeStart,
                           unsigned long codeEnd, std::string const& shape) {
@@ -229,12 +238,23 @@ bool WritePointerCallGlue(PPCOpWriter& w, unsigned long codeStart,
   w.ppc_bc(kBranchIfFalse, kConditionLT, 12);
   w.ppc_mtctr(kR12);
   w.ppc_bctr();
+  // A generated function's entry thunk (a delegate's target): its arguments
+  // are in the generated convention already.
+  w.ppc_lwz(kR0, kThunkMarkerOffset, kR12);
+  w.ppc_cmpwi(0, kR0, kEntryThunkMarker);
+  w.ppc_bc(kBranchIfFalse, kConditionEQ, 16);
+  w.ppc_lwz(kR12, kThunkEntryOffset, kR12);
+  w.ppc_mtctr(kR12);
+  w.ppc_bctr();
   return WriteBridge(w, 0, true, shape);
 }
 
 enum { kEntryThunkFrame = 64, kSysVSavedLink = 4, kSavedBase = 20 };
 
 void WriteEntryThunk(PPCOpWriter& w, unsigned long entry) {
+  w.ppc_b(kThunkHeaderLength);
+  w.ppc_Write32(kEntryThunkMarker);
+  w.ppc_Write32(entry);
   w.ppc_mflr(kR0);
   w.ppc_stw(kR0, kSysVSavedLink, kSP);
   w.ppc_stwu(kSP, -kEntryThunkFrame, kSP);

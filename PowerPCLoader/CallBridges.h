@@ -26,8 +26,9 @@ bool WriteCallBridge(PPCOpWriter& writer, unsigned long target,
                      std::string const& shape);
 
 // The glue of calls through a pointer, which comes in r12: a pointer into
-// generated code [codeStart, codeEnd) is jumped to as it is, any other
-// goes through a bridge for the shape.
+// generated code [codeStart, codeEnd) is jumped to as it is, one to an
+// entry thunk goes on to the thunk's entry, any other goes through a bridge
+// for the shape.
 bool WritePointerCallGlue(PPCOpWriter& writer, unsigned long codeStart,
                           unsigned long codeEnd, std::string const& shape);
 
