@@ -15,6 +15,13 @@ unsigned long const kBranchReach = 0x2000000;
 // What the compiler calls the glue of calls through a pointer, less the
 // call's shape.
 std::string const kPointerGluePrefix = "% call pointer ";
+// What stands between a function's name and a call's shape when the call
+// passes other words than the first call to it: each shape has its bridge.
+std::string const kShapedCallInfix = "% shape ";
+
+std::string FunctionNameOf(std::string const& linkName) {
+  return linkName.substr(0, linkName.find(kShapedCallInfix));
+}
 
 unsigned char const* sCodeStart;
 unsigned char const* sCodeEnd;
@@ -189,9 +196,9 @@ bool LoadedCode::PatchImport(Module const& module, ModuleImport const& import,
       } else if (name.compare(0, kPointerGluePrefix.size(), kPointerGluePrefix) == 0) {
         address = BridgeTo(name, nullptr, module, error);
       } else {
-        auto outside = functions.find(name);
+        auto outside = functions.find(FunctionNameOf(name));
         if (outside == functions.end() || !outside->second) {
-          *error = "The function " + name + " could not be found.";
+          *error = "The function " + FunctionNameOf(name) + " could not be found.";
           return false;
         }
         address = BridgeTo(name, outside->second, module, error);
