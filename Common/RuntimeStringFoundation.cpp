@@ -94,7 +94,7 @@ stringStorage* RuntimeAddStrings(long count, ...) {
     if (filled++ == 0) {
       encoding = piece->mEncoding;
       only = piece;
-    } else {
+    } else if (piece->mEncoding != encoding) {
       uint32_t summed = static_cast<uint32_t>(SumEncoding(encoding, piece->mEncoding));
       bytesStand = bytesStand && BytesStandAs(encoding, summed) &&
                     BytesStandAs(piece->mEncoding, summed);

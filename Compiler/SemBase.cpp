@@ -6,11 +6,13 @@
 #include "Compiler/SymbolTable/SymbolTable.h"
 #include "Compiler/TacListing.h"
 #include "Universal/Assertion.h"
+#include "Universal/CompileWorkCounters.h"
 #include "Universal/ByteHelpers.h"
 
 // ---------------------------------------------------------------- SemBase
 
 SemBase* SemBase::mCompleteListHead = nullptr;
+unsigned long SemBase::mLiveCount = 0;
 
 // Every value starts on the current token's line and joins the list that
 // the end of the compilation sweeps.
@@ -18,6 +20,7 @@ SemBase::SemBase(uint32_t tag)
     : mNext(nullptr), mClass(tag), mLocation(CurrentSourceLine()),
       mNextInCompleteList(mCompleteListHead) {
   mCompleteListHead = this;
+  mLiveCount++;
 }
 
 // The tag outlives the object on purpose, so that a second deletion fails
@@ -49,7 +52,7 @@ SemBase* SemBase::NewTemp(IRDataType const& type, SourceLocation const* where) {
   Error("NewTemp called on invalid SemBase type");
 }
 
-SimpleVector<VariableSymbol*>& SemBase::Temporaries() {
+TemporaryList& SemBase::Temporaries() {
   Error("Temporaries called on invalid SemBase type");
 }
 
@@ -62,18 +65,17 @@ void SemBase::IncludeLocation(SourceLocation const& where) {
 }
 
 // Pops before deleting, so that the list never holds a dead value.
-void SemBase::PostCompileCleanup() {
-  while (mCompleteListHead) {
+void SemBase::PostCompileCleanup() { ReleaseNewerThan(0); }
+
+unsigned long SemBase::LiveCount() { return mLiveCount; }
+
+void SemBase::ReleaseNewerThan(unsigned long mark) {
+  while (mCompleteListHead && mLiveCount > mark) {
     SemBase* victim = mCompleteListHead;
     mCompleteListHead = victim->mNextInCompleteList;
+    mLiveCount--;
     delete victim;
   }
-}
-
-unsigned long SemBase::LiveCount() {
-  unsigned long count = 0;
-  for (SemBase* v = mCompleteListHead; v; v = v->mNextInCompleteList) count++;
-  return count;
 }
 
 void SemBase::Error(char const* text) { QFAIL_STRING(text); }
@@ -237,9 +239,7 @@ void SemCode::Append(SemBase* other) {
   QASSERT(code != &mCode);
   IncludeLocation(other->Location());
   mCode.Append(*code);
-  SimpleVector<VariableSymbol*>& temps = other->Temporaries();
-  for (unsigned long i = 0; i < temps.size(); i++)
-    mTemporaries.push_back(temps[i]);
+  mTemporaries.MoveFrom(other->Temporaries());
 }
 
 SemBase* SemCode::Clone() const {

@@ -14,6 +14,7 @@
 
 #include "Compiler/InterRep.h"
 #include "Compiler/SourceLocation.h"
+#include "Compiler/TemporaryList.h"
 #include "Compiler/datatypes.h"
 #include "Universal/SimpleVector.h"
 #include "Universal/ustring.h"
@@ -57,7 +58,7 @@ class SemBase {
   virtual void AddLine(TacOpcode opcode, TacAddr const* opA,
                        TacAddr const* opB, TacAddr const* result);
   virtual SemBase* NewTemp(IRDataType const& type, SourceLocation const* where);
-  virtual SimpleVector<VariableSymbol*>& Temporaries();
+  virtual TemporaryList& Temporaries();
   virtual void SetType(IRDataType const& type);
   virtual IRDataType GetType() const { return IRDataType(); }
   virtual IRValue const& GetValue() const { return kIRZeroValue; }
@@ -71,8 +72,13 @@ class SemBase {
 
   // Deletes every value still alive; the compilation context calls it last.
   static void PostCompileCleanup();
-  // How many values are alive, for checks that a sweep left nothing.
+  // How many values are alive, for checks that a sweep left nothing and as
+  // a mark for ReleaseNewerThan.
   static unsigned long LiveCount();
+  // Deletes the newest values until `mark` remain: a pass whose values all
+  // die with it (the declaration scan) gives its memory back at its end.
+  // Nothing made after LiveCount() gave the mark may be referred to.
+  static void ReleaseNewerThan(unsigned long mark);
   // A compiler fault: "failed assertion: " and the text, then exit.
   [[noreturn]] static void Error(char const* text);
 
@@ -90,8 +96,9 @@ class SemBase {
   SemBase& operator=(SemBase const&) = delete;
 
   SemBase* mNextInCompleteList;
-  // Head of the list of all live values, newest first.
+  // Head of the list of all live values, newest first, and its length.
   static SemBase* mCompleteListHead;
+  static unsigned long mLiveCount;
 };
 
 // A name as written, with the type the grammar gives it.
@@ -190,10 +197,11 @@ class SemCode : public SemBase {
   void AddLine(TacOpcode opcode, TacAddr const* opA, TacAddr const* opB,
                TacAddr const* result) override;
   SemBase* NewTemp(IRDataType const& type, SourceLocation const* where) override;
-  SimpleVector<VariableSymbol*>& Temporaries() override { return mTemporaries; }
+  TemporaryList& Temporaries() override { return mTemporaries; }
   IRDataType GetType() const override;
   TacAddr const* GetAddr() const override;
-  // Moves the lines of `other` here; the result stays as it is.
+  // Moves the lines and the temporaries of `other` here; the result stays
+  // as it is.
   void Append(SemBase* other) override;
   SemBase* Clone() const override;
   SemBase* Result() const { return mResult; }
@@ -203,7 +211,7 @@ class SemCode : public SemBase {
 
   TacBlock mCode;
   SemBase* mResult;
-  SimpleVector<VariableSymbol*> mTemporaries;
+  TemporaryList mTemporaries;
 };
 
 // Grammar helpers. Each treats a null argument as "nothing": the other one

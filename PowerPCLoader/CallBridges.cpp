@@ -216,34 +216,39 @@ bool WriteCallBridge(PPCOpWriter& w, unsigned long target,
   return WriteBridge(w, target, false, shape);
 }
 
-// An entry thunk starts with a branch over its marker and the entry it
-// calls, so that the glue can tell one from a C function and skip it.
-enum {
-  kEntryThunkMarker = 0x5154,  // no instruction: its primary opcode is 0
-  kThunkMarkerOffset = 4,
-  kThunkEntryOffset = 8,
-  kThunkHeaderLength = 12,
-};
+// Where an entry thunk keeps the halves of its entry: its "lis r12" and
+// "ori r12, r12" (see WriteEntryThunk).
+enum { kThunkEntryHigh = 16, kThunkEntryLow = 20 };
 
-// Condition field 0 is free to use: it is volatile across calls.
+// Condition field 0 is free to use: it is volatile across calls. The
+// caller's return address goes where the raiser looks for it. A pointer to
+// an entry thunk (behind the code, before `stubEnd`) is followed to the
+// entry itself: the thunk would return by the word at 4, where the raiser
+// does not redirect a return, and would hide arguments on the stack.
 bool WritePointerCallGlue(PPCOpWriter& w, unsigned long codeStart,
-                          unsigned long codeEnd, std::string const& shape) {
+                          unsigned long codeEnd, unsigned long stubEnd,
+                          std::string const& shape) {
+  w.ppc_mflr(kR0);
+  w.ppc_stw(kR0, kOwnSavedLink, kSP);
   w.ppc_lis(kR0, static_cast<int>(codeStart >> 16));
   w.ppc_ori(kR0, kR0, static_cast<int>(codeStart & 0xffff));
   w.ppc_cmpl(0, kR12, kR0);
-  w.ppc_bc(kBranchIfTrue, kConditionLT, 28);
+  w.ppc_bc(kBranchIfTrue, kConditionLT, 72);  // to the bridge
   w.ppc_lis(kR0, static_cast<int>(codeEnd >> 16));
   w.ppc_ori(kR0, kR0, static_cast<int>(codeEnd & 0xffff));
   w.ppc_cmpl(0, kR12, kR0);
-  w.ppc_bc(kBranchIfFalse, kConditionLT, 12);
+  w.ppc_bc(kBranchIfFalse, kConditionLT, 12);  // to the thunk test
   w.ppc_mtctr(kR12);
   w.ppc_bctr();
-  // A generated function's entry thunk (a delegate's target): its arguments
-  // are in the generated convention already.
-  w.ppc_lwz(kR0, kThunkMarkerOffset, kR12);
-  w.ppc_cmpwi(0, kR0, kEntryThunkMarker);
-  w.ppc_bc(kBranchIfFalse, kConditionEQ, 16);
-  w.ppc_lwz(kR12, kThunkEntryOffset, kR12);
+  w.ppc_lis(kR0, static_cast<int>(stubEnd >> 16));
+  w.ppc_ori(kR0, kR0, static_cast<int>(stubEnd & 0xffff));
+  w.ppc_cmpl(0, kR12, kR0);
+  w.ppc_bc(kBranchIfFalse, kConditionLT, 32);  // to the bridge
+  w.ppc_lwz(kR0, kThunkEntryHigh, kR12);
+  w.ppc_rlwinm(kR0, kR0, 16, 0, 15);
+  w.ppc_lwz(kR12, kThunkEntryLow, kR12);
+  w.ppc_rlwinm(kR12, kR12, 0, 16, 31);
+  w.ppc_or(kR12, kR0, kR12);
   w.ppc_mtctr(kR12);
   w.ppc_bctr();
   return WriteBridge(w, 0, true, shape);
@@ -252,9 +257,6 @@ bool WritePointerCallGlue(PPCOpWriter& w, unsigned long codeStart,
 enum { kEntryThunkFrame = 64, kSysVSavedLink = 4, kSavedBase = 20 };
 
 void WriteEntryThunk(PPCOpWriter& w, unsigned long entry) {
-  w.ppc_b(kThunkHeaderLength);
-  w.ppc_Write32(kEntryThunkMarker);
-  w.ppc_Write32(entry);
   w.ppc_mflr(kR0);
   w.ppc_stw(kR0, kSysVSavedLink, kSP);
   w.ppc_stwu(kSP, -kEntryThunkFrame, kSP);

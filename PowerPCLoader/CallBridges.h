@@ -27,10 +27,11 @@ bool WriteCallBridge(PPCOpWriter& writer, unsigned long target,
 
 // The glue of calls through a pointer, which comes in r12: a pointer into
 // generated code [codeStart, codeEnd) is jumped to as it is, one to an
-// entry thunk goes on to the thunk's entry, any other goes through a bridge
-// for the shape.
+// entry thunk [codeEnd, stubEnd) goes to the thunk's entry, any other goes
+// through a bridge for the shape.
 bool WritePointerCallGlue(PPCOpWriter& writer, unsigned long codeStart,
-                          unsigned long codeEnd, std::string const& shape);
+                          unsigned long codeEnd, unsigned long stubEnd,
+                          std::string const& shape);
 
 // A function C may call through a pointer (a destructor, an event
 // handler): gives generated code at `entry` the frame it expects. Words in

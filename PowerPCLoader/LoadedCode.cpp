@@ -165,12 +165,15 @@ unsigned long LoadedCode::BridgeTo(std::string const& name, void* function,
   auto shape = module.callShapes.find(name);
   std::string argumentShape = shape == module.callShapes.end() ? "" : shape->second;
   MappingWriter writer(mMapping + mStubEnd, mMapping + mMappingSize);
+  // Behind the code lie the entry thunks, bridges and glues; of these only
+  // a thunk's address is ever taken.
   bool written =
       function ? WriteCallBridge(writer, reinterpret_cast<unsigned long>(function),
                                  argumentShape)
                : WritePointerCallGlue(
                      writer, reinterpret_cast<unsigned long>(mMapping),
                      reinterpret_cast<unsigned long>(mMapping + module.code.size()),
+                     reinterpret_cast<unsigned long>(mMapping + mMappingSize),
                      argumentShape);
   if (!written || writer.mFull) {
     *error = "no bridge for " + name + " (" + argumentShape + ")";

@@ -1,10 +1,15 @@
-// IntMap<T>: a map from int to T with a fixed table of 1,024 bins that
-// iterates (where a client walks it) in insertion order. It never resizes and
-// keeps no count: it serves small, hot tables such as the Unicode case maps.
+// IntMap<T>: a map from int to T that iterates (where a client walks it) in
+// insertion order. Its bins double whenever it is more than 3/4 full, so a
+// lookup costs a few key comparisons however many keys it holds: it serves
+// the small, hot tables such as the Unicode case maps and the compiler's
+// tables of labels and literals alike.
 #ifndef UNIVERSAL_INTMAP_H
 #define UNIVERSAL_INTMAP_H
 
+#include <string.h>
+
 #include "Universal/Assertion.h"
+#include "Universal/CompileWorkCounters.h"
 
 template <class T>
 struct IntMapEntry {
@@ -17,13 +22,14 @@ struct IntMapEntry {
 template <class T>
 class IntMap {
  public:
-  enum { kBinCount = 1024 };
+  enum { kInitialBinCount = 64 };
 
-  IntMap() : mHead(nullptr), mTail(nullptr) {
-    for (int i = 0; i < kBinCount; i++) mBins[i] = nullptr;
-  }
+  IntMap()
+      : mBins(NewBinArray(kInitialBinCount)), mBinCount(kInitialBinCount),
+        mCount(0), mHead(nullptr), mTail(nullptr) {}
 
   virtual ~IntMap() {
+    delete[] mBins;
     IntMapEntry<T>* entry = mHead;
     while (entry) {
       IntMapEntry<T>* next = entry->mNextInOrder;
@@ -55,6 +61,8 @@ class IntMap {
     else
       mHead = entry;
     mTail = entry;
+    mCount++;
+    if (mCount > ((mBinCount * 3) >> 2)) Rehash(2 * mBinCount);
   }
 
   bool GetEntry(int key, T& value) const {
@@ -70,7 +78,11 @@ class IntMap {
     if (!victim) return;
     UnlinkFromOrder(victim);
     delete victim;
+    mCount--;
   }
+
+  unsigned long Count() const { return mCount; }
+  unsigned long BinCount() const { return mBinCount; }
 
   // The head of the insertion-order list, for clients that walk the map.
   IntMapEntry<T>* First() const { return mHead; }
@@ -79,12 +91,39 @@ class IntMap {
   IntMap(IntMap const&) = delete;
   IntMap& operator=(IntMap const&) = delete;
 
-  static unsigned Bin(int key) { return ((unsigned)key * 13u) & 0x3FF; }
+  static IntMapEntry<T>** NewBinArray(unsigned long count) {
+    IntMapEntry<T>** bins = new IntMapEntry<T>*[count];
+    QASSERT(bins);
+    memset(bins, 0, count * sizeof(IntMapEntry<T>*));
+    return bins;
+  }
+
+  // The bin count is a power of two: the mask keeps the product's low bits,
+  // which spread runs of consecutive keys over consecutive bins.
+  unsigned Bin(int key) const {
+    return ((unsigned)key * 13u) & (unsigned)(mBinCount - 1);
+  }
+
+  void Rehash(unsigned long binCount) {
+    delete[] mBins;
+    mBins = NewBinArray(binCount);
+    mBinCount = binCount;
+    for (IntMapEntry<T>* e = mHead; e; e = e->mNextInOrder) {
+      unsigned bin = Bin(e->mKey);
+      e->mNextInBin = mBins[bin];
+      mBins[bin] = e;
+    }
+  }
 
   IntMapEntry<T>* Find(int key) const {
-    for (IntMapEntry<T>* e = mBins[Bin(key)]; e; e = e->mNextInBin)
-      if (e->mKey == key) return e;
-    return nullptr;
+    unsigned long compared = 0;
+    IntMapEntry<T>* e = mBins[Bin(key)];
+    for (; e; e = e->mNextInBin) {
+      compared++;
+      if (e->mKey == key) break;
+    }
+    CountKeyComparisons(compared);
+    return e;
   }
 
   IntMapEntry<T>* UnlinkFromBin(int key) {
@@ -106,7 +145,9 @@ class IntMap {
     if (mTail == victim) mTail = previous;
   }
 
-  IntMapEntry<T>* mBins[kBinCount];
+  IntMapEntry<T>** mBins;
+  unsigned long mBinCount;
+  unsigned long mCount;
   IntMapEntry<T>* mHead;
   IntMapEntry<T>* mTail;
 };

@@ -15,6 +15,7 @@
 #include <string.h>
 
 #include "Universal/Assertion.h"
+#include "Universal/CompileWorkCounters.h"
 #include "Universal/ustring.h"
 
 template <class T>
@@ -24,6 +25,7 @@ template <class T>
 struct StringMapEntry {
   StringMapEntry* mNextInBin;
   StringMapEntry* mNextInOrder;
+  StringMapEntry* mPreviousInOrder;  // so that a deletion needs no walk
   string mKey;
   T mValue;
 };
@@ -91,6 +93,7 @@ class StringMap {
     entry->mValue = value;
     LinkIntoBin(entry, mBins, mBinCount);
     entry->mNextInOrder = nullptr;
+    entry->mPreviousInOrder = mTail;
     if (mTail)
       mTail->mNextInOrder = entry;
     else
@@ -200,9 +203,14 @@ class StringMap {
 
   Entry* Find(string const& utf8Key) const {
     unsigned long bin = hashString(utf8Key) % mBinCount;
-    for (Entry* e = mBins[bin]; e; e = e->mNextInBin)
-      if (StringsMatch(e->mKey, utf8Key)) return e;
-    return nullptr;
+    unsigned long compared = 0;
+    Entry* e = mBins[bin];
+    for (; e; e = e->mNextInBin) {
+      compared++;
+      if (StringsMatch(e->mKey, utf8Key)) break;
+    }
+    CountKeyComparisons(compared);
+    return e;
   }
 
   Entry* UnlinkFromBin(string const& utf8Key) {
@@ -214,16 +222,20 @@ class StringMap {
     return victim;
   }
 
+  // The victim must be in the map.
   bool UnlinkFromOrder(Entry* victim) {
-    Entry* previous = nullptr;
-    Entry** link = &mHead;
-    while (*link && *link != victim) {
-      previous = *link;
-      link = &(*link)->mNextInOrder;
-    }
-    if (!*link) return false;
-    *link = victim->mNextInOrder;
-    if (mTail == victim) mTail = previous;
+    Entry* previous = victim->mPreviousInOrder;
+    Entry* next = victim->mNextInOrder;
+    if (previous)
+      previous->mNextInOrder = next;
+    else if (mHead == victim)
+      mHead = next;
+    else
+      return false;
+    if (next)
+      next->mPreviousInOrder = previous;
+    else
+      mTail = previous;
     return true;
   }
 

@@ -46,12 +46,12 @@ void ArraySet(RuntimeArrayObject* array, long position,
 }
 
 // ---- one dimension: the optimizing path does these in line and raises
-// without the index, so they do too (both paths print the same)
+// through RaiseIndexOutOfBounds as they do (both paths print the same)
 
 template <class E>
 typename E::Type GetLinear(RuntimeArrayObject* array, long i) {
   if (!IndexInRange(i, array->Ubounds()[0])) {
-    RaiseOutOfBoundsException();
+    RaiseIndexOutOfBounds(i, array->Ubounds()[0]);
     return typename E::Type();
   }
   return Handed<E>(array, i);
@@ -60,7 +60,7 @@ typename E::Type GetLinear(RuntimeArrayObject* array, long i) {
 template <class E>
 void SetLinear(RuntimeArrayObject* array, typename E::Type value, long i) {
   if (!IndexInRange(i, array->Ubounds()[0])) {
-    RaiseOutOfBoundsException();
+    RaiseIndexOutOfBounds(i, array->Ubounds()[0]);
     return;
   }
   ArraySet<E>(array, i, value);

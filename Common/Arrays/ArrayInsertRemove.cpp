@@ -1,6 +1,7 @@
 // Insert and Remove on one-dimensional arrays. Insert grows the buffer in
-// steps that double up to 131072 elements, so that appending in a loop
-// stays cheap; Remove always shrinks to fit.
+// steps that double up to 131072 elements and from then on are as large as
+// the array, so that appending in a loop stays linear however long it runs;
+// Remove always shrinks to fit.
 #include <string.h>
 
 #include "Common/Arrays/ArrayStorage.h"
@@ -22,7 +23,11 @@ bool GrowAround(ArrayBody body, long index, long used, long minimum) {
   unsigned char* fresh = AllocateBuffer(length);
   if (AllocationFailed(length, fresh)) return false;
   shape->bufferLength = static_cast<int32_t>(length);
-  if (shape->growth < kLargestGrowth) shape->growth *= 2;
+  long elements = used / body.elementSize + 1;
+  if (shape->growth < kLargestGrowth)
+    shape->growth *= 2;
+  else if (shape->growth < elements)
+    shape->growth = static_cast<int32_t>(elements);
   long below = index * body.elementSize;
   if (*body.data) {
     memcpy(fresh, *body.data, below);

@@ -15,39 +15,55 @@ namespace {
 
 long const kStringElements = 3;
 
-// Where `delimiter`, which is not empty, next stands in `text` at or after
-// `from`, compared as string::Compare compares runs of equal length (case
-// ignored); `length` when it does not. Only the positions whose byte is one
-// of the two cases of the delimiter's first byte are compared in full.
-unsigned long NextDelimiter(string const& text, unsigned long from,
-                            string const& delimiter) {
-  unsigned long length = text.Length(), step = delimiter.Length();
-  if (from + step > length) return length;
-  char const* bytes = text.CString();
-  unsigned char first = static_cast<unsigned char>(delimiter.CString()[0]);
-  int lower = tolower(first), upper = toupper(first);
-  char const* last = bytes + length - step;
-  for (char const* at = bytes + from; at <= last; at++) {
-    int byte = static_cast<unsigned char>(*at);
-    if (byte != lower && byte != upper) continue;
-    if (step == 1 || strncasecmp(at + 1, delimiter.CString() + 1, step - 1) == 0)
-      return at - bytes;
+// The search for a delimiter, which is not empty, compared as
+// string::Compare compares runs of equal length (case ignored): only the
+// positions whose byte is one of the two cases of the delimiter's first
+// byte are compared in full.
+class DelimiterSearch {
+ public:
+  DelimiterSearch(string const& text, string const& delimiter)
+      : mBytes(text.CString()), mLength(text.Length()),
+        mRest(delimiter.CString() + 1), mStep(delimiter.Length()) {
+    unsigned char first = static_cast<unsigned char>(delimiter.CString()[0]);
+    mLower = static_cast<unsigned char>(tolower(first));
+    mUpper = static_cast<unsigned char>(toupper(first));
   }
-  return length;
-}
+  unsigned long Step() const { return mStep; }
+  // Where the delimiter next stands at or after `from`; the text's length
+  // when it does not.
+  unsigned long Next(unsigned long from) const {
+    if (from + mStep > mLength) return mLength;
+    unsigned char const* at = reinterpret_cast<unsigned char const*>(mBytes) + from;
+    unsigned char const* last =
+        reinterpret_cast<unsigned char const*>(mBytes) + mLength - mStep;
+    for (; at <= last; at++) {
+      if (*at != mLower && *at != mUpper) continue;
+      if (mStep == 1 || strncasecmp(reinterpret_cast<char const*>(at) + 1, mRest,
+                                    mStep - 1) == 0)
+        return at - reinterpret_cast<unsigned char const*>(mBytes);
+    }
+    return mLength;
+  }
+
+ private:
+  char const* mBytes;
+  unsigned long mLength;
+  char const* mRest;
+  unsigned long mStep;
+  unsigned char mLower, mUpper;
+};
 
 // Calls `field(start, count)` for each field of `text` between occurrences
 // of `delimiter`, which is not empty; returns the number of fields.
 template <class Field>
 long ForEachField(string const& text, string const& delimiter, Field field) {
-  unsigned long length = text.Length(), step = delimiter.Length();
-  unsigned long start = 0;
+  DelimiterSearch search(text, delimiter);
+  unsigned long length = text.Length(), start = 0;
   long fields = 0;
-  for (unsigned long at = NextDelimiter(text, 0, delimiter); at < length;
-       at = NextDelimiter(text, start, delimiter)) {
+  for (unsigned long at = search.Next(0); at < length; at = search.Next(start)) {
     field(start, at - start);
     fields++;
-    start = at + step;
+    start = at + search.Step();
   }
   CountStringScan(length);
   field(start, length - start);

@@ -1,6 +1,7 @@
 #include "Compiler/BackEnds/codestorage.h"
 
 #include "Universal/Assertion.h"
+#include "Universal/CompileWorkCounters.h"
 
 bool Import::IsRelativeBranch() const {
   return mType == kImportPPCBranch || mType == kImportCall32;
@@ -43,7 +44,16 @@ void LinkableDataBlock::MarkImportAbsolute(Import::Type type,
 void LinkableDataBlock::AppendLinkable(LinkableDataBlock const* other) {
   QASSERT(other && other != this);
   unsigned long count = other->mImports.size();
-  mImports.resize(mImports.size() + count);
+  // At least doubling when it must grow, so that a run of appends copies
+  // each import a bounded number of times; a reserve made beforehand
+  // (the linker's) stands.
+  unsigned long needed = mImports.size() + count;
+  if (needed > mImports.capacity()) {
+    CountImportsCopied(mImports.size());
+    mImports.resize(needed > 2 * mImports.capacity() ? needed
+                                                     : 2 * mImports.capacity());
+  }
+  CountImportsCopied(count);
   for (unsigned long i = 0; i < count; i++) {
     Import moved = other->mImports[i];
     moved.mOffset += Length();

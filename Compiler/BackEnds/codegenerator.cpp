@@ -5,6 +5,7 @@
 #include "Compiler/SymbolTable/LocalSymbolTable.h"
 #include "Compiler/TacListing.h"
 #include "Universal/Assertion.h"
+#include "Universal/CompileWorkCounters.h"
 
 char const* const kMainBodyFunctionName = "% main";
 
@@ -38,8 +39,9 @@ void RegisterState::Clear(TacAddr const* addr) {
 
 CodeGenerator::CodeGenerator()
     : mIterator(nullptr), mSource(nullptr), mFunc(nullptr),
-      mPendingImports(new Import[kMaxPendingImports]),
-      mPendingImportCount(0), mDelegate(nullptr), mFailed(false) {}
+      mPendingImports(new Import[kInitialPendingImports]),
+      mPendingImportCount(0), mPendingImportCapacity(kInitialPendingImports),
+      mDelegate(nullptr), mFailed(false) {}
 
 CodeGenerator::~CodeGenerator() {
   delete mIterator;
@@ -136,8 +138,22 @@ void CodeGenerator::MarkImport(Import::Type type, string const& name,
     Error(kErrorImportLimit);
     return;
   }
+  if (mPendingImportCount == mPendingImportCapacity) GrowPendingImports();
   mPendingImports[mPendingImportCount++] =
       Import(type, name, library, CodeBufferLength() + delta);
+}
+
+// Doubles the staging list, so that a function's imports are copied a
+// bounded number of times however many it has.
+void CodeGenerator::GrowPendingImports() {
+  unsigned int capacity = 2 * mPendingImportCapacity;
+  Import* fresh = new Import[capacity];
+  for (unsigned int i = 0; i < mPendingImportCount; i++)
+    fresh[i] = mPendingImports[i];
+  CountImportsCopied(mPendingImportCount);
+  delete[] mPendingImports;
+  mPendingImports = fresh;
+  mPendingImportCapacity = capacity;
 }
 
 void CodeGenerator::MarkImport(Import::Type type, string const& name,

@@ -123,7 +123,12 @@ struct LabelPosition {
 
 class CodeGenerator {
  public:
-  enum { kMaxPendingImports = 32768 };
+  // The staging list grows with the function; only a list whose bytes could
+  // not be addressed in a 32-bit process is refused.
+  enum {
+    kInitialPendingImports = 256,
+    kMaxPendingImports = 0x08000000,
+  };
 
   CodeGenerator();
   virtual ~CodeGenerator();
@@ -198,10 +203,12 @@ class CodeGenerator {
   void FinishFunction();
   // Stages an import delta bytes after the current end of code. Past
   // kMaxPendingImports - 1 imports in one function: compile error 136.
+  // The staging list grows as needed.
   void MarkImport(Import::Type type, string const& name,
                   string const& library, int delta);
   void MarkImport(Import::Type type, string const& name, int delta);
   void AdjustImportListOffsets(int delta);
+  void GrowPendingImports();
   void MakeImportListPermanent(FunctionBlock* targetFunc);
   void Error(CompileErrorCode code);
   void Error(CompileErrorCode code, SimpleVector<string> const& arguments);
@@ -249,6 +256,7 @@ class CodeGenerator {
   SimpleVector<TacAddr const*> mArguments;
   Import* mPendingImports;
   unsigned int mPendingImportCount;
+  unsigned int mPendingImportCapacity;
   CompilerDelegate* mDelegate;
   bool mFailed;
 

@@ -81,7 +81,7 @@ TacAddr const* NewHandlerVariable(SemBase* out) {
   IRDataType object(kObjectType);
   if (!InMethodFrame()) return NewMainBodySlot(object);
   TacAddr const* e = out->NewTemp(object, nullptr)->GetAddr();
-  SimpleVector<VariableSymbol*>& temps = out->Temporaries();
+  TemporaryList& temps = out->Temporaries();
   temps.deleteIdx(temps.size() - 1);
   return e;
 }
@@ -112,7 +112,7 @@ TacAddr const* NewPendingRouteVariable(SemBase* code) {
   IRDataType number(kSInt32Type);
   if (!InMethodFrame()) return NewMainBodySlot(number);
   TacAddr const* pending = code->NewTemp(number, nullptr)->GetAddr();
-  SimpleVector<VariableSymbol*>& temps = code->Temporaries();
+  TemporaryList& temps = code->Temporaries();
   temps.deleteIdx(temps.size() - 1);
   return pending;
 }

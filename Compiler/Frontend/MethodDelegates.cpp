@@ -83,10 +83,15 @@ void CallCreateDelegate(SemBase* code, TacAddr const* stub,
                 nilTacAddr, code->GetAddr());
 }
 
+// How a virtual method's code is found: from the object's vtable, or the
+// very method named (Super.M and Ancestor.M).
+enum VirtualTarget { kFromVtable, kExactMethod };
+
 // The delegate of a chosen method; an instance method is bound to
 // `object`, which it needs (compile error 106, or 108 in an accessor).
 SemBase* AddressOfFunction(MethodSymbol* method, SemBase* object,
-                           SourceLocation const& where) {
+                           SourceLocation const& where,
+                           VirtualTarget target = kFromVtable) {
   bool instance = method->IsInstanceMethod();
   if (instance && !object) {
     Error(gContext->blocks.CurrentProperty()
@@ -109,7 +114,7 @@ SemBase* AddressOfFunction(MethodSymbol* method, SemBase* object,
     self = CompileRefAs(CheckForNilObject(object),
                         StripReference(object->GetType()), code);
   TacAddr const* function =
-      how == MethodSymbol::Virtual && instance
+      how == MethodSymbol::Virtual && instance && target == kFromVtable
           ? VirtualFunction(method, self, code)
           : FunctionPointer(code, method->GetLinkID(),
                             method->GetSourceLibrary());
@@ -129,7 +134,8 @@ bool IsAmbiguousAddressOfOverload(MethodList const& methods) {
 }
 
 SemBase* AddressOfOneOf(MethodList const& methods, SemBase* object,
-                        SourceLocation const& where) {
+                        SourceLocation const& where,
+                        VirtualTarget target = kFromVtable) {
   if (IsEmpty(methods)) {
     Error(kErrorUnknownName, where);
     return ErrorValue(where);
@@ -138,7 +144,7 @@ SemBase* AddressOfOneOf(MethodList const& methods, SemBase* object,
     Error(kErrorNoMatchingOverload, where);
     return ErrorValue(where);
   }
-  return AddressOfFunction((*methods)[0], object, where);
+  return AddressOfFunction((*methods)[0], object, where, target);
 }
 
 SemBase* RefusedBase(SourceLocation const& where) {
@@ -156,12 +162,13 @@ SemBase* AddressOfModuleMethod(ModuleSymbol* module, string const& name,
   return AddressOfOneOf(methods, nullptr, where);
 }
 
-// `AddressOf C.F` of a class: a shared method.
-SemBase* AddressOfSharedMethod(ClassSymbol* cls, string const& name,
-                               SourceLocation const& where) {
+// `AddressOf C.F` of a class: a shared method, or, in a descendant's
+// instance method (Super.F), that very method bound to Self.
+SemBase* AddressOfClassMethod(ClassSymbol* cls, string const& name,
+                              SourceLocation const& where) {
   MethodList methods =
       PermittedMethods(cls, cls->LookupMethods(name, kPlainMethods));
-  return AddressOfOneOf(methods, nullptr, where);
+  return AddressOfOneOf(methods, InheritedSelf(cls), where, kExactMethod);
 }
 
 // `AddressOf x.F` of an object: bound to it.
@@ -262,8 +269,8 @@ SemBase* CompileAddressOf(SemBase* base, SemBase* ident) {
       return AddressOfModuleMethod(static_cast<ModuleSymbol*>(symbol), name,
                                    where);
     if (symbol && symbol->IsA(Symbol::kClass))
-      return AddressOfSharedMethod(static_cast<ClassSymbol*>(symbol), name,
-                                   where);
+      return AddressOfClassMethod(static_cast<ClassSymbol*>(symbol), name,
+                                  where);
     return RefusedBase(where);
   }
   return AddressOfObjectMethod(base, name, where);

@@ -13,6 +13,7 @@
 #include "Compiler/Frontend/ParserError.h"
 #include "Compiler/datatypes.h"
 
+class ClassSymbol;
 class SemBase;
 
 // object_ref: IDENT opt_paren_args; assignment: IDENT opt_paren_args ASSIGN
@@ -47,6 +48,10 @@ SemBase* IntrinsicScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
 // Whether the code being compiled has a Self: an instance method, or a
 // class body outside the accessors of a shared property.
 bool CanAccessInstanceItems();
+// Self in an instance method of `cls` or of a descendant, where
+// `Super.Method` and `Ancestor.Method` name a method of `cls` to take on
+// Self past the vtable; null elsewhere.
+SemBase* InheritedSelf(ClassSymbol* cls);
 // Whether `args` subscript something of `type` that is no array.
 bool SubscriptNonArray(SemBase* args, IRDataType const& type);
 

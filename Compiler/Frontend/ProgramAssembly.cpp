@@ -57,15 +57,13 @@ TacAddr const* MainExitLabel() {
 // of the root module, and the statement makes it a variable of the static
 // table, both one storage under one link name. Releasing it as both would
 // give up a reference the program never took.
-bool ReleasedWithTheStaticTable(PropertySymbol* property,
-                                LocalSymbolTable* table) {
-  if (!table) return false;
+// The link names of the static table's variables that it releases, gathered
+// once so that each property costs one lookup.
+void CollectReleasedLinkNames(LocalSymbolTable* table, StringSet* names) {
+  if (!table) return;
   LocalVariableIterator it(table);
   while (it.Next())
-    if (it.Value()->FinalizationAllowed() &&
-        it.Value()->LinkID() == property->GetLinkName())
-      return true;
-  return false;
+    if (it.Value()->FinalizationAllowed()) names->Add(it.Value()->LinkID());
 }
 
 // A method's Static locals live in static data but are never released by
@@ -94,9 +92,11 @@ void ReleaseGlobals(SemBase* code) {
   ReleaseMethodStatics(code);
   GlobalSymbolTable* root = gContext->blocks.Root();
   if (!root) return;
+  StringSet releasedWithTheStaticTable;
+  CollectReleasedLinkNames(table, &releasedWithTheStaticTable);
   PropertySymbolIterator it = root->IterateProperties();
   while (it.Next())
-    if (!ReleasedWithTheStaticTable(it.Value(), table))
+    if (!releasedWithTheStaticTable.Contains(it.Value()->GetLinkName()))
       FinalizeStaticProperty(it.Value(), code);
 }
 
@@ -182,7 +182,7 @@ SemBase* FilterTemporaryVariables(SemBase* code) {
                         : nullptr;
   SemBase* wrapper = SemCode::NewValueWrapper(result, &code->Location());
   wrapper->Append(code);
-  SimpleVector<VariableSymbol*>& temps = wrapper->Temporaries();
+  TemporaryList& temps = wrapper->Temporaries();
   for (unsigned long i = 0; i < temps.size(); i++)
     FinalizeVariable(temps[i], wrapper);
   temps.deleteAll();

@@ -144,6 +144,8 @@ Symbol* SymbolOf(SemBase* expr) {
   return expr->GetType().Declaration();
 }
 
+}  // namespace
+
 // `Super.Method` and `Ancestor.Method` in an instance method of a class
 // that descends from `cls`: the method of that class is called on Self,
 // past the vtable. Null where no such Self is at hand.
@@ -154,8 +156,6 @@ SemBase* InheritedSelf(ClassSymbol* cls) {
     if (c == cls) return CompileSelf();
   return nullptr;
 }
-
-}  // namespace
 
 SemBase* CompileScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
                             SemBase* assignValue, FunctionResultMode mode) {

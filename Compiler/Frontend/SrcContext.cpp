@@ -43,11 +43,10 @@ SrcContext::~SrcContext() {
 long SrcContext::NewLabel() { return mNextLabel++; }
 
 TacAddr const* SrcContext::NamedLabel(string const& name) {
-  for (unsigned long i = 0; i < mLabelNames.size(); i++)
-    if (mLabelNames[i] == name) return mLabelAddrs[i];
-  TacAddr const* label = GetLiteral(NewLabel(), kSInt32Type);
-  mLabelNames.push_back(name);
-  mLabelAddrs.push_back(label);
+  TacAddr const* label;
+  if (mNamedLabels.GetEntry(name, label)) return label;
+  label = GetLiteral(NewLabel(), kSInt32Type);
+  mNamedLabels.AddEntry(name, label);
   return label;
 }
 

@@ -85,9 +85,7 @@ class SrcContext : public TacLiteralPool, public CompilationState {
   SrcContext(SrcContext const&) = delete;
   SrcContext& operator=(SrcContext const&) = delete;
 
-  // Parallel: a named label's name and its operand.
-  SimpleVector<string> mLabelNames;
-  SimpleVector<TacAddr const*> mLabelAddrs;
+  StringMap<TacAddr const*> mNamedLabels;  // a named label's operand
   StringMap<TacAddr*> mObjectSymbols;
   StringMap<TacAddr*> mStaticSymbols;
   SimpleVector<StaticDataBlock*> mStaticBlocks;

@@ -59,15 +59,22 @@ void FlagNestingTooDeep() {
       kErrorNestingTooDeep, SourceLocation(current_line()), arguments));
 }
 
+// The tokens' semantic values die with the scan: the declarations keep
+// copies of what they need, so a big source's tokens do not stay for the
+// whole compilation.
 UnitSymbolTable* ParseDeclarations(string unitName, string source,
                                    CompilerDelegate* delegate) {
   UnitSymbolTable* unit = new UnitSymbolTable(unitName);
-  LexerSwap lexer(source);
-  sDelegate = delegate;
-  sSyntaxError = false;
-  DeclarationScanner scanner;
-  scanner.ParseTopLevelDeclarations(unit);
-  sDelegate = nullptr;
+  unsigned long valuesBefore = SemBase::LiveCount();
+  {
+    LexerSwap lexer(source);
+    sDelegate = delegate;
+    sSyntaxError = false;
+    DeclarationScanner scanner;
+    scanner.ParseTopLevelDeclarations(unit);
+    sDelegate = nullptr;
+  }
+  SemBase::ReleaseNewerThan(valuesBefore);
   if (!sSyntaxError) return unit;
   delete unit;
   return nullptr;

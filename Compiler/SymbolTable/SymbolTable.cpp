@@ -1,6 +1,7 @@
 #include "Compiler/SymbolTable/SymbolTable.h"
 
 #include "Compiler/CompilationState.h"
+#include "Universal/CompileWorkCounters.h"
 
 namespace {
 
@@ -57,6 +58,7 @@ bool LookupSet::Next() {
     mCurrent = mCurrent->mNextSameName;
   else
     mStarted = mCurrent != nullptr;
+  CountListSteps(1);
   RecordReach(mCurrent);
   return mCurrent != nullptr;
 }
@@ -87,10 +89,26 @@ SymbolTable::~SymbolTable() {
 
 // The slot that holds the chain of `name`, or the empty slot where it would
 // go. The index is never full, so the walk ends.
+namespace {
+
+// Names of a program often differ in their last characters only (F1, F2...),
+// so their hashes run in sequence; placed at hash % size they would fill
+// runs of neighbouring slots that every probe must walk. Multiplying by a
+// large odd constant scatters them first.
+unsigned long HomeSlot(unsigned long hash, unsigned long indexSize) {
+  return (uint32_t(hash) * 2654435761u) % indexSize;
+}
+
+}  // namespace
+
 unsigned long SymbolTable::Probe(string const& name, unsigned long hash) const {
-  unsigned long slot = hash % mIndexSize;
-  while (mIndex[slot] && mIndex[slot]->mName != name)
+  unsigned long slot = HomeSlot(hash, mIndexSize);
+  unsigned long compared = 1;
+  while (mIndex[slot] && mIndex[slot]->mName != name) {
     slot = (slot + 1) % mIndexSize;
+    compared++;
+  }
+  CountKeyComparisons(compared);
   return slot;
 }
 
@@ -119,7 +137,7 @@ void SymbolTable::EnlargeIndex() {
   for (unsigned long i = 0; i < mIndexSize; i++) {
     Symbol* head = mIndex[i];
     if (!head) continue;
-    unsigned long slot = head->mHash % newSize;
+    unsigned long slot = HomeSlot(head->mHash, newSize);
     while (fresh[slot]) slot = (slot + 1) % newSize;
     fresh[slot] = head;
   }
@@ -170,6 +188,7 @@ SymbolTableIterator::~SymbolTableIterator() {
 bool SymbolTableIterator::Next() {
   QASSERT_TEXT(mTarget, "mTarget");
   mCurrent = mCurrent ? mCurrent->mNextInTable : mTarget->mFirst;
+  CountListSteps(1);
   RecordReach(mCurrent);
   return mCurrent != nullptr;
 }

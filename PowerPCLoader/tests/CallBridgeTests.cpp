@@ -87,7 +87,7 @@ double sResultDouble;
 
 enum { kFrame = 256, kArgumentArea = 24 };
 
-enum { kBridgeAt = 4096, kThunkAt = 5120, kGeneratedAt = 6144, kMemory = 8192 };
+enum { kBridgeAt = 4096, kGeneratedAt = 5120, kThunkAt = 6144, kMemory = 8192 };
 
 void LoadAddress(Writer& w, int reg, void const* address) {
   unsigned long value = reinterpret_cast<unsigned long>(address);
@@ -179,6 +179,7 @@ void CallGeneratedThroughThunk(std::string const& shape,
       [&](Writer& b) {
         return WritePointerCallGlue(
             b, reinterpret_cast<unsigned long>(sMemory + kGeneratedAt),
+            reinterpret_cast<unsigned long>(sMemory + kThunkAt),
             reinterpret_cast<unsigned long>(sMemory + kMemory), shape);
       },
       sMemory + kThunkAt, shape, arguments);

@@ -6,6 +6,8 @@
 // makes the whole text one field; NthField below 1 or past the last field is
 // empty; an empty target leaves the text unchanged; ReplaceAll goes left to
 // right over matches that do not overlap.
+#include <string.h>
+
 #include "StandInHost/RuntimeLibrary/LibraryEntries.h"
 #include "StandInHost/RuntimeLibrary/LibraryText.h"
 #include "Universal/StringAssembly.h"
@@ -68,18 +70,37 @@ long StringCountFields(stringStorage* text, stringStorage* delimiter) {
          1;
 }
 
-// The walk stops at the end of the field asked for.
+bool SameBytes(string const& a, stringStorage* b) {
+  string other(b);
+  return a.Length() == other.Length() && a.Encoding() == other.Encoding() &&
+         memcmp(a.CString(), other.CString(), a.Length()) == 0;
+}
+
+// The walk starts from the remembered field when it lies on the way, and
+// stops at the end of the field asked for.
 stringStorage* StringNthField(stringStorage* text, stringStorage* delimiter,
                               long index) {
   if (index < 1) return nullptr;
   CharacterText characters(text);
   FoldedNeedle pin{CharacterText(delimiter)};
+  long field = 1;
   unsigned long start = 0;
+  FieldMemo& memo = RememberedField();
+  if (characters.View().GetStringStorage() &&
+      memo.text.GetStringStorage() == characters.View().GetStringStorage() &&
+      memo.index <= index && SameBytes(memo.delimiter, delimiter)) {
+    field = memo.index;
+    start = memo.start;
+  }
   TextMatch match;
-  for (long field = 1; field < index; field++) {
+  for (; field < index; field++) {
     if (!FindFolded(characters, pin, start, &match)) return nullptr;
     start = match.end;
   }
+  memo.text = characters.View();
+  memo.delimiter = string(delimiter);
+  memo.index = index;
+  memo.start = start;
   unsigned long end = FindFolded(characters, pin, start, &match)
                           ? match.start
                           : characters.Length();

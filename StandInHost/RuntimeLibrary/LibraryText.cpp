@@ -74,7 +74,14 @@ void RememberText(string const& view) {
 
 }  // namespace
 
-void ForgetCharacterPositions() { sPositionMemo = PositionMemo(); }
+thread_local FieldMemo sFieldMemo;
+
+FieldMemo& RememberedField() { return sFieldMemo; }
+
+void ForgetCharacterPositions() {
+  sPositionMemo = PositionMemo();
+  sFieldMemo = FieldMemo();
+}
 
 // Text that walks as UTF-8 is shared as it is: no copy, no conversion.
 CharacterText::CharacterText(stringStorage* text) : mView(text) {

@@ -86,8 +86,20 @@ class CharacterText {
   bool mOneBytePerCharacter;
 };
 
-// Drops the remembered position, and the reference to its text that comes
-// with it.
+// Where the last NthField found its field: a program that asks for every
+// field in turn then pays for each field once, not for the text before it.
+// The text is kept alive while remembered, so that no other text can take
+// its address; each thread remembers its own.
+struct FieldMemo {
+  string text;
+  string delimiter;
+  long index = 0;
+  unsigned long start = 0;
+};
+FieldMemo& RememberedField();
+
+// Drops the remembered positions of characters and of a field, and the
+// references to their texts that come with them.
 void ForgetCharacterPositions();
 
 // The code point as searches without regard to case see it. ASCII folds

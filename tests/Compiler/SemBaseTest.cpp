@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include "Compiler/Frontend/SrcContext.h"
 #include "Compiler/SemBase.h"
 #include "Compiler/SymbolTable/GlobalSymbolTable.h"
@@ -57,6 +59,34 @@ TEST_F(SemBaseTest, AppendingCodeMovesLinesAndTemporaries) {
   EXPECT_EQ(nilTacAddr, a->GetAddr());  // the result stays a's
   EXPECT_ASSERTION(a->Append(a), "");
   EXPECT_ASSERTION(a->Append(SemIdentifier::New("x")), "");
+}
+
+// The epilog releases temporaries in the order they were made, whichever
+// side of an append held more of them.
+TEST_F(SemBaseTest, AppendedTemporariesKeepTheirOrderEitherWay) {
+  auto withTemps = [this](unsigned count, std::vector<VariableSymbol*>* made) {
+    SemCode* code = CodeWithNoops(0, 1);
+    for (unsigned i = 0; i < count; i++) {
+      code->NewTemp(IRDataType(kSInt32Type), nullptr);
+      made->push_back(code->Temporaries().peek_back());
+    }
+    return code;
+  };
+  for (unsigned shortSide : {1u, 2u, 40u}) {
+    for (unsigned longSide : {0u, 3u, 50u}) {
+      std::vector<VariableSymbol*> order;
+      SemCode* a = withTemps(shortSide, &order);
+      SemCode* b = withTemps(longSide, &order);
+      a->Append(b);
+      ASSERT_EQ(order.size(), a->Temporaries().size());
+      for (unsigned i = 0; i < order.size(); i++) EXPECT_EQ(order[i], a->Temporaries()[i]);
+      EXPECT_EQ(0u, b->Temporaries().size());
+      a->Temporaries().deleteIdx(0);
+      a->Append(withTemps(1, &order));
+      EXPECT_EQ(order.back(), a->Temporaries().peek_back());
+      EXPECT_EQ(order.size() - 1, a->Temporaries().size());
+    }
+  }
 }
 
 TEST_F(SemBaseTest, ConcatListFlattensAndSpansBothLocations) {

@@ -316,6 +316,9 @@ class CGIA32 : public CodeGenerator, public IA32OpWriter {
   // compared: the flags of its final `and` decide, with no reload and no
   // compare. False when the line is not such a jump.
   bool BranchOnComparisonFlags(TacLine const& line);
+  // A call of the library's square root of a Double as sqrtsd; false for
+  // any other call.
+  bool SquareRootInLine(TacLine const& line);
   // Int32 to Double in an SSE register; false when the conversion is not
   // that one.
   bool ConvertInLine(TacLine const& line);
@@ -348,6 +351,9 @@ class CGIA32 : public CodeGenerator, public IA32OpWriter {
     int lines;               // the lines of the access, `line` included
   };
   bool MatchElementAccess(TacLine const& line, ElementAccess* access);
+  // The rare path of a failed bounds test: the raise that names `index`
+  // and the bound of the array in `array`.
+  void RaiseElementOutOfBounds(int index, int array);
   bool ElementAccessInLine(TacLine const& line);
   void ForgetSSERegisters();
   void StoreEAXTo(TacAddr const* global);

@@ -69,7 +69,29 @@ bool EntryReadLater(TacLine const* call, TacAddr const* entry) {
   return false;
 }
 
+// The runtime's raiser of an index outside a dimension's bounds, which
+// names both in its message.
+char const kIndexOutOfBoundsFunction[] = "RaiseIndexOutOfBounds";
+
+// Words that keep the stack 16-byte aligned at the raiser's call: eight
+// saved registers, two of padding and the two arguments.
+int const kRaisePadding = 8;
+int const kRaiseArguments = 8;
+
 }  // namespace
+
+// Every general register survives; the array's register still holds the
+// array here, so the bound is read from it.
+void CGIA32::RaiseElementOutOfBounds(int index, int array) {
+  ia32_pushad();
+  ia32_sub_imm32(kModRegister, kESP, kRaisePadding);
+  ia32_push(kModDisplacement8, array, kArrayFirstUboundOffset);
+  ia32_push(index);
+  CallByName(string(kIndexOutOfBoundsFunction));
+  ia32_add_imm32(kModRegister, kESP, kRaisePadding + kRaiseArguments);
+  ia32_popad();
+  ReloadHomeRegisters(kReloadSSEHomes);
+}
 
 // The lines of one access, or false when `line` does not start one that
 // can be done in line.
@@ -183,7 +205,7 @@ bool CGIA32::ElementAccessInLine(TacLine const& line) {
   if (access.checked) {
     EmitBranch(&IA32OpWriter::ia32_jmp_rel, 1, done);
     PlaceLabel(rare);
-    CallOnRarePath(kIntrinsicRaiseOutOfBoundsException);
+    RaiseElementOutOfBounds(index, data);
     if (!access.write) {
       ia32_xor(kModRegister, data, data);
       if (isFloat) ia32_cvtsi2sd(kModRegister, value, data);

@@ -150,6 +150,7 @@ void CGIA32::tac_Intrinsic(TacLine const& line) {
 }
 
 void CGIA32::tac_Call(TacLine const& line) {
+  if (SquareRootInLine(line)) return;
   PushCallParameters(line.result);
   string library =
       line.opB == nilTacAddr ? string() : line.opB->GetValue()->mString;

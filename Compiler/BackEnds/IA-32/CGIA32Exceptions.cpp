@@ -31,11 +31,11 @@ void CGIA32::tac_EndTry(TacLine const& line) {
   EmitExceptionMarker(kTryEndMarker);
 }
 
-// Normal flow jumps to the label, or without one just past the record. A
-// raise resumes at the stack reset, which drops whatever the failed
-// expression had pushed, and at the emptying of the x87 stack, where a
-// runtime function that raised may have left its floating result; what
-// follows is the handler, reached from
+// Normal flow jumps to the label, or without one past the record and the
+// emptying of the x87 stack that follows it. A raise resumes at the stack
+// reset, which drops whatever the failed expression had pushed, and then
+// empties the x87 stack, where a runtime function that raised may have
+// left its floating result; what follows is the handler, reached from
 // elsewhere, so nothing the registers held before is known there.
 // The record keeps the exception variable's frame offset in 16 bits: a
 // variable farther down the frame makes the function's storage too large.
@@ -68,11 +68,11 @@ void CGIA32::tac_HandleException(TacLine const& line) {
   QASSERT(CodeBufferLength() == start + kMarkerResumeOffset);
   ia32_mov(kModDisplacement32, kESP, kEBP,
            -static_cast<int>(StoredESPOffset()));
-  if (!hasLabel) PlaceLabel(over);
   unsigned int expectedCodeLength = start + kHandlerRecordLength;
   QASSERT_TEXT(CodeBufferLength() == expectedCodeLength,
                "CodeBufferLength() == expectedCodeLength");
   ia32_emms();
+  if (!hasLabel) PlaceLabel(over);
   InvalidateRegisters();
   ReloadHomeRegisters(kReloadAllHomes);
 }

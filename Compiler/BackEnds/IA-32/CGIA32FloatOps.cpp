@@ -60,3 +60,29 @@ void CGIA32::SSEFloatCompare(TacLine const& line, bool swap, GroupPlain setcc,
   }
   FinishComparison(r, line.result);
 }
+
+namespace {
+
+// The library's square root, whose C body is the correctly rounded square
+// root that sqrtsd computes too.
+char const kSquareRootFunction[] = "RuntimeSqrt";
+
+}  // namespace
+
+bool CGIA32::SquareRootInLine(TacLine const& line) {
+  if (!mOptions.mOptimizeCode || !mOptions.mUseSSE2FloatingPointMath ||
+      mArguments.size() != 1 || line.result == nilTacAddr ||
+      line.opA->GetValue()->mString != string(kSquareRootFunction) ||
+      (line.opB != nilTacAddr && line.opB->GetValue()->mString.Length()))
+    return false;
+  TacAddr const* value = mArguments[0];
+  if (value->mType.GetMainType() != kReal64Type ||
+      line.result->mType.GetMainType() != kReal64Type)
+    return false;
+  int source = LoadForReading(value, kSelectAnyXMM);
+  int root = AllocateRegister(SchemeExclude(source, kSelectAnyXMM), kNoRegister);
+  ia32_sqrtsd(kModRegister, root, source);
+  mArguments.deleteAll();
+  StoreTacAddr(root, line.result);
+  return true;
+}

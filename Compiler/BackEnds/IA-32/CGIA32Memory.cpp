@@ -325,11 +325,25 @@ void CGIA32::tac_EndianSwap(TacLine const& line) {
 
 // ---------------------------------------------------------------- counts
 
+// The counts of strings and objects ignore nil: an optimized function tests
+// for it in line and calls only for a value, since most of the temporaries
+// released after each statement hold none. What the call path forgets of
+// the registers is forgotten after the join too.
 void CGIA32::LockOperation(TacLine const& line, int stringID, int objectID,
                            int wstringID, int cfstringID, char const* failure) {
-  CallRuntime(CountingIntrinsic(line.opA->mType, stringID, objectID, wstringID,
-                                cfstringID, failure),
-              line.opA, line.opB, nilTacAddr);
+  int intrinsic = CountingIntrinsic(line.opA->mType, stringID, objectID,
+                                    wstringID, cfstringID, failure);
+  bool nilIgnored = intrinsic == stringID || intrinsic == objectID;
+  bool testFirst = mOptions.mOptimizeCode && nilIgnored &&
+                   line.opB == nilTacAddr && !line.opA->IsConstant();
+  long skip = NewLocalLabel();
+  if (testFirst) {
+    int value = LoadForReading(line.opA, kSelectAnyGPR);
+    ia32_cmp_imm8_se(kModRegister, value, 0);
+    EmitBranch(&IA32OpWriter::ia32_je, 2, skip);
+  }
+  CallRuntime(intrinsic, line.opA, line.opB, nilTacAddr);
+  if (testFirst) PlaceLabel(skip);
 }
 
 void CGIA32::tac_Lock(TacLine const& line) {

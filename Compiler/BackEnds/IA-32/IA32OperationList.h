@@ -50,6 +50,7 @@
   X(ia32_subsd, 0xF20F5C, "subsd %x, %m64")                       \
   X(ia32_mulsd, 0xF20F59, "mulsd %x, %m64")                       \
   X(ia32_divsd, 0xF20F5E, "divsd %x, %m64")                       \
+  X(ia32_sqrtsd, 0xF20F51, "sqrtsd %x, %m64")                     \
   X(ia32_addss, 0xF30F58, "addss %x, %m32")                       \
   X(ia32_subss, 0xF30F5C, "subss %x, %m32")                       \
   X(ia32_mulss, 0xF30F59, "mulss %x, %m32")                       \

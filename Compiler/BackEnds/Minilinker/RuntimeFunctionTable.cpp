@@ -47,6 +47,8 @@ OwnEntry const kOwnEntries[] = {
     QUORL_OWN("RuntimeRaiseFunctionNotFoundException",
               RuntimeRaiseFunctionNotFoundException),
     QUORL_OWN("LoadFunctionPointerFromLibrary", LoadFunctionPointerFromLibrary),
+    // Optimized code raises this for an element outside the bounds.
+    QUORL_OWN("RaiseIndexOutOfBounds", RaiseIndexOutOfBounds),
     // The exception classes, by the link names their declarations carry.
     QUORL_OWN("RuntimeExceptionLookup", RuntimeExceptionLookup),
     QUORL_OWN("OutOfMemoryExceptionLookup", OutOfMemoryExceptionLookup),

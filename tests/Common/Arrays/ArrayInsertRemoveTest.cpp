@@ -28,4 +28,25 @@ TEST_F(ArrayInsertRemoveTest, InsertGrowsBySteps) {
   RuntimeUnlockArray(&a->header);
 }
 
+// Past the largest fixed step the buffer grows with the array: a long run
+// of appends moves each element a bounded number of times on average.
+TEST_F(ArrayInsertRemoveTest, LongAppendsGrowGeometrically) {
+  RuntimeArrayObject* a = CreateArray(1, kSInt32, -1L);
+  long const count = 3000000;
+  int steps = 0;
+  long long moved = 0;
+  for (long k = 0; k < count; k++) {
+    int32_t before = a->shape.bufferLength;
+    Call<void>(a->methods->insert, a, k, (int)k);
+    if (a->shape.bufferLength != before) {
+      steps++;
+      moved += before;
+    }
+  }
+  EXPECT_LE(steps, 24) << "about log2 of the count";
+  EXPECT_LE(moved, 3LL * count * 4) << "bytes copied by the growth steps";
+  EXPECT_EQ(count - 1, Elements<int>(a)[count - 1]);
+  RuntimeUnlockArray(&a->header);
+}
+
 }  // namespace

@@ -29,7 +29,8 @@ TEST(CGIA32ExceptionsTest, TheRecordsHaveTheSharedLayout) {
             HexBytes(Bytes(code.begin() + begin, code.begin() + begin + 9)));
   size_t pad = begin + kTryMarkerLength;
   EXPECT_EQ(kMarkerJumpOpcode, code[pad]);
-  EXPECT_EQ("0e 00 00 00", HexBytes(Bytes(code.begin() + pad + 1, code.begin() + pad + 5)));
+  // Normal flow jumps over the record and the raise path's emms.
+  EXPECT_EQ("10 00 00 00", HexBytes(Bytes(code.begin() + pad + 1, code.begin() + pad + 5)));
   EXPECT_EQ("11 04 00 00 00 00 fc ff",
             HexBytes(Bytes(code.begin() + pad + kMarkerValueOffset,
                            code.begin() + pad + kMarkerResumeOffset)));
@@ -37,6 +38,9 @@ TEST(CGIA32ExceptionsTest, TheRecordsHaveTheSharedLayout) {
   Bytes resume(code.begin() + pad + kMarkerResumeOffset,
                code.begin() + pad + kHandlerRecordLength);
   EXPECT_EQ(std::vector<std::string>{"mov esp,DWORD PTR [ebp-0x8]"}, Disassemble(resume));
+  Bytes emptying(code.begin() + pad + kHandlerRecordLength,
+                 code.begin() + pad + kHandlerRecordLength + 2);
+  EXPECT_EQ(std::vector<std::string>{"emms"}, Disassemble(emptying));
   // From inside the region its pad is found; from before it, the region
   // is skipped whole.
   EXPECT_EQ(code.data() + pad, FindHandlerSwitchBlock(code.data() + pad));

@@ -97,6 +97,38 @@ TEST_F(LibraryLinearity, WalkingForwardThroughText) {
   }
 }
 
+// NthField asked for each field in turn resumes where the last call ended;
+// asked out of order, or of another text or delimiter, it starts again and
+// gives the same fields.
+TEST_F(LibraryLinearity, NthFieldOverEveryField) {
+  auto nth = Library<Str(Str, Str, long)>("StringNthField");
+  auto count = Library<long(Str, Str)>("StringCountFields");
+  Str comma = S(","), semicolon = S(";");
+  for (bool accented : {false, true}) {
+    ExpectLinearWork(accented ? "every field of UTF-8" : "every field of ASCII", [&](unsigned long n) {
+      Str text = Words(n, accented);
+      long fields = count(text, comma);
+      double work = StringWorkOf([&] {
+        for (long k = 1; k <= fields; k++) UnlockStringStorage(nth(text, comma, k));
+      });
+      return MeasuredWork{work, double(text->mLength)};
+    });
+  }
+  Str text = S("a,b;c,d"), other = S("x,y,z");
+  auto field = [&](Str in, Str delimiter, long k) {
+    Str piece = nth(in, delimiter, k);
+    std::string bytes = Bytes(piece);
+    UnlockStringStorage(piece);
+    return bytes;
+  };
+  EXPECT_EQ(field(text, comma, 3), "d");
+  EXPECT_EQ(field(text, comma, 2), "b;c");
+  EXPECT_EQ(field(text, semicolon, 2), "c,d");
+  EXPECT_EQ(field(other, comma, 3), "z");
+  EXPECT_EQ(field(text, comma, 4), "");
+  quorl::standin::library::ForgetCharacterPositions();
+}
+
 // Positions remembered in one text never answer for another; the text is
 // kept alive while remembered, so that no other text can take its address.
 TEST_F(LibraryLinearity, RememberedPositionsBelongToTheirText) {

@@ -35,4 +35,4 @@ End Try
 Print "still running"                                // expect: still running
 Nowhere
 Print "not reached"
-// expect runtime error: FunctionNotFoundException
+// expect runtime error 36: FunctionNotFoundException: Could not load Nowhere from libquorl_no_such_library.so

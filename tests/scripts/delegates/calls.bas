@@ -1,7 +1,7 @@
 // Delegates of module methods, shared methods, instance methods, virtual
-// ones (through a class or an interface) and private ones, called through
-// Invoke with values of several types, and compared, tested with IsA and
-// cast; a cast to another shape is refused.
+// ones (through a class or an interface, or past it with Super) and
+// private ones, called through Invoke with values of several types, and
+// compared, tested with IsA and cast; a cast to another shape is refused.
 Module Ops
   Delegate Function BinOp(a As Integer, b As Integer) As Integer
   Delegate Sub Notify(msg As String)
@@ -65,6 +65,9 @@ Class Dog
   Function Speak(times As Integer) As String
     Return Name + " barks x" + Str(times)
   End Function
+  Function Inherited() As Talk.Speaker
+    Return AddressOf Super.Speak
+  End Function
 End Class
 Dim f As Ops.BinOp = AddressOf Ops.Minus
 Print Str(f.Invoke(7, 3)) + " " + Str(Ops.Apply(AddressOf Ops.Power, 2, 5))
@@ -100,6 +103,7 @@ Dim gr As Greeter = New Loud
 Dim hi As Talk.Greeting = AddressOf gr.Greet
 Dim courteous As New Polite
 Print hi.Invoke("ann") + ", " + courteous.Whisper.Invoke("bob")
+Print d.Inherited.Invoke(4)
 Try
   Dim wrong As Talk.Namer = Namer(o)
   Print "cast passed"
@@ -119,4 +123,5 @@ End Try
 // expect: is no namer
 // expect: rex barks x1
 // expect: HELLO ann, psst bob
+// expect: fido makes a sound
 // expect: cast refused

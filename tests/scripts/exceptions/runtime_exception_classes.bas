@@ -64,8 +64,8 @@ For stage = 1 To 11
     Report(e)
   End Try
 Next
-// expect: OutOfBoundsException: An index was outside the bounds of the array
-// expect: OutOfBoundsException: An index was outside the bounds of the array
+// expect: OutOfBoundsException: Index 3 is outside the bounds 0 to 2
+// expect: OutOfBoundsException: Index -1 is outside the bounds 0 to 2
 // expect: OutOfBoundsException: Index 2 is outside the bounds 0 to 1
 // expect: OutOfBoundsException: Index 5 is outside the bounds 0 to 3
 // expect: OutOfBoundsException: Index 3 is outside the bounds 0 to 2

@@ -47,7 +47,7 @@ Next
 // expect: parse
 // expect: limit
 // expect: deep limit
-// expect: other An index was outside the bounds of the array
+// expect: other Index 4 is outside the bounds 0 to 1
 
 // A handler that does not match passes the exception out of the function
 // to an outer Try, here five frames up.

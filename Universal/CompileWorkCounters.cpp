@@ -1,0 +1,4 @@
+// The counts of compile work; see the header.
+#include "Universal/CompileWorkCounters.h"
+
+thread_local CompileWorkCounts gCompileWork;
