@@ -1,18 +1,21 @@
 // The raiser for PowerPC code: the runtime's own walks IA-32 frames, and
 // the loader's build makes that one weak so that this one serves.
 //
-// It walks the back chain from its own frame. A frame belongs to generated
-// code when the word at 8 in it, where its callee saved the return address,
-// points into the module's code; from there it scans forward, word by word
-// up to the function's blr, for the records of the exception markers. A
-// region's record is "b 8" and its marker; a landing pad is a branch, the
-// marker 1041, the frame offset of the exception variable, and where a
-// raise resumes. The return address is pointed at that resume point, and
-// the raiser returns: every frame in between returns normally into it.
+// It walks the back chain from its own frame (FrameWalk). A frame belongs
+// to generated code when the return address into its function points into
+// the module's code; from there it scans forward, word by word up to the
+// function's blr, for the records of the exception markers. A region's
+// record is "b 8" and its marker; a landing pad is a branch, the marker
+// 1041, the frame offset of the exception variable, and where a raise
+// resumes. The return address is pointed at that resume point, and the
+// raiser returns: every frame in between returns normally into it.
+#include "PowerPCLoader/ExceptionRaiser.h"
+
 #include <stdint.h>
 
 #include "Common/ObjectModel/RuntimeExceptionFoundation.h"
-#include "Common/ObjectModel/RuntimeThread.h"
+#include "Compiler/BackEnds/Minilinker/QuorlScriptIntrinsics.h"
+#include "PowerPCLoader/FrameWalk.h"
 #include "PowerPCLoader/LoadedCode.h"
 
 namespace {
@@ -23,10 +26,12 @@ enum {
   kTryEndMarker = 1043,
   kBranchOpcode = 18,
   kReturnInstruction = 0x4e800020,  // blr
-  kSavedLinkOffset = 8,
   kFrameOffsetWord = 2,
   kResumeWord = 3,
 };
+
+// A return address lies past its bl, which may end the line.
+int const kCallInstructionBytes = 4;
 
 bool IsRecordBranch(uint32_t word) {
   return (word >> 26) == kBranchOpcode && (word & 3) == 0;
@@ -47,30 +52,65 @@ uint32_t* FindLandingPad(uint32_t* code) {
   return nullptr;
 }
 
+__attribute__((always_inline)) inline char* StackPointer() {
+  char* frame;
+  asm volatile("mr %0, 1" : "=r"(frame));
+  return frame;
+}
+
+// The last exception raised and the line of the innermost script frame
+// it was raised from.
+struct RaiseSite {
+  RuntimeObject* mException = nullptr;
+  unsigned long mLine = 0;
+};
+RaiseSite sLastRaise;
+unsigned long sUncaughtLine;
+
+__attribute__((noinline)) void NoteRaiseSite(RuntimeObject* exception) {
+  sLastRaise.mException = exception;
+  sLastRaise.mLine = 0;
+  ppcloader::FrameWalk walk(StackPointer());
+  while (walk.Next()) {
+    char const* returnAddress =
+        reinterpret_cast<char const*>(walk.ReturnAddress());
+    if (ppcloader::IsGeneratedCode(returnAddress)) {
+      sLastRaise.mLine =
+          ppcloader::SourceLineAt(returnAddress - kCallInstructionBytes);
+      return;
+    }
+  }
+}
+
 }  // namespace
+
+namespace ppcloader {
+
+void InitRuntimeNotingRaiseLines() {
+  RuntimeInit();
+  SetExceptionMonitor(NoteRaiseSite);
+}
+
+unsigned long UncaughtExceptionLine() { return sUncaughtLine; }
+
+}  // namespace ppcloader
 
 __attribute__((noinline)) void ActivateNextExceptionHandler(
     RuntimeObject* exception) {
-  char* limit = static_cast<char*>(GetCurrentRuntimeThread()->StackBase());
-  char* frame;
-  asm volatile("mr %0, 1" : "=r"(frame));
-  while (frame && frame < limit) {
-    char* next = *reinterpret_cast<char**>(frame);
-    if (next <= frame) break;
-    uint32_t** saved = reinterpret_cast<uint32_t**>(frame + kSavedLinkOffset);
-    uint32_t* returnAddress = *saved;
-    if (ppcloader::IsGeneratedCode(returnAddress)) {
-      if (uint32_t* pad = FindLandingPad(returnAddress)) {
-        int16_t offset = static_cast<int16_t>(pad[kFrameOffsetWord] & 0xffff);
-        if (offset != 0) {
-          *reinterpret_cast<RuntimeObject**>(frame + offset) = exception;
-          RuntimeLockObject(exception);
-        }
-        *saved = pad + kResumeWord;
-        return;
+  ppcloader::FrameWalk walk(StackPointer());
+  while (walk.Next()) {
+    uint32_t* returnAddress = walk.ReturnAddress();
+    if (!ppcloader::IsGeneratedCode(returnAddress)) continue;
+    if (uint32_t* pad = FindLandingPad(returnAddress)) {
+      int16_t offset = static_cast<int16_t>(pad[kFrameOffsetWord] & 0xffff);
+      if (offset != 0) {
+        *reinterpret_cast<RuntimeObject**>(walk.Frame() + offset) = exception;
+        RuntimeLockObject(exception);
       }
+      *walk.ReturnSlot() = pad + kResumeWord;
+      return;
     }
-    frame = next;
   }
+  sUncaughtLine = exception == sLastRaise.mException ? sLastRaise.mLine : 0;
   RuntimeUnhandledException(exception);
 }

@@ -15,9 +15,20 @@ unsigned long const kBranchReach = 0x2000000;
 // What the compiler calls the glue of calls through a pointer, less the
 // call's shape.
 std::string const kPointerGluePrefix = "% call pointer ";
+// What stands between a function's name and a call's shape when the call
+// passes other words than the first call to it: each shape has its bridge.
+std::string const kShapedCallInfix = "% shape ";
+
+std::string FunctionNameOf(std::string const& linkName) {
+  return linkName.substr(0, linkName.find(kShapedCallInfix));
+}
 
 unsigned char const* sCodeStart;
 unsigned char const* sCodeEnd;
+unsigned char const* sStubsEnd;
+// The entry thunks' extents, by start.
+std::map<unsigned char const*, unsigned char const*> sEntryThunks;
+std::map<unsigned long, unsigned long> sLines;
 
 unsigned long Get32(unsigned char const* p) {
   return static_cast<unsigned long>(p[0]) << 24 | p[1] << 16 | p[2] << 8 | p[3];
@@ -68,6 +79,24 @@ class MappingWriter : public PPCOpWriter {
 bool IsGeneratedCode(void const* address) {
   unsigned char const* p = static_cast<unsigned char const*>(address);
   return p >= sCodeStart && p < sCodeEnd;
+}
+
+int LinkOffsetOf(void const* address) {
+  unsigned char const* p = static_cast<unsigned char const*>(address);
+  if (p < sCodeStart || p >= sStubsEnd) return kPlatformLinkOffset;
+  auto thunk = sEntryThunks.upper_bound(p);
+  if (thunk != sEntryThunks.begin() && p < (--thunk)->second)
+    return kPlatformLinkOffset;
+  return kGeneratedLinkOffset;
+}
+
+unsigned long SourceLineAt(void const* address) {
+  if (!IsGeneratedCode(address)) return 0;
+  unsigned long offset = static_cast<unsigned long>(
+      static_cast<unsigned char const*>(address) - sCodeStart);
+  auto after = sLines.upper_bound(offset);
+  if (after == sLines.begin()) return 0;
+  return (--after)->second + 1;
 }
 
 LoadedCode::~LoadedCode() {
@@ -170,9 +199,9 @@ bool LoadedCode::PatchImport(Module const& module, ModuleImport const& import,
       } else if (name.compare(0, kPointerGluePrefix.size(), kPointerGluePrefix) == 0) {
         address = BridgeTo(name, nullptr, module, error);
       } else {
-        auto outside = functions.find(name);
+        auto outside = functions.find(FunctionNameOf(name));
         if (outside == functions.end() || !outside->second) {
-          *error = "The function " + name + " could not be found.";
+          *error = "The function " + FunctionNameOf(name) + " could not be found.";
           return false;
         }
         address = BridgeTo(name, outside->second, module, error);
@@ -236,6 +265,7 @@ unsigned long LoadedCode::FunctionPointer(std::string const& name,
     *error = "no room for the entry thunks";
     return 0;
   }
+  sEntryThunks[mMapping + mStubEnd] = writer.mAt;
   unsigned long address = reinterpret_cast<unsigned long>(mMapping + mStubEnd);
   mStubEnd = writer.mAt - mMapping;
   mEntryThunks[name] = address;
@@ -295,6 +325,8 @@ bool LoadedCode::Link(Module const& module, FunctionTable const& functions,
     if (!PatchStaticImport(import, functions, error)) return false;
   sCodeStart = mMapping;
   sCodeEnd = mMapping + module.code.size();
+  sStubsEnd = mMapping + mStubEnd;
+  sLines = module.lines;
   __builtin___clear_cache(reinterpret_cast<char*>(mMapping),
                           reinterpret_cast<char*>(mMapping + mStubEnd));
   return true;

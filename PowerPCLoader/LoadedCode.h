@@ -61,6 +61,16 @@ class LoadedCode {
 // tells generated frames from others.
 bool IsGeneratedCode(void const* address);
 
+// Where the function holding `address` saves its return address in its
+// caller's frame: generated code and the call bridges at 8, the entry
+// thunks and everything outside the mapping (the platform's C code) at 4.
+enum { kPlatformLinkOffset = 4, kGeneratedLinkOffset = 8 };
+int LinkOffsetOf(void const* address);
+
+// The 1-based source line of the generated code at `address`; 0 outside
+// it or where the module has no lines.
+unsigned long SourceLineAt(void const* address);
+
 }  // namespace ppcloader
 
 #endif

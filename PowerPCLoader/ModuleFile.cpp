@@ -102,6 +102,10 @@ bool ReadModuleFile(std::string const& path, Module* module,
     std::string name = reader.ReadName().bytes;
     module->callShapes[name] = reader.ReadName().bytes;
   }
+  for (unsigned long n = reader.Word(); n && !reader.Failed(); n--) {
+    unsigned long offset = reader.Word();
+    module->lines[offset] = reader.Word();
+  }
   if (reader.Failed()) *error = path + " is cut short";
   return !reader.Failed();
 }

@@ -45,6 +45,8 @@ struct Module {
   std::vector<std::pair<std::string, unsigned long>> staticBlocks;
   std::vector<ModuleImport> staticImports;
   std::map<std::string, std::string> callShapes;
+  // Code offsets to the 0-based source lines from there on, by offset.
+  std::map<unsigned long, unsigned long> lines;
 };
 
 // False with a reason when the file cannot be read or is no module.

@@ -1,16 +1,20 @@
 // The console plays the host: Print writes a line to standard output,
 // Input reads one from standard input after its prompt, a runtime error is
-// reported on standard error as "NAME: runtime error: CLASS: MESSAGE", as
-// quorl does but for the line, which the loader does not know. The compiled code passes the compiling process's own
-// correspondent to Print and Input, which means nothing here, so the
-// console's versions of both ignore it.
+// reported on standard error as "NAME:LINE: runtime error: CLASS: MESSAGE"
+// as quorl reports it, less the call stack quorl lists below it. The
+// compiled code passes the compiling process's own correspondent to Print
+// and Input, which means nothing here, so the console's versions of both
+// ignore it.
 #include "PowerPCLoader/RuntimeTable.h"
 
 #include <stdio.h>
 
+#include <string>
+
 #include "Common/Arrays/ArrayLibrary.h"
 #include "Common/Variants/RuntimeVariants.h"
 #include "Compiler/BackEnds/Minilinker/QuorlScriptIntrinsics.h"
+#include "PowerPCLoader/ExceptionRaiser.h"
 #include "StandInHost/RuntimeLibrary/LibraryEntries.h"
 #include "Universal/ustring.h"
 
@@ -59,13 +63,16 @@ class Console : public QuorlScriptCorrespondent {
     sRuntimeErrors++;
     fflush(stdout);
     UncaughtExceptionDetail const& uncaught = LastUncaughtException();
-    std::string text = uncaught.mClassName.IsEmpty()
-                           ? ErrorClassName(code)
-                           : uncaught.mClassName.CString();
-    if (!uncaught.mMessage.IsEmpty())
+    bool fromException = code != kRuntimeErrorNoExceptionClass &&
+                         !uncaught.mClassName.IsEmpty();
+    std::string where = sScriptName;
+    unsigned long raisedAt = fromException ? UncaughtExceptionLine() : 0;
+    if (raisedAt > 0) where += ":" + std::to_string(raisedAt);
+    std::string text =
+        fromException ? uncaught.mClassName.CString() : ErrorClassName(code);
+    if (fromException && !uncaught.mMessage.IsEmpty())
       text += std::string(": ") + uncaught.mMessage.CString();
-    fprintf(stderr, "%s: runtime error: %s\n", sScriptName.c_str(),
-            text.c_str());
+    fprintf(stderr, "%s: runtime error: %s\n", where.c_str(), text.c_str());
   }
 };
 
@@ -137,6 +144,7 @@ FunctionTable MakeRuntimeTable() {
   delete engine;
   table["Print"] = reinterpret_cast<void*>(&ConsolePrint);
   table["Input"] = reinterpret_cast<void*>(&ConsoleInput);
+  table["RuntimeInit"] = reinterpret_cast<void*>(&InitRuntimeNotingRaiseLines);
   return table;
 }
 

@@ -49,6 +49,9 @@ struct CGPPCOptions {
 
 // The link name of the glue for calls through a pointer, less the shape.
 extern char const* const kPointerCallGluePrefix;
+// Between a function's name and a call's shape in the link name of a call
+// whose shape differs from the first call's.
+extern char const* const kShapedCallInfix;
 
 // A memory operand: base register and 16-bit displacement. A stack
 // operand's displacement is still missing the size of the argument area.
@@ -259,6 +262,7 @@ class CGPPC : public CodeGenerator, public PPCOpBufWriter {
 
   // Calls.
   string NoteCallShape(string const& name, bool varargs);
+  string ShapedCallName(string const& name, string const& shape);
   void LoadArgumentWord(TacAddr const* arg, unsigned long word,
                         unsigned long* reserved);
   void PassArgument(TacAddr const* arg, unsigned long* word,

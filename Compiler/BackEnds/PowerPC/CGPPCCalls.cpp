@@ -197,11 +197,24 @@ void CGPPC::EmitCallTo(string const& name, string const& library) {
   ppc_bl(0);
 }
 
+char const* const kShapedCallInfix = "% shape ";
+
+// A function that takes a count of arguments (a string sum) is called with
+// other words than at its first call: such a call links by the name with
+// its shape, so that the loader bridges each shape on its own.
+string CGPPC::ShapedCallName(string const& name, string const& shape) {
+  string first;
+  if (!mCallShapes.GetEntry(name, first) || first == shape) return name;
+  string shaped = name + string(kShapedCallInfix) + shape;
+  if (!mCallShapes.HasEntry(shaped)) mCallShapes.AddEntry(shaped, shape);
+  return shaped;
+}
+
 void CGPPC::CallIntrinsic(unsigned int functionID, TacAddr const* result) {
   string const& name = mIntrinsicLinkNames[functionID];
-  NoteCallShape(name, IntrinsicHasVarArgs(functionID));
+  string shape = NoteCallShape(name, IntrinsicHasVarArgs(functionID));
   PushCallParameters(result);
-  EmitCallTo(name, string());
+  EmitCallTo(ShapedCallName(name, shape), string());
   BackFromFunctionCall(result);
 }
 
@@ -224,9 +237,9 @@ void CGPPC::tac_Call(TacLine const& line) {
   string const& name = line.opA->GetValue()->mString;
   string library =
       line.opB == nilTacAddr ? string() : line.opB->GetValue()->mString;
-  NoteCallShape(name, false);
+  string shape = NoteCallShape(name, false);
   PushCallParameters(line.result);
-  EmitCallTo(name, library);
+  EmitCallTo(ShapedCallName(name, shape), library);
   BackFromFunctionCall(line.result);
 }
 

@@ -162,8 +162,9 @@ TEST(CGPPCTest, AnUnplacedLabelIsError137) {
 }
 
 // The shapes a loader bridges calls with: a word, a double, a 64-bit
-// integer, a structure; a call through a pointer goes to the glue named
-// by its shape.
+// integer, a structure; a later call with other words (a count of
+// arguments) links by the name with its shape; a call through a pointer
+// goes to the glue named by its shape.
 TEST(CGPPCTest, CallsRecordTheShapesOfTheirArguments) {
   TacProgram p;
   long f = p.Frame("f");
@@ -174,6 +175,9 @@ TEST(CGPPCTest, CallsRecordTheShapesOfTheirArguments) {
   p.Line(kTacPutParam, p.Real64(2.5));
   p.Line(kTacPutParam, p.Int64(3));
   p.Line(kTacPutParam, s);
+  p.Line(kTacCall, p.Text("Outside"));
+  p.Line(kTacPutParam, p.Int(1));
+  p.Line(kTacPutParam, p.Int(2));
   p.Line(kTacCall, p.Text("Outside"));
   p.Line(kTacPutParam, p.Real32(1.5f));
   p.Line(kTacCallPtr, ptr);
@@ -187,6 +191,8 @@ TEST(CGPPCTest, CallsRecordTheShapesOfTheirArguments) {
   string shape;
   ASSERT_TRUE(shapes.GetEntry("Outside", shape));
   EXPECT_EQ(string("wdls12."), shape);
+  ASSERT_TRUE(shapes.GetEntry(string("Outside") + kShapedCallInfix + "ww", shape));
+  EXPECT_EQ(string("ww"), shape);
   EXPECT_TRUE(shapes.HasEntry(string(kPointerCallGluePrefix) + "f"));
 }
 
