@@ -15,11 +15,7 @@ SemBase* GuardedValue(SemBase* value, IRDataType const& type) {
   SemBase* checked = CompileRefAs(value, type, scratch);
   SemBase* result = SemCode::NewValueWrapper(checked, &value->Location());
   result->Append(scratch);
-  TacAddr const* ok = NewLabel();
-  result->AddLine(kTacIfNEI, checked->GetAddr(), gTacZero, ok);
-  result->AddLine(kTacIntrinsic, IntrinsicTacAddr(kIntrinsicRuntimeNilObject),
-                  nilTacAddr, nilTacAddr);
-  result->AddLine(kTacLabel, ok, nilTacAddr, nilTacAddr);
+  AddNilTest(checked->GetAddr(), result);
   return result;
 }
 
@@ -29,6 +25,18 @@ bool CheckingIsOn() {
 }
 
 }  // namespace
+
+void AddNilTest(TacAddr const* value, SemBase* code) {
+  TacAddr const* ok = NewLabel();
+  code->AddLine(kTacIfNEI, value, gTacZero, ok);
+  code->AddLine(kTacIntrinsic, IntrinsicTacAddr(kIntrinsicRuntimeNilObject),
+                nilTacAddr, nilTacAddr);
+  code->AddLine(kTacLabel, ok, nilTacAddr, nilTacAddr);
+}
+
+void CheckPointerForNil(TacAddr const* pointer, SemBase* code) {
+  if (CheckingIsOn()) AddNilTest(pointer, code);
+}
 
 SemBase* CheckForNilObject(SemBase* object) {
   QASSERT(object);

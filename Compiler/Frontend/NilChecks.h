@@ -5,11 +5,18 @@
 #define COMPILER_FRONTEND_NILCHECKS_H
 
 class SemBase;
+class TacAddr;
 
 // The object expression, guarded; the expression itself when checking is
 // off or it is no object.
 SemBase* CheckForNilObject(SemBase* object);
 // The same for an array expression; a null expression stays null.
 SemBase* CheckForNil(SemBase* array);
+// Appends to `code` a test that raises NilObjectException when `value` is
+// zero.
+void AddNilTest(TacAddr const* value, SemBase* code);
+// The same for a Ptr about to be read or written through, when checking is
+// on: address zero is never memory a script may touch.
+void CheckPointerForNil(TacAddr const* pointer, SemBase* code);
 
 #endif

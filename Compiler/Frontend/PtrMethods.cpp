@@ -4,6 +4,7 @@
 // structure at p itself.
 #include "Compiler/Frontend/ExternalDeclarations.h"
 
+#include "Compiler/Frontend/NilChecks.h"
 #include "Compiler/Frontend/OverloadResolution.h"
 #include "Compiler/Frontend/ParserError.h"
 #include "Compiler/Frontend/SrcContext.h"
@@ -62,6 +63,7 @@ SemBase* HandlePtrMethodCall(SemBase* target, SemBase* type, SemBase* args,
       CompileRefAs(target, IRDataType(kPtrType), code)->GetAddr();
   TacAddr const* offset = OffsetArgument(args, code);
   if (!offset) return code;
+  CheckPointerForNil(pointer, code);
   if (value) {
     TacAddr const* converted = CompileRefAs(value, memory, code)->GetAddr();
     code->AddLine(kTacPoke, converted, offset, pointer);

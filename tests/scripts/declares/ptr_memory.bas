@@ -43,3 +43,15 @@ p.PString(56) = "pascal"
 Print p.PString(56)                                  // expect: pascal
 Mem.free(text)
 Mem.free(p)
+// Reading or writing through a Nil Ptr raises instead of touching page zero.
+Dim nowhere As Ptr
+Try
+  nowhere.UInt8(2) = 0
+Catch e As NilObjectException
+  Print "write through Nil"                          // expect: write through Nil
+End Try
+Try
+  Print Str(nowhere.Int32(0))
+Catch e As NilObjectException
+  Print "read through Nil"                           // expect: read through Nil
+End Try
