@@ -3,6 +3,7 @@
 #include "Compiler/Optimizer/optimizer.h"
 
 #include "Compiler/Intrinsics.h"
+#include "Compiler/SymbolTable/LocalSymbolTable.h"
 #include "Universal/Assertion.h"
 
 TacBlock const* Optimizer::Optimize(TacBlock const* code,
