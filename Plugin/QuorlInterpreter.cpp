@@ -86,25 +86,13 @@ void QuorlInterpreter::CompilerError(CompileErrorCode code, unsigned long line) 
   MarkAborted();
 }
 
-// The host class that stands for a runtime error of this code.
-static char const* RuntimeErrorClassName(RuntimeErrorCode code) {
-  switch (code) {
-    case kRuntimeErrorStackOverflow:
-    case kRuntimeErrorStackOverflow2:
-      return "stackOverflowException";
-    case kRuntimeErrorOutOfBounds:
-      return "OutOfBoundsException";
-    case kRuntimeErrorNilObject:
-      return "NilObjectException";
-    case kRuntimeErrorIllegalCast:
-      return "IllegalCastException";
-    case kRuntimeErrorOutOfMemory:
-      return "OutOfMemoryException";
-    case kRuntimeErrorTypeMismatch:
-      return "TypeMismatchException";
-    default:
-      return "RuntimeException";
-  }
+// The host class that stands for a runtime error of this code: the raw
+// event names a stack overflow "stackOverflowException", as hosts have
+// always been asked to make it.
+static char const* HostErrorClassName(RuntimeErrorCode code) {
+  if (code == kRuntimeErrorStackOverflow || code == kRuntimeErrorStackOverflow2)
+    return "stackOverflowException";
+  return RuntimeErrorClassName(code);
 }
 
 // The frames as the boundary carries them; the names stay with `stack`.
@@ -130,7 +118,7 @@ void QuorlInterpreter::ReportRuntimeErrorDetail(RuntimeErrorCode code) {
   if (fromException) ReportCallStack(uncaught.mCallStack);
   QuorlRuntimeErrorDetail(
       mHostObject, fromException ? (int)uncaught.mLine : 0,
-      fromException ? uncaught.mClassName.CString() : RuntimeErrorClassName(code),
+      fromException ? uncaught.mClassName.CString() : HostErrorClassName(code),
       fromException ? uncaught.mMessage.CString() : "",
       fromException ? int(uncaught.mErrorNumber) : 0);
 }
@@ -147,7 +135,7 @@ void QuorlInterpreter::RuntimeError(RuntimeErrorCode code, unsigned long line) {
   QuorlRuntimeErrorHandler handler =
       (QuorlRuntimeErrorHandler)EventHandler(kEventRuntimeError);
   if (handler) {
-    VELDObject error = VELDnewInstance(RuntimeErrorClassName(code));
+    VELDObject error = VELDnewInstance(HostErrorClassName(code));
     handler(mHostObject, (int)line, error);
     if (error) VELDUnlockObject(error);
   }

@@ -36,27 +36,6 @@ namespace {
 std::string sScriptName;
 int sRuntimeErrors;
 
-// The class a host would make for the report.
-char const* ErrorClassName(RuntimeErrorCode code) {
-  switch (code) {
-    case kRuntimeErrorStackOverflow:
-    case kRuntimeErrorStackOverflow2:
-      return "StackOverflowException";
-    case kRuntimeErrorOutOfBounds:
-      return "OutOfBoundsException";
-    case kRuntimeErrorNilObject:
-      return "NilObjectException";
-    case kRuntimeErrorIllegalCast:
-      return "IllegalCastException";
-    case kRuntimeErrorOutOfMemory:
-      return "OutOfMemoryException";
-    case kRuntimeErrorTypeMismatch:
-      return "TypeMismatchException";
-    default:
-      return "RuntimeException";
-  }
-}
-
 class Console : public QuorlScriptCorrespondent {
  public:
   void ScriptError(RuntimeErrorCode code, unsigned long line) override {
@@ -69,7 +48,7 @@ class Console : public QuorlScriptCorrespondent {
     unsigned long raisedAt = fromException ? UncaughtExceptionLine() : 0;
     if (raisedAt > 0) where += ":" + std::to_string(raisedAt);
     std::string text =
-        fromException ? uncaught.mClassName.CString() : ErrorClassName(code);
+        fromException ? uncaught.mClassName.CString() : RuntimeErrorClassName(code);
     if (fromException && !uncaught.mMessage.IsEmpty())
       text += std::string(": ") + uncaught.mMessage.CString();
     fprintf(stderr, "%s: runtime error: %s\n", where.c_str(), text.c_str());

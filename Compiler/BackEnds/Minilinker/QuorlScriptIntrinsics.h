@@ -19,6 +19,10 @@ class RunReadyCode;
 // A name-to-address lookup of the host's; null for an unknown name.
 typedef void* (*RuntimeNameResolver)(char const* name);
 
+// The class of the runtime's own exception that a runtime error code
+// stands for ("RuntimeException" for any other code).
+char const* RuntimeErrorClassName(RuntimeErrorCode code);
+
 // ---- the running script's state
 void SetRuntimeCorrespondent(QuorlScriptCorrespondent* correspondent);
 QuorlScriptCorrespondent* GetRuntimeCorrespondent();

@@ -13,6 +13,21 @@ char const kStackOverflowName[] = "StackOverflowException";
 char const kStackOverflowMessage[] =
     "The stack overflowed: calls were nested too deeply";
 
+// The runtime's own exceptions that keep their class when nobody catches
+// them, by the code the correspondent hears.
+struct OwnExceptionCode {
+  RuntimeErrorCode code;
+  char const* name;
+};
+OwnExceptionCode const kOwnExceptionCodes[] = {
+    {kRuntimeErrorStackOverflow, kStackOverflowName},
+    {kRuntimeErrorOutOfBounds, "OutOfBoundsException"},
+    {kRuntimeErrorNilObject, "NilObjectException"},
+    {kRuntimeErrorIllegalCast, "IllegalCastException"},
+    {kRuntimeErrorOutOfMemory, "OutOfMemoryException"},
+    {kRuntimeErrorTypeMismatch, "TypeMismatchException"},
+};
+
 // Raised when the host stops the script; it lives as long as the process
 // and never reaches a count of 0. It is no exception of the script's, so
 // it has no class and no message.
@@ -86,12 +101,8 @@ RuntimeErrorCode UnhandledErrorCode(RuntimeObject* exception) {
   RuntimeClass* cls = exception ? exception->mClass : nullptr;
   if (!cls || !cls->name) return kRuntimeErrorUnhandledException;
   string name(cls->name);
-  if (name == string(kStackOverflowName)) return kRuntimeErrorStackOverflow;
-  if (name == string("OutOfBoundsException")) return kRuntimeErrorOutOfBounds;
-  if (name == string("NilObjectException")) return kRuntimeErrorNilObject;
-  if (name == string("IllegalCastException")) return kRuntimeErrorIllegalCast;
-  if (name == string("OutOfMemoryException")) return kRuntimeErrorOutOfMemory;
-  if (name == string("TypeMismatchException")) return kRuntimeErrorTypeMismatch;
+  for (OwnExceptionCode const& own : kOwnExceptionCodes)
+    if (name == string(own.name)) return own.code;
   return kRuntimeErrorUnhandledException;
 }
 
@@ -104,6 +115,13 @@ RuntimeClass* LookupExceptionClass(char const* name) {
 }
 
 }  // namespace
+
+char const* RuntimeErrorClassName(RuntimeErrorCode code) {
+  if (code == kRuntimeErrorStackOverflow2) code = kRuntimeErrorStackOverflow;
+  for (OwnExceptionCode const& own : kOwnExceptionCodes)
+    if (own.code == code) return own.name;
+  return kRootExceptionName;
+}
 
 RuntimeClass* RuntimeExceptionLookup() {
   return LookupExceptionClass(kRootExceptionName);
