@@ -2,22 +2,27 @@
 // and waiting, idle, while none runs. Its state is never freed: the thread
 // may still wait on it while the process exits. A child process made by
 // fork() has none of its parent's threads, so it starts a ticker of its
-// own.
+// own. Where no thread can be started (an address space used up), scripts
+// run as before, with the hook called every many passes.
 #include "StandInHost/YieldTicker.h"
 
+#include <pthread.h>
 #include <unistd.h>
 
 #include <condition_variable>
 #include <cstddef>
 #include <mutex>
 #include <set>
-#include <thread>
 
 #include "StandInHost/HostState.h"
 
 namespace quorl {
 namespace standin {
 namespace {
+
+// The ticker needs next to no stack; a small one spares the address space
+// of a 32-bit host.
+size_t const kTickerStackSize = 1 << 20;
 
 struct Ticker {
   std::mutex lock;
@@ -32,7 +37,8 @@ bool EngineTakesRequests() {
          engine->mRequestYield;
 }
 
-void Tick(Ticker* ticker) {
+void* Tick(void* argument) {
+  Ticker* ticker = static_cast<Ticker*>(argument);
   std::unique_lock<std::mutex> hold(ticker->lock);
   for (;;) {
     ticker->wake.wait(hold, [ticker] { return !ticker->running.empty(); });
@@ -50,7 +56,13 @@ Ticker& ProcessTicker() {
   if (!ticker || owner != getpid()) {
     ticker = new Ticker;
     owner = getpid();
-    std::thread(Tick, ticker).detach();
+    pthread_attr_t attributes;
+    pthread_attr_init(&attributes);
+    pthread_attr_setstacksize(&attributes, kTickerStackSize);
+    pthread_attr_setdetachstate(&attributes, PTHREAD_CREATE_DETACHED);
+    pthread_t thread;
+    pthread_create(&thread, &attributes, Tick, ticker);
+    pthread_attr_destroy(&attributes);
   }
   return *ticker;
 }
