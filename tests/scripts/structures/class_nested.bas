@@ -121,3 +121,41 @@ Print Str(q.Area)                        // expect: 12
 Print Describe(q.Start)                  // expect: 99,9
 Dim asPoint As Square.Point = q.Start
 Print Str(asPoint.Y)                     // expect: 9
+// A class in a module: code in the module names its structures through
+// the class alone, code outside through the module too. A structure may
+// hold one of the module's, and a property may take its type's name.
+Module Geo
+  Structure Pair
+    A As Integer
+    B As Integer
+  End Structure
+  Class Grid
+    Private Structure Cell
+      X As Integer
+      Pair As Pair
+    End Structure
+    Public Structure Spot
+      Row As Integer
+    End Structure
+    Dim Cell As Cell
+    Dim Cells(2) As Cell
+    Shared Function Make(x As Integer) As Integer
+      Dim c As Grid.Cell
+      c.X = x
+      c.Pair.B = x * 2
+      Return c.X + c.Pair.B
+    End Function
+  End Class
+  Function Twice() As Integer
+    Dim g As New Grid
+    g.Cells(2).X = 21
+    Dim s As Grid.Spot
+    s.Row = g.Cells(2).X * 2
+    Return s.Row
+  End Function
+End Module
+Print Str(Geo.Grid.Make(5))              // expect: 15
+Print Str(Geo.Twice)                     // expect: 42
+Dim spot As Geo.Grid.Spot
+spot.Row = 7
+Print Str(spot.Row + Geo.Grid.Spot.Size) // expect: 11

@@ -2,7 +2,8 @@
 // private one from outside the class, or a protected one from outside the
 // class and its subclasses, with or without the class's name; reach a
 // private one of a superclass by its bare name; name a nested structure
-// without its class from outside; declare one twice. Field faults are
+// without its class from outside; go through a private class; declare
+// one twice; name anything inside a structure. Field faults are
 // reported inside a class as anywhere.
 Class Shape
   Private Structure Secret
@@ -44,14 +45,25 @@ Dim e As Shape.Extent
 Print Str(Shape.Secret.Size)
 Dim m As Shape.Missing
 Dim ok As Shape.Point
-// expect error 17 22
-// expect error 21 22
-// expect error 22 116
-// expect error 29 63
-// expect error 36 121
+Module Geo
+  Private Class Hidden
+    Structure Inner
+      V As Integer
+    End Structure
+  End Class
+End Module
+Dim z As Geo.Hidden.Inner
+Dim y As Shape.Point.Q
+// expect error 18 22
+// expect error 22 22
+// expect error 23 116
+// expect error 30 63
 // expect error 37 121
-// expect error 40 121
-// expect error 42 63
-// expect error 43 121
+// expect error 38 121
+// expect error 41 121
+// expect error 43 63
 // expect error 44 121
-// expect error 45 63
+// expect error 45 121
+// expect error 46 63
+// expect error 55 121
+// expect error 56 11
