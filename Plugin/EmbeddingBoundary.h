@@ -132,6 +132,10 @@ struct QuorlEngineOperations {
   // there, as a stop asked for by mRequestStop would at the next yield.
   // The host function must return at once; its result is ignored.
   void (*mStopNow)();
+  // Has the running script call the host ("VELDYieldToQuorl") at its next
+  // loop pass or call, which otherwise may come only after many passes.
+  // Any thread may call it while the instance lives.
+  void (*mRequestYield)(VELDObject instance);
 };
 
 // "QuorlTakeEngineOperations": the host keeps the table (it lives as long

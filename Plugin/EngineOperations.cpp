@@ -14,6 +14,12 @@ void RequestStop(VELDObject instance) {
   if (me->mInterface) me->mInterface->RequestStop();
 }
 
+void RequestYield(VELDObject instance) {
+  if (!instance) return;
+  QuorlScriptData* me = QuorlScriptDataOf(instance);
+  if (me->mInterface) me->mInterface->RequestYield();
+}
+
 void RaiseScriptException(char const* className, char const* message) {
   RaiseNamedException(className && *className ? className : "RuntimeException",
                       string(message));
@@ -49,6 +55,7 @@ QuorlEngineOperations const kOperations = {
     RaiseScriptException,
     CallFunction,
     RaiseStopNow,
+    RequestYield,
 };
 
 }  // namespace

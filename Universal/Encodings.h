@@ -105,7 +105,8 @@ void UCS2Capitalize(unsigned short* units, unsigned long count);
 // Case conversion of UTF-8 text into a new malloc'd buffer (release it with
 // free). *out receives the buffer, *outLength the byte count; the text is
 // NUL-terminated. Capitalising raises a letter at the start and after
-// whitespace and lowers the others.
+// whitespace and lowers the others. Throws std::bad_alloc when the heap
+// cannot hold the result.
 void UTF8ToUpper(unsigned char const* text, unsigned long length,
                  unsigned char** out, unsigned long* outLength);
 void UTF8ToLower(unsigned char const* text, unsigned long length,

@@ -4,6 +4,8 @@
 #include <stdio.h>
 #include <string.h>
 
+#include <atomic>
+
 #include "Common/ObjectModel/ExceptionMarkerLayout.h"
 #include "Common/ObjectModel/RuntimeThread.h"
 #include "Universal/Assertion.h"
@@ -33,6 +35,36 @@ int16_t Read16(unsigned char const* p) {
   int16_t value;
   memcpy(&value, p, sizeof value);
   return value;
+}
+
+// What FindHandlerSwitchBlock answered for recent return addresses. An
+// exception that unwinds a deep recursion asks again for the same few
+// addresses at every frame, and each search scans the rest of a function.
+// Code never changes once it runs; when code memory is given back, the
+// generation moves on and every thread's answers are forgotten.
+std::atomic<unsigned> sCodeGeneration{1};
+enum { kHandlerSearchSlots = 64 };
+struct HandlerSearch {
+  unsigned char* returnAddress;
+  unsigned char* pad;
+};
+thread_local HandlerSearch sHandlerSearches[kHandlerSearchSlots];
+thread_local unsigned sHandlerSearchGeneration;
+
+unsigned char* CachedHandlerSwitchBlock(unsigned char* returnAddress) {
+  unsigned generation = sCodeGeneration.load(std::memory_order_acquire);
+  if (sHandlerSearchGeneration != generation) {
+    memset(sHandlerSearches, 0, sizeof sHandlerSearches);
+    sHandlerSearchGeneration = generation;
+  }
+  HandlerSearch& slot = sHandlerSearches[(reinterpret_cast<uintptr_t>(
+                                              returnAddress) >> 2) %
+                                          kHandlerSearchSlots];
+  if (slot.returnAddress != returnAddress) {
+    slot.returnAddress = returnAddress;
+    slot.pad = FindHandlerSwitchBlock(returnAddress);
+  }
+  return slot.pad;
 }
 
 // A function's code ends in `pop ebp; ret` or `leave; ret`.
@@ -129,6 +161,10 @@ unsigned char* FindHandlerSwitchBlock(unsigned char* code) {
   return nullptr;
 }
 
+void ForgetHandlerSearches() {
+  sCodeGeneration.fetch_add(1, std::memory_order_acq_rel);
+}
+
 // Kept out of line with its own frame: the walk starts at this very frame.
 __attribute__((noinline)) void ActivateNextExceptionHandler(
     RuntimeObject* exception) {
@@ -139,7 +175,7 @@ __attribute__((noinline)) void ActivateNextExceptionHandler(
     char* caller = static_cast<char*>(*frame);
     unsigned char* returnAddress = static_cast<unsigned char*>(frame[1]);
     unsigned char* pad =
-        returnAddress ? FindHandlerSwitchBlock(returnAddress) : nullptr;
+        returnAddress ? CachedHandlerSwitchBlock(returnAddress) : nullptr;
     if (pad) {
       int16_t offset = Read16(pad + kMarkerFrameOffset);
       if (offset != 0) {

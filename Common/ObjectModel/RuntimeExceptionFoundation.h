@@ -69,6 +69,9 @@ void ActivateNextExceptionHandler(RuntimeObject* exception);
 // The landing pad that a raise at `code` reaches within its function, or
 // null: regions that start after `code` are skipped whole, with their pads.
 unsigned char* FindHandlerSwitchBlock(unsigned char* code);
+// The walk remembers each return address's landing pad; whoever gives code
+// memory back, where other code may later be placed, calls this first.
+void ForgetHandlerSearches();
 // Calls `callback` for each frame from `frame` up, while the chain climbs
 // and stays at or below `limit`; stops when the callback says so. Answers
 // the frame where it stopped.

@@ -6,7 +6,10 @@
 #ifndef STANDINHOST_RUNTIMELIBRARY_LIBRARYENTRIES_H
 #define STANDINHOST_RUNTIMELIBRARY_LIBRARYENTRIES_H
 
+#include <new>
 #include <vector>
+
+#include "Common/ObjectModel/RuntimeExceptionFoundation.h"
 
 namespace quorl {
 namespace standin {
@@ -18,14 +21,35 @@ struct LibraryEntry {
 };
 using LibraryEntries = std::vector<LibraryEntry>;
 
-template <class Function>
-LibraryEntry Entry(char const* name, Function* function) {
-  return {name, reinterpret_cast<void*>(function)};
+// Calls a library function for a script. A C++ container or string that
+// cannot grow inside it must not unwind through the script's frames, which
+// have no unwind tables: the failure becomes the script's
+// OutOfMemoryException, raised once the C++ exception is gone.
+template <auto function>
+struct AllocationGuard;
+template <class Result, class... Arguments, Result (*function)(Arguments...)>
+struct AllocationGuard<function> {
+  static Result Call(Arguments... arguments) {
+    try {
+      return function(arguments...);
+    } catch (std::bad_alloc const&) {
+    }
+    RaiseOutOfMemoryException();
+    return Result();
+  }
+};
+
+// An entry of one of the host's own library functions, behind its guard.
+template <auto function>
+LibraryEntry Entry(char const* name) {
+  return {name, reinterpret_cast<void*>(&AllocationGuard<function>::Call)};
 }
 
-// An entry of a function with C linkage under its own name.
+// An entry of an engine runtime function with C linkage under its own
+// name; the engine runtime allocates with the C heap and raises itself.
 #define QUORL_SERVE(function) \
-  ::quorl::standin::library::Entry(#function, &function)
+  ::quorl::standin::library::LibraryEntry{#function, \
+                                          reinterpret_cast<void*>(&function)}
 
 LibraryEntries CharacterStringEntries();
 LibraryEntries ByteStringEntries();

@@ -6,6 +6,7 @@
 #include "Common/ObjectModel/FrameChainEntry.h"
 #include "Compiler/BackEnds/Minilinker/QuorlScriptIntrinsics.h"
 #include "Compiler/BackEnds/Minilinker/QuorlScriptLinker.h"
+#include "Compiler/BackEnds/IA-32/CGIA32.h"
 #include "Compiler/BackEnds/Minilinker/ScriptCallEntry.h"
 #include "Universal/Assertion.h"
 
@@ -17,6 +18,17 @@ RunReadyCode::RunReadyCode(Ref<DataBlock> globals,
       mEntrypoint(entrypoint) {}
 
 RunReadyCode::~RunReadyCode() {}
+
+void RunReadyCode::SetYieldCountdown(unsigned long offset) {
+  mYieldCountdown =
+      reinterpret_cast<volatile int32_t*>(mGlobals->Buffer() + offset);
+}
+
+// The countdown then ends at the next pass's decrement. A decrement racing
+// with this store may undo it; the next request then lands.
+void RunReadyCode::BringYieldForward() {
+  if (mYieldCountdown) *mYieldCountdown = 0;
+}
 
 bool RunReadyCode::Contains(void const* address) const {
   unsigned char const* at = static_cast<unsigned char const*>(address);
@@ -110,6 +122,9 @@ RunReadyCode* MiniLink(Ref<CodeModule> code, StringMap<void*>* functions,
         reinterpret_cast<ScriptEntrypoint>(linker->MainEntrypoint()));
     result->SetLineTable(linker->LineTable());
     result->SetEntrypoints(linker->Entrypoints());
+    unsigned long countdown = 0;
+    if (linker->GlobalOffset(kYieldCountdownWord, &countdown))
+      result->SetYieldCountdown(countdown);
   }
   delete linker;
   return result;

@@ -2,6 +2,8 @@
 #ifndef COMPILER_BACKENDS_MINILINKER_MINILINKER_H
 #define COMPILER_BACKENDS_MINILINKER_MINILINKER_H
 
+#include <stdint.h>
+
 #include "Compiler/BackEnds/Minilinker/ExecutableDataBlock.h"
 #include "Compiler/BackEnds/codestorage.h"
 #include "Compiler/Linker/LinkedDebugSymbols.h"
@@ -60,6 +62,14 @@ class RunReadyCode {
   // Every function's offset in the code, by link name.
   StringMapCase<unsigned long> const& Entrypoints() const { return mEntrypoints; }
 
+  // The global word the code counts its loop passes down in, at `offset`
+  // in the global data; code without loops has none.
+  void SetYieldCountdown(unsigned long offset);
+  // Has the running code call the host at its next loop pass, so that a
+  // stop or a time limit is not late behind passes that each run long in
+  // the library. Any thread may call it while this object lives.
+  void BringYieldForward();
+
   Ref<DataBlock> Globals() const { return mGlobals; }
   Ref<ExecutableDataBlock> Code() const { return mCode; }
   ScriptEntrypoint Entrypoint() const { return mEntrypoint; }
@@ -76,6 +86,7 @@ class RunReadyCode {
   ScriptEntrypoint mEntrypoint;
   CodeOffsetToLineIndex mLines;
   StringMapCase<unsigned long> mEntrypoints;
+  volatile int32_t* mYieldCountdown = nullptr;
 };
 
 // Links `code` against the module itself and `functions`. The caller owns
