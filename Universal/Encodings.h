@@ -38,6 +38,13 @@ unsigned long GetKeyboardEncoding();
 stringStorage* ConvertTextUnix(stringStorage* input, unsigned long from,
                                unsigned long to);
 
+// UTF-8 or ASCII to UTF-16, and UTF-16 to UTF-8, done here where iconv has
+// no converter for them. ConvertWithoutIconv takes only the pairs that
+// ConvertsWithoutIconv accepts; its result is as ConvertTextUnix's.
+bool ConvertsWithoutIconv(unsigned long from, unsigned long to);
+stringStorage* ConvertWithoutIconv(stringStorage* input, unsigned long from,
+                                   unsigned long to);
+
 // `s` in the target encoding; `s` itself when the target or the tag is
 // unknown, when `s` is nil, or when it already has the target tag; nil when
 // the heap cannot hold the converted text.
