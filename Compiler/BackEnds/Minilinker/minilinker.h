@@ -4,6 +4,8 @@
 
 #include <stdint.h>
 
+#include <vector>
+
 #include "Compiler/BackEnds/Minilinker/ExecutableDataBlock.h"
 #include "Compiler/BackEnds/codestorage.h"
 #include "Compiler/Linker/LinkedDebugSymbols.h"
@@ -50,13 +52,14 @@ class RunReadyCode {
   // The lines of the code and the offsets of its functions by link name,
   // given by the linker.
   void SetLineTable(CodeOffsetToLineIndex const& lines) { mLines = lines; }
-  void SetEntrypoints(StringMapCase<unsigned long> const& entrypoints) {
-    mEntrypoints = entrypoints;
-  }
+  void SetEntrypoints(StringMapCase<unsigned long> const& entrypoints);
   // Whether the address lies in this code; the 1-based source line of the
   // instruction that starts at `address` (0 when unknown).
   bool Contains(void const* address) const;
   unsigned long LineAt(void const* address) const;
+  // Where the function holding `address` ends: the next function's start,
+  // or the end of the code. Null when the address is not in this code.
+  unsigned char* FunctionEndAt(void const* address) const;
   // The entry of the function with that link name, or null.
   void* FunctionEntry(string const& linkName) const;
   // Every function's offset in the code, by link name.
@@ -86,6 +89,7 @@ class RunReadyCode {
   ScriptEntrypoint mEntrypoint;
   CodeOffsetToLineIndex mLines;
   StringMapCase<unsigned long> mEntrypoints;
+  std::vector<unsigned long> mFunctionStarts;  // ascending offsets
   volatile int32_t* mYieldCountdown = nullptr;
 };
 
