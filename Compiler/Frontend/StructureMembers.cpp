@@ -6,6 +6,9 @@
 // swaps every field in place.
 #include "Compiler/Frontend/Structures.h"
 
+#include <algorithm>
+#include <vector>
+
 #include "Compiler/Frontend/Assignments.h"
 #include "Compiler/Frontend/Expressions.h"
 #include "Compiler/Frontend/GeneratedFunctions.h"
@@ -37,6 +40,8 @@ struct Access {
   SemBase* code;
   TacAddr const* base;
   SourceLocation where;
+  // The structures an EndianSwap is inside, outermost first.
+  std::vector<StructureSymbol*>* swapping = nullptr;
 
   TacAddr const* Temp(IRDataType const& type) {
     return code->NewTemp(type, &where)->GetAddr();
@@ -237,7 +242,12 @@ void SwapArray(Access& a, StructureFieldSymbol* field, long at) {
   a.code->AddLine(kTacIfLTI, gTacZero, left, top);
 }
 
+// A structure that holds itself has had its error (118) and is not walked
+// into again.
 void SwapStructure(Access& a, StructureSymbol* structure, long at) {
+  std::vector<StructureSymbol*>& path = *a.swapping;
+  if (std::find(path.begin(), path.end(), structure) != path.end()) return;
+  path.push_back(structure);
   FieldSymbolIterator f = structure->IterateFields();
   while (f.Next()) {
     StructureFieldSymbol* field = f.Value();
@@ -249,6 +259,7 @@ void SwapStructure(Access& a, StructureSymbol* structure, long at) {
     }
     SwapArray(a, field, start);
   }
+  path.pop_back();
 }
 
 }  // namespace
@@ -269,6 +280,8 @@ SemBase* StructureScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
   }
   if (name == string(kEndianSwapName) && !args && !assignValue) {
     a.base = StructureAddress(expr, a.code);
+    std::vector<StructureSymbol*> path;
+    a.swapping = &path;
     SwapStructure(a, structure, 0);
     return a.code;
   }
