@@ -205,8 +205,10 @@ SemBase* StringValue(Access& a, StructureSymbol* structure,
 void SwapStructure(Access& a, StructureSymbol* structure, long at);
 
 // Reverses the bytes of one value of `type` at `at`; bytes and strings
-// stay as they are.
+// stay as they are, and so does a field whose type could not be read (its
+// error is reported where it is declared).
 void SwapValue(Access& a, IRDataType const& type, long at) {
+  if (type.GetMainType() == kNoType) return;
   if (type.GetMainType() == kStructureType) {
     TypeSymbol* decl = type.Declaration();
     SwapStructure(a, static_cast<StructureSymbol*>(decl), at);
