@@ -20,6 +20,8 @@ void RequestYield(VELDObject instance) {
   if (me->mInterface) me->mInterface->RequestYield();
 }
 
+int32_t YieldNow() { return RuntimeYieldFromCall() ? 1 : 0; }
+
 void RaiseScriptException(char const* className, char const* message) {
   RaiseNamedException(className && *className ? className : "RuntimeException",
                       string(message));
@@ -56,6 +58,7 @@ QuorlEngineOperations const kOperations = {
     CallFunction,
     RaiseStopNow,
     RequestYield,
+    YieldNow,
 };
 
 }  // namespace

@@ -43,6 +43,7 @@ void* Tick(void* argument) {
   for (;;) {
     ticker->wake.wait(hold, [ticker] { return !ticker->running.empty(); });
     ticker->wake.wait_for(hold, kYieldTick);
+    gYieldTicks.fetch_add(1, std::memory_order_relaxed);
     for (VELDObject instance : ticker->running)
       Host().engine->mRequestYield(instance);
   }
@@ -68,6 +69,18 @@ Ticker& ProcessTicker() {
 }
 
 }  // namespace
+
+std::atomic<unsigned> gYieldTicks{0};
+thread_local unsigned tServedYieldTick = 0;
+
+bool YieldFromLibraryCall() {
+  tServedYieldTick = gYieldTicks.load(std::memory_order_relaxed);
+  QuorlEngineOperations const* engine = Host().engine;
+  if (!engine || engine->mSize <= offsetof(QuorlEngineOperations, mYieldNow) ||
+      !engine->mYieldNow)
+    return false;
+  return engine->mYieldNow() != 0;
+}
 
 YieldTicks::YieldTicks(VELDObject instance) {
   if (!instance || !Host().options.yieldHook || !EngineTakesRequests()) return;

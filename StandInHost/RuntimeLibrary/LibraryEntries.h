@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "Common/ObjectModel/RuntimeExceptionFoundation.h"
+#include "StandInHost/YieldTicker.h"
 
 namespace quorl {
 namespace standin {
@@ -24,12 +25,15 @@ using LibraryEntries = std::vector<LibraryEntry>;
 // Calls a library function for a script. A C++ container or string that
 // cannot grow inside it must not unwind through the script's frames, which
 // have no unwind tables: the failure becomes the script's
-// OutOfMemoryException, raised once the C++ exception is gone.
+// OutOfMemoryException, raised once the C++ exception is gone. A yield the
+// host has asked for is taken first, so that a script spending its time
+// in the library yields on time.
 template <auto function>
-struct AllocationGuard;
+struct LibraryCall;
 template <class Result, class... Arguments, Result (*function)(Arguments...)>
-struct AllocationGuard<function> {
+struct LibraryCall<function> {
   static Result Call(Arguments... arguments) {
+    if (YieldIsDue() && YieldFromLibraryCall()) return Result();
     try {
       return function(arguments...);
     } catch (std::bad_alloc const&) {
@@ -39,10 +43,11 @@ struct AllocationGuard<function> {
   }
 };
 
-// An entry of one of the host's own library functions, behind its guard.
+// An entry of one of the host's own library functions, called through
+// LibraryCall.
 template <auto function>
 LibraryEntry Entry(char const* name) {
-  return {name, reinterpret_cast<void*>(&AllocationGuard<function>::Call)};
+  return {name, reinterpret_cast<void*>(&LibraryCall<function>::Call)};
 }
 
 // An entry of an engine runtime function with C linkage under its own
