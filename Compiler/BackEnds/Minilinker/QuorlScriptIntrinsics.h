@@ -66,6 +66,10 @@ void UnhandledException(RuntimeObject* exception);
 void RuntimeYield();
 // Raises the stack overflow when the stack has grown below the limit.
 void RuntimeCheckStack();
+// Calls `body(data)` so that a runaway stack overflow (see
+// RuntimeCheckStack) can end it from any depth: answers the exception that
+// did, with its reference, or null when the body returned.
+RuntimeObject* CallEndingRunaways(void (*body)(void*), void* data);
 // A script has no debugger: these do nothing.
 void RuntimeDebugEntry();
 void RemoteDebuggerStartup();

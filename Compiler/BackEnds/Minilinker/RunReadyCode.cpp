@@ -103,7 +103,16 @@ void RunReadyCode::Run(QuorlScriptCorrespondent* correspondent) {
   SetRuntimeCode(this);
   SetScriptCodeBounds(RunningCodeBounds);
   // The main body is where the raiser's walk up the frames stops.
-  CallAtFrameChainEnd(mEntrypoint);
+  ScriptEntrypoint entrypoint = mEntrypoint;
+  RuntimeObject* runaway = CallEndingRunaways(
+      [](void* main) {
+        CallAtFrameChainEnd(reinterpret_cast<ScriptEntrypoint>(main));
+      },
+      reinterpret_cast<void*>(entrypoint));
+  if (runaway) {
+    UnhandledException(runaway);
+    RuntimeUnlockObject(runaway);
+  }
   ExitQuorlScriptRuntime();
   if (backup) memcpy(mGlobals->Buffer(), backup->Buffer(), backup->Length());
 }
@@ -122,17 +131,38 @@ bool RunReadyCode::Call(QuorlScriptCorrespondent* correspondent, void* entry,
   SetRuntimeCode(this);
   SetScriptCodeBounds(RunningCodeBounds);
   RuntimeInit();
-  RuntimeObject* raised = nullptr;
-  double floatResult = 0;
-  if (void* initialize = FunctionEntry(string("% initialize")))
-    CallScriptEntry(initialize, arguments.mWords, 0, nullptr, &raised);
-  unsigned long long result = 0;
-  if (!raised)
-    result = CallScriptEntry(entry, arguments.mWords, kind == kResultOnFloatStack,
-                             &floatResult, &raised);
-  RuntimeObject* raisedLater = nullptr;
-  if (void* finalize = FunctionEntry(string("% finalize")))
-    CallScriptEntry(finalize, arguments.mWords, 0, nullptr, &raisedLater);
+  struct HostCall {
+    void* initialize;
+    void* entry;
+    void* finalize;
+    ArgumentWords const* arguments;
+    bool onFloatStack;
+    RuntimeObject* raised = nullptr;
+    RuntimeObject* raisedLater = nullptr;
+    double floatResult = 0;
+    unsigned long long result = 0;
+  } call = {FunctionEntry(string("% initialize")), entry,
+            FunctionEntry(string("% finalize")), &arguments,
+            kind == kResultOnFloatStack};
+  RuntimeObject* runaway = CallEndingRunaways(
+      [](void* data) {
+        HostCall& c = *static_cast<HostCall*>(data);
+        unsigned long const* words = c.arguments->mWords;
+        if (c.initialize)
+          CallScriptEntry(c.initialize, words, 0, nullptr, &c.raised);
+        if (!c.raised)
+          c.result = CallScriptEntry(c.entry, words, c.onFloatStack,
+                                     &c.floatResult, &c.raised);
+        if (c.finalize)
+          CallScriptEntry(c.finalize, words, 0, nullptr, &c.raisedLater);
+      },
+      &call);
+  if (runaway && !call.raised) call.raised = runaway;
+  else if (runaway) RuntimeUnlockObject(runaway);
+  RuntimeObject* raised = call.raised;
+  RuntimeObject* raisedLater = call.raisedLater;
+  unsigned long long result = call.result;
+  double floatResult = call.floatResult;
   if (raised) {
     UnhandledException(raised);
     RuntimeUnlockObject(raised);

@@ -1,5 +1,7 @@
 // The runtime's exceptions as the running script meets them: their
 // classes, what happens to one nobody catches, and the stack check.
+#include <setjmp.h>
+
 #include "Common/ObjectModel/RuntimeExceptionFoundation.h"
 #include "Common/ObjectModel/RuntimeExceptionObjects.h"
 #include "Compiler/BackEnds/Minilinker/QuorlScriptIntrinsics.h"
@@ -10,6 +12,18 @@ namespace {
 
 char const kRootExceptionName[] = "RuntimeException";
 char const kStackOverflowName[] = "StackOverflowException";
+// How far below the stack limit handlers may go on calling before an
+// overflow ends the run (see RuntimeCheckStack).
+unsigned long const kRunawayDepth = 64 * 1024;
+
+// Where a runaway overflow ends the innermost run or host call on this
+// thread; each one links the one it runs inside.
+struct RunawayEnd {
+  jmp_buf where;
+  RuntimeObject* exception = nullptr;
+  RunawayEnd* outer = nullptr;
+};
+thread_local RunawayEnd* tRunawayEnd;
 char const kStackOverflowMessage[] =
     "The stack overflowed: calls were nested too deeply";
 
@@ -92,6 +106,21 @@ RuntimeClass* FindNamedClass(char const* name) {
   if (RuntimeClass* cls = ListedClassNamed(name)) return cls;
   RuntimeClass* root = RootExceptionClass();
   return root ? NewExceptionClass(name, root) : nullptr;
+}
+
+// An exception of the class of that name, with the message; a name that a
+// class of the script's already has, one that is no exception, makes a
+// plain RuntimeException instead. Null when the heap refuses.
+RuntimeObject* NewNamedException(char const* className, string const& message) {
+  RuntimeClass* cls = FindNamedClass(className);
+  RuntimeObject* exception = cls ? RuntimeNewObject(cls) : nullptr;
+  if (exception && !IsExceptionObject(exception)) {
+    RuntimeUnlockObject(exception);
+    cls = RootExceptionClass();
+    exception = cls ? RuntimeNewObject(cls) : nullptr;
+  }
+  if (exception) SetRuntimeExceptionMessage(exception, message);
+  return exception;
 }
 
 // The report for an exception of the runtime's own that nobody caught,
@@ -193,12 +222,38 @@ void UnhandledException(RuntimeObject* exception) {
 // from the runtime, this returns to the running code afterwards. The limit
 // lies well above the end of the real stack, so the exception can still be
 // made here.
+//
+// Handlers run below the limit, and one may call on (a Finally that calls
+// the function it belongs to), each call raising the overflow anew one
+// frame deeper. Past kRunawayDepth below the limit the overflow therefore
+// ends the whole run (or host call) at once, as an uncaught overflow: the
+// frames between are dropped with what they hold, their handlers unrun,
+// and the process lives on.
 __attribute__((noinline)) void RuntimeCheckStack() {
   unsigned long limit = GetRuntimeStackLimit();
   char probe = 0;
   unsigned long stackPointer = reinterpret_cast<unsigned long>(&probe);
   if (!limit || stackPointer >= limit) return;
-  RaiseNamedException(kStackOverflowName, string(kStackOverflowMessage));
+  RuntimeObject* exception =
+      NewNamedException(kStackOverflowName, string(kStackOverflowMessage));
+  if (!exception) return;
+  RunawayEnd* end = tRunawayEnd;
+  if (end && stackPointer + kRunawayDepth < limit) {
+    NoteRaiseSite(exception);
+    end->exception = exception;
+    longjmp(end->where, 1);
+  }
+  RuntimeRaiseException(exception);
+  RuntimeUnlockObject(exception);
+}
+
+RuntimeObject* CallEndingRunaways(void (*body)(void*), void* data) {
+  RunawayEnd end;
+  end.outer = tRunawayEnd;
+  tRunawayEnd = &end;
+  if (setjmp(end.where) == 0) body(data);
+  tRunawayEnd = end.outer;
+  return static_cast<RunawayEnd volatile&>(end).exception;
 }
 
 RuntimeObject* StopExceptionObject() {
@@ -217,19 +272,10 @@ string RuntimeExceptionMessage(RuntimeObject* exception) {
 }
 
 // The raise takes its own reference; the handler that stores the exception
-// takes another, so the one made here is dropped at once. A name that a
-// class of the script's already has, one that is no exception, raises a
-// plain RuntimeException instead.
+// takes another, so the one made here is dropped at once.
 void RaiseNamedException(char const* className, string const& message) {
-  RuntimeClass* cls = FindNamedClass(className);
-  RuntimeObject* exception = cls ? RuntimeNewObject(cls) : nullptr;
-  if (exception && !IsExceptionObject(exception)) {
-    RuntimeUnlockObject(exception);
-    cls = RootExceptionClass();
-    exception = cls ? RuntimeNewObject(cls) : nullptr;
-  }
+  RuntimeObject* exception = NewNamedException(className, message);
   if (!exception) return;
-  SetRuntimeExceptionMessage(exception, message);
   RuntimeRaiseException(exception);
   RuntimeUnlockObject(exception);
 }
