@@ -186,11 +186,23 @@ SemCode* NewCallCode(MethodSymbol* target) {
   return code;
 }
 
+// A method called on a base that is no object has had its error already
+// (one called where there is no Self, as in a field's initialiser).
+bool BaseIsNoObject(MethodSymbol* target, SemBase* base) {
+  MethodSymbol::DispatchMethod how = target->GetDispatchMethod();
+  if (!base || (how != MethodSymbol::Normal && how != MethodSymbol::Virtual &&
+                how != MethodSymbol::Event))
+    return false;
+  return StripReference(base->GetType()).GetMainType() != kObjectType &&
+         gContext->mErrorFlag;
+}
+
 }  // namespace
 
 SemBase* CompileCall(MethodSymbol* target, SemBase* base, SemBase* args) {
   QASSERT(target);
   SemCode* code = NewCallCode(target);
+  if (BaseIsNoObject(target, base)) return code;
   TacAddr const* result = code->GetAddr();
   switch (target->GetDispatchMethod()) {
     case MethodSymbol::Normal:
