@@ -6,6 +6,7 @@
 #include "Compiler/Frontend/Lexer.h"
 #include "Compiler/Frontend/ParserError.h"
 #include "Compiler/Frontend/MethodDelegates.h"
+#include "Compiler/Frontend/NilChecks.h"
 #include "Compiler/Frontend/SrcContext.h"
 #include "Compiler/Frontend/SymbolUtilities.h"
 #include "Compiler/Frontend/TypeConversions.h"
@@ -151,7 +152,8 @@ SemBase* CompileClassReference(SemBase* type) {
 SemBase* CompileLookupClassOfExpression(SemBase* expr) {
   QASSERT(expr);
   SemBase* code = SemCode::New(IRDataType(kClassType), &expr->Location());
-  SemBase* object = CompileRefAs(expr, IRDataType(kObjectType), code);
+  SemBase* object =
+      CompileRefAs(CheckForNilObject(expr), IRDataType(kObjectType), code);
   TacAddr const* offset = CurrentTLP()->GetLiteral(kObjectClassOffset, kSInt32Type);
   code->AddLine(kTacPeek, object->GetAddr(), offset, code->GetAddr());
   return code;
