@@ -6,6 +6,8 @@
 #include <stdint.h>
 #include <string.h>
 
+#include <vector>
+
 #include "Common/ObjectModel/RuntimeExceptionFoundation.h"
 #include "Universal/Assertion.h"
 #include "Universal/Encodings.h"
@@ -198,13 +200,16 @@ void RuntimeSetStructurePString(void* base, long offset, long size,
   FillField(field + 1, size - 1, text.CString(), count);
 }
 
+// Structures are packed, so the field may start at an odd address: its
+// units are copied out before they are read as 16-bit values.
 stringStorage* RuntimeGetStructureWString(void* base, long offset, long size) {
-  unsigned short const* units =
-      reinterpret_cast<unsigned short const*>(FieldAddress(base, offset));
+  char const* field = FieldAddress(base, offset);
+  std::vector<unsigned short> units(size > 1 ? size / 2 : 0);
+  if (!units.empty()) memcpy(units.data(), field, units.size() * 2);
   long count = 0;
-  while (count < size / 2 && units[count] != 0) count++;
+  while (count < long(units.size()) && units[count] != 0) count++;
   string wide;
-  wide.ConstructFromUTF16String(units, count);
+  wide.ConstructFromUTF16String(units.data(), count);
   if (wide.IsEmpty()) return nullptr;
   return HandOut(ConvertEncoding(wide, kEncodingUTF8));
 }
