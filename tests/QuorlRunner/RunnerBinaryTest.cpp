@@ -6,6 +6,7 @@
 #include <fstream>
 #include <sstream>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -264,45 +265,45 @@ TEST_F(RunnerBinary, OneSecondIsSingular) {
   EXPECT_EQ(outcome.err, "quorl: spin.bas: stopped after the time limit of 1 second\n");
 }
 
-// --debug-symbols lists the tables instead of running the script; a script
-// that does not compile lists nothing.
+// --debug-symbols lists the tables instead of running the script (a
+// structure declared in a class under the class's name, apart from one of
+// the same name outside it); a script that does not compile lists nothing.
+struct DebugListing {
+  char const* source;
+  std::vector<char const*> lines;
+};
+
 TEST_F(RunnerBinary, DebugSymbolsListTheTablesWithoutRunning) {
-  WriteFile("tables.bas",
-            "Dim gCount As Integer\n"
-            "Function Twice(n As Integer) As Integer\n"
-            "  Dim doubled As Integer = n * 2\n"
-            "  Return doubled\n"
-            "End Function\n"
-            "Print Str(Twice(gCount))\n");
-  Outcome outcome = Run("--debug-symbols tables.bas");
-  EXPECT_EQ(outcome.status, 0) << outcome.err;
-  EXPECT_FALSE(Contains(outcome.out, "\n0\n")) << "the script must not run";
-  for (char const* line : {"functions\n", "\n  Twice  code ", ", lines 2-5, parameters 4 bytes\n",
-                           "locals\n  Twice (lines 2-5)\n    n As Int32, frame offset ",
-                           "    doubled As Int32, frame offset ",
-                           "globals\n  gCount As Int32, data offset "})
-    EXPECT_TRUE(Contains(outcome.out, line)) << line << "\n" << outcome.out;
+  DebugListing const listings[] = {
+      {"Dim gCount As Integer\n"
+       "Function Twice(n As Integer) As Integer\n"
+       "  Dim doubled As Integer = n * 2\n"
+       "  Return doubled\n"
+       "End Function\n"
+       "Print Str(Twice(gCount))\n",
+       {"functions\n", "\n  Twice  code ", ", lines 2-5, parameters 4 bytes\n",
+        "locals\n  Twice (lines 2-5)\n    n As Int32, frame offset ",
+        "    doubled As Int32, frame offset ", "globals\n  gCount As Int32, data offset "}},
+      {"Module Plane\n  Structure Point\n    Z As Int8\n  End Structure\n"
+       "End Module\n"
+       "Class Shape\n  Structure Point\n    X As Int16\n    Y As Int16\n"
+       "  End Structure\n  Dim Corner As Point\nEnd Class\n",
+       {"  Shape.Point\n    X As Int16, field offset 0 (2 bytes)\n"
+        "    Y As Int16, field offset 2 (2 bytes)\n",
+        "  Point\n    Z As Int8, field offset 0 (1 bytes)\n", "Corner As Shape.Point"}},
+  };
+  for (DebugListing const& listing : listings) {
+    WriteFile("tables.bas", listing.source);
+    Outcome outcome = Run("--debug-symbols tables.bas");
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_FALSE(Contains(outcome.out, "\n0\n")) << "the script must not run";
+    for (char const* line : listing.lines)
+      EXPECT_TRUE(Contains(outcome.out, line)) << line << "\n" << outcome.out;
+  }
   WriteFile("broken.bas", "Print Nothing\n");
   Outcome broken = Run("--debug-symbols broken.bas");
   EXPECT_EQ(broken.status, 1);
   EXPECT_EQ(broken.out, "");
-}
-
-// A structure declared in a class has its table under the class's name,
-// apart from a structure of the same name outside it.
-TEST_F(RunnerBinary, DebugSymbolsNameClassStructuresThroughTheClass) {
-  WriteFile("nested.bas",
-            "Module Plane\n  Structure Point\n    Z As Int8\n  End Structure\n"
-            "End Module\n"
-            "Class Shape\n  Structure Point\n    X As Int16\n    Y As Int16\n"
-            "  End Structure\n  Dim Corner As Point\nEnd Class\n");
-  Outcome outcome = Run("--debug-symbols nested.bas");
-  EXPECT_EQ(outcome.status, 0) << outcome.err;
-  for (char const* line : {"  Shape.Point\n    X As Int16, field offset 0 (2 bytes)\n"
-                           "    Y As Int16, field offset 2 (2 bytes)\n",
-                           "  Point\n    Z As Int8, field offset 0 (1 bytes)\n",
-                           "Corner As Shape.Point"})
-    EXPECT_TRUE(Contains(outcome.out, line)) << line << "\n" << outcome.out;
 }
 
 }  // namespace
