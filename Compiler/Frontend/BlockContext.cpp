@@ -193,6 +193,17 @@ BlockContext const& BlockContextList::Top() const {
   return mBlocks[Depth() - 1];
 }
 
+TacAddr const* BlockContextList::MoveMethodExit() {
+  for (unsigned long i = Depth(); i-- > 0;) {
+    BlockContext& block = mBlocks[i];
+    if (!block.IsMethod() || !block.HasExitAddr()) continue;
+    TacAddr const* old = block.GetExitAddr();
+    block.SetExitAddr(NewLabel());
+    return old;
+  }
+  return nullptr;
+}
+
 MethodSymbol* BlockContextList::CurrentMethod() const {
   return static_cast<MethodSymbol*>(FindBlockSymbol(Symbol::kMethod));
 }

@@ -54,6 +54,7 @@ class BlockContext {
   bool HasExitAddr() const { return mExitAddr != nilTacAddr; }
   bool HasContinueAddr() const { return mContinueAddr != nilTacAddr; }
   TacAddr const* GetExitAddr() const;
+  void SetExitAddr(TacAddr const* exit) { mExitAddr = exit; }
   TacAddr const* GetContinueAddr() const;
   bool IsLoop() const;
   bool IsMethod() const;
@@ -93,6 +94,11 @@ class BlockContextList {
   // for a Continue of a block type that does not loop).
   TacAddr const* FindExitAddr(BlockContext::Type type, SemBase* ident);
   TacAddr const* FindContinueAddr(BlockContext::Type type, SemBase* ident);
+  // Gives the innermost method a fresh exit label and answers its old one,
+  // or null outside a method. A method's own Finally runs from the old
+  // one, so that a Return before it runs the Finally on its way out, while
+  // a Return inside the Finally leaves past it.
+  TacAddr const* MoveMethodExit();
   // The selector of the innermost Select Case; one must be open.
   SemBase* TopSelectExpr() const;
   void ClearTopSelectExpr();

@@ -103,6 +103,9 @@ struct OpenTry {
 // Emptied at the end of every compilation (a syntax error may leave a Try
 // open).
 SimpleVector<OpenTry> sOpenTries;
+// The label before the Finally of the method being compiled, from the
+// Finally's first line until the method body is put together.
+TacAddr const* sMethodFinallyEntry = nullptr;
 
 long LabelNumber(TacAddr const* label) {
   return long(label->GetValue()->uSInt32);
@@ -215,10 +218,27 @@ SemBase* CompileTry() {
 }
 
 void EnterFinallyBlock() {
-  if (sOpenTries.size() > 0) sOpenTries.peek_back().inFinally = true;
+  if (sOpenTries.size() > 0) {
+    sOpenTries.peek_back().inFinally = true;
+    return;
+  }
+  sMethodFinallyEntry = gContext->blocks.MoveMethodExit();
 }
 
-void ForgetOpenTries() { sOpenTries.deleteAll(); }
+SemBase* PlaceMethodFinally(SemBase* finallyCode) {
+  TacAddr const* entry = sMethodFinallyEntry;
+  sMethodFinallyEntry = nullptr;
+  if (!entry) return finallyCode;
+  SemBase* code = SemCode::New(IRDataType(), nullptr);
+  EmitLabel(code, entry);
+  if (finallyCode) code->Append(finallyCode);
+  return code;
+}
+
+void ForgetOpenTries() {
+  sOpenTries.deleteAll();
+  sMethodFinallyEntry = nullptr;
+}
 
 SemBase* CompileEndTry(SemBase* tryCode, SemBase* handlers,
                        SemBase* finallyCode) {

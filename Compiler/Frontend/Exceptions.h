@@ -24,6 +24,9 @@ SemBase* CompileEndTry(SemBase* tryCode, SemBase* handlers,
 // finally_block: Finally EOL [here] block. A jump out of the Finally leaves
 // its Try without running the Finally again.
 void EnterFinallyBlock();
+// method_body: a method's own Finally (or null) behind the label where
+// the method's Returns before it go, so that they run it.
+SemBase* PlaceMethodFinally(SemBase* finallyCode);
 // At the end of a compilation: no Try is open any more.
 void ForgetOpenTries();
 // A jump to `target` for Return, Exit and Continue: when it leaves a Try,

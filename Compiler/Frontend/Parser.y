@@ -268,7 +268,7 @@ method_name
 
 method_body
   : opt_statements exception_handlers opt_finally
-      { $$ = ConcatCode(ConcatCode($1, $2), $3); }
+      { $$ = ConcatCode(ConcatCode($1, $2), PlaceMethodFinally($3)); }
   ;
 
 /* ------------------------------------------------------------------ types */
