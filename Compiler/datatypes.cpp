@@ -104,9 +104,12 @@ unsigned IRDataType::GetDimensions() const {
 }
 
 // Bytes of one value in storage. Handles, pointers and references are one
-// 32-bit word; a structure is as large as its declaration says.
+// 32-bit word; a structure is as large as its declaration says. No type
+// (a declaration whose type did not read, already reported) takes none.
 unsigned long IRDataType::StorageSize() const {
   switch (mMainType) {
+    case kNoType:
+      return 0;
     case kBooleanType:
     case kSInt8Type:
     case kUInt8Type:
