@@ -8,6 +8,7 @@
 #include "Compiler/Frontend/LexerTokens.h"
 #include "Compiler/Frontend/ParserError.h"
 #include "Compiler/Frontend/SrcContext.h"
+#include "Compiler/Frontend/StringSums.h"
 #include "Compiler/Frontend/SymbolUtilities.h"
 #include "Compiler/Intrinsics.h"
 #include "Compiler/SemBase.h"
@@ -160,6 +161,7 @@ void CollectTopItem(SemBase* item, SemBase* lookahead) {
       gContext->mTopStatements->Append(each);
   });
   if (gContext->mErrorFlag) return;
+  ForgetLastStringSum();
   SemBase::ReleaseNewerThanExcept(gContext->mTopItemMark, lookahead,
                                   kNullSemBase);
   gContext->mTopItemMark = SemBase::LiveCount();

@@ -12,6 +12,7 @@
 #include "Compiler/CompilationState.h"
 #include "Compiler/Frontend/BlockContext.h"
 #include "Compiler/Frontend/LanguageOptions.h"
+#include "Compiler/Frontend/StringSums.h"
 #include "Compiler/Frontend/SyntaxRecovery.h"
 #include "Compiler/Frontend/TacLiteralPool.h"
 #include "Compiler/InterRep.h"
@@ -74,6 +75,7 @@ class SrcContext : public TacLiteralPool, public CompilationState {
   long mConditionalDepth;                 // open #if blocks
   SimpleVector<bool> mConditionalStack;   // per #if: a branch was taken
   SemCode* mStubCode;  // invoker stubs, appended last
+  StringSumLines mLastStringSum;  // what the next + of a chain may extend
   StringSet mInvokerStubNames;  // the stubs made so far, each made once
   // The delegate types that AddressOf makes for bare methods; owned.
   SimpleVector<DelegateSymbol*> mImplicitDelegateTypes;

@@ -127,4 +127,25 @@ TEST(CompileWork, AnExpressionOfManyVariablesCompilesInLinearWork) {
   }, 2000);
 }
 
+// Each body finds its declaration among the overloads by its line, and
+// the check for two bodies of one signature looks up its link name.
+TEST(CompileWork, OverloadsOfOneNameCompileInLinearWork) {
+  ExpectLinear([](int n) {
+    return Lines(n, [](int i) {
+      std::string type = "C" + std::to_string(i);
+      return "Class " + type + "\nEnd Class\nSub S(x As " + type + ")\nEnd Sub";
+    });
+  }, 500);
+}
+
+// The chain extends the lines of its sum in place instead of taking all
+// its pieces off and writing them again for each +.
+TEST(CompileWork, ALongStringSumCompilesInLinearWork) {
+  ExpectLinear([](int n) {
+    std::string sum = "Dim s As String = x";
+    for (int i = 0; i < n; i++) sum += " + x";
+    return "Dim x As String = \"ab\"\n" + sum + "\nPrint s\n";
+  }, 2000);
+}
+
 }  // namespace
