@@ -15,7 +15,8 @@ SrcContext* gContext = nullptr;
 SrcContext::SrcContext()
     : mDelegate(nullptr), mSymbols(nullptr), mProgramCode(nullptr),
       mTopStatements(nullptr), mTopFunctions(nullptr), mTopItemMark(0),
-      mConditionalDepth(0), mStubCode(nullptr), mLibrary(0), mBigEndian(0),
+      mConditionalDepth(0), mStubCode(nullptr),
+      mMainBodyTable(nullptr), mMainBodyTableIndex(0), mLibrary(0), mBigEndian(0),
       mStaticClassData(0), mScriptMode(0), mErrorFlag(0), mNextLabel(1),
       mNextID(1) {
   QASSERT(NULL == gContext);

@@ -76,6 +76,10 @@ class SrcContext : public TacLiteralPool, public CompilationState {
   SimpleVector<bool> mConditionalStack;   // per #if: a branch was taken
   SemCode* mStubCode;  // invoker stubs, appended last
   StringSumLines mLastStringSum;  // what the next + of a chain may extend
+  // The main body's local table and its place in mTables; null until the
+  // first handler or the program's assembly asks for it.
+  LocalSymbolTable* mMainBodyTable;
+  unsigned long mMainBodyTableIndex;
   StringSet mInvokerStubNames;  // the stubs made so far, each made once
   // The delegate types that AddressOf makes for bare methods; owned.
   SimpleVector<DelegateSymbol*> mImplicitDelegateTypes;

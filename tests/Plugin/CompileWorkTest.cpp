@@ -138,6 +138,17 @@ TEST(CompileWork, OverloadsOfOneNameCompileInLinearWork) {
   }, 500);
 }
 
+// Every top-level handler finds the main body's table, remembered once
+// made, not searched for among the tables of all the functions.
+TEST(CompileWork, TopLevelHandlersAfterManyFunctionsCompileInLinearWork) {
+  ExpectLinear([](int n) {
+    return Lines(n, [](int i) { return "Sub S" + std::to_string(i) + "()\nEnd Sub"; }) +
+           Lines(n, [](int i) {
+             return "Try\n  S" + std::to_string(i) + "\nCatch\nEnd Try";
+           });
+  }, 500);
+}
+
 // The chain extends the lines of its sum in place instead of taking all
 // its pieces off and writing them again for each +.
 TEST(CompileWork, ALongStringSumCompilesInLinearWork) {
