@@ -2,6 +2,7 @@
 
 #include "Compiler/SymbolTable/GlobalSymbolTable.h"
 #include "Compiler/SymbolTable/LocalSymbolTable.h"
+#include "Compiler/SymbolTable/NameMangler.h"
 #include "Universal/Assertion.h"
 
 namespace {
@@ -74,6 +75,21 @@ DebuggerSymbolTable* StoredPropertiesTable(PropertySymbolIterator properties,
   return table;
 }
 
+// A structure declared in a class is keyed through it: "Shape.Point".
+void ConvertStructureDeclarationTable(StructureSymbol* structure,
+                                      string const& name,
+                                      DebuggerCodeModuleData* data) {
+  DebuggerSymbolTable* table = DebuggerSymbolTable::New(name);
+  FieldSymbolIterator fields = structure->IterateFields();
+  while (fields.Next()) {
+    StructureFieldSymbol* field = fields.Value();
+    table->AddEntry(MakeSymbol(field->Name(), field->GetType(),
+                               kBaseRelativeDataStorage, field->mOffset,
+                               string()));
+  }
+  KeepKeyed(data->mStructureTables, table);
+}
+
 void ConvertClassDeclarationTable(ClassSymbol* cls, DebuggerCodeModuleData* data) {
   DebuggerSymbolTable* table =
       StoredPropertiesTable(cls->IterateProperties(), cls->Name());
@@ -85,19 +101,17 @@ void ConvertClassDeclarationTable(ClassSymbol* cls, DebuggerCodeModuleData* data
   }
   KeepKeyed(data->mClassTables, table);
   ConvertConstants(cls, cls->Name(), data);
+  TypeSymbolIterator nested = cls->IterateTypes();
+  while (nested.Next())
+    if (nested.Value()->IsA(Symbol::kStructure))
+      ConvertStructureDeclarationTable(
+          static_cast<StructureSymbol*>(nested.Value()),
+          QualifyName(cls->Name(), nested.Value()->Name()), data);
 }
 
 void ConvertStructureDeclarationTable(StructureSymbol* structure,
                                       DebuggerCodeModuleData* data) {
-  DebuggerSymbolTable* table = DebuggerSymbolTable::New(structure->Name());
-  FieldSymbolIterator fields = structure->IterateFields();
-  while (fields.Next()) {
-    StructureFieldSymbol* field = fields.Value();
-    table->AddEntry(MakeSymbol(field->Name(), field->GetType(),
-                               kBaseRelativeDataStorage, field->mOffset,
-                               string()));
-  }
-  KeepKeyed(data->mStructureTables, table);
+  ConvertStructureDeclarationTable(structure, structure->Name(), data);
 }
 
 void ConvertEnumDeclaration(EnumSymbol* item, DebuggerCodeModuleData* data) {

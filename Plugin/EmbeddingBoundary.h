@@ -132,6 +132,15 @@ struct QuorlEngineOperations {
   // there, as a stop asked for by mRequestStop would at the next yield.
   // The host function must return at once; its result is ignored.
   void (*mStopNow)();
+  // Has the running script call the host ("VELDYieldToQuorl") at its next
+  // loop pass or call, which otherwise may come only after many passes.
+  // Any thread may call it while the instance lives.
+  void (*mRequestYield)(VELDObject instance);
+  // Gives the host its turn now ("VELDYieldToQuorl"), from a library or
+  // host function that the running script called, as a loop pass would.
+  // Answers nonzero when a stop is on its way back into the script: the
+  // function must then return at once; its result is ignored.
+  int32_t (*mYieldNow)();
 };
 
 // "QuorlTakeEngineOperations": the host keeps the table (it lives as long

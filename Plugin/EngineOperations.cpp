@@ -14,6 +14,14 @@ void RequestStop(VELDObject instance) {
   if (me->mInterface) me->mInterface->RequestStop();
 }
 
+void RequestYield(VELDObject instance) {
+  if (!instance) return;
+  QuorlScriptData* me = QuorlScriptDataOf(instance);
+  if (me->mInterface) me->mInterface->RequestYield();
+}
+
+int32_t YieldNow() { return RuntimeYieldFromCall() ? 1 : 0; }
+
 void RaiseScriptException(char const* className, char const* message) {
   RaiseNamedException(className && *className ? className : "RuntimeException",
                       string(message));
@@ -49,6 +57,8 @@ QuorlEngineOperations const kOperations = {
     RaiseScriptException,
     CallFunction,
     RaiseStopNow,
+    RequestYield,
+    YieldNow,
 };
 
 }  // namespace

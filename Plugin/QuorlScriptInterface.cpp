@@ -97,8 +97,15 @@ void QuorlScriptInterface::Run() {
   mStopWord = kStopNone;
 }
 
+// The stop is seen at the next yield, brought forward to the next pass.
 void QuorlScriptInterface::RequestStop() {
   if (mRunning && mStopWord == kStopNone) mStopWord = kStopRequested;
+  RequestYield();
+}
+
+void QuorlScriptInterface::RequestYield() {
+  RunReadyCode* code = mReadyCode;
+  if (mRunning && code) code->BringYieldForward();
 }
 
 // The classic report carries the number and the 0-based line; the detail

@@ -116,6 +116,10 @@ class QuorlScriptInterface : public QuorlScriptCorrespondent,
   // Asks the run in progress to stop at its next yield; nothing when no
   // run is in progress. Safe from any thread while this object lives.
   void RequestStop();
+  // Has the run in progress call the host at its next loop pass; nothing
+  // when no run is in progress. Safe from any thread while this object
+  // lives.
+  void RequestYield();
 
   // Drops the ready code, so that the next run compiles again. Every
   // operation that can change what the code means calls it first.

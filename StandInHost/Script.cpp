@@ -6,6 +6,7 @@
 #include "StandInHost/PluginCalls.h"
 #include "StandInHost/ScriptEvents.h"
 #include "StandInHost/ScriptRecords.h"
+#include "StandInHost/YieldTicker.h"
 
 namespace quorl {
 
@@ -30,6 +31,7 @@ struct Script::Impl {
     callbacks.errors.clear();
     VELDObject outer = CurrentScriptInstance();
     SetCurrentScriptInstance(instance);
+    YieldTicks ticks(instance);
     try {
       CallMethod(declaration);
     } catch (...) {
@@ -235,6 +237,7 @@ detail::CallValue Script::CallFunction(std::string const& name,
   mImpl->callbacks.errors.clear();
   VELDObject outer = CurrentScriptInstance();
   SetCurrentScriptInstance(mImpl->instance);
+  YieldTicks ticks(mImpl->instance);
   try {
     CallIntoPlugin([&] {
       if (engine && engine->mCallFunction)

@@ -170,6 +170,8 @@ stringStorage* ConvertTextUnix(stringStorage* input, unsigned long from,
                                            : to);
   iconv_t cd = (fromName && toName) ? OpenConverter(toName, fromName)
                                     : (iconv_t)-1;
+  if (cd == (iconv_t)-1 && ConvertsWithoutIconv(from, to))
+    return ConvertWithoutIconv(input, from, to);
   if (cd == (iconv_t)-1) {
     LockStringStorage(input);
     return input;

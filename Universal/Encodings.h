@@ -38,6 +38,13 @@ unsigned long GetKeyboardEncoding();
 stringStorage* ConvertTextUnix(stringStorage* input, unsigned long from,
                                unsigned long to);
 
+// UTF-8 or ASCII to UTF-16, and UTF-16 to UTF-8, done here where iconv has
+// no converter for them. ConvertWithoutIconv takes only the pairs that
+// ConvertsWithoutIconv accepts; its result is as ConvertTextUnix's.
+bool ConvertsWithoutIconv(unsigned long from, unsigned long to);
+stringStorage* ConvertWithoutIconv(stringStorage* input, unsigned long from,
+                                   unsigned long to);
+
 // `s` in the target encoding; `s` itself when the target or the tag is
 // unknown, when `s` is nil, or when it already has the target tag; nil when
 // the heap cannot hold the converted text.
@@ -98,7 +105,8 @@ void UCS2Capitalize(unsigned short* units, unsigned long count);
 // Case conversion of UTF-8 text into a new malloc'd buffer (release it with
 // free). *out receives the buffer, *outLength the byte count; the text is
 // NUL-terminated. Capitalising raises a letter at the start and after
-// whitespace and lowers the others.
+// whitespace and lowers the others. Throws std::bad_alloc when the heap
+// cannot hold the result.
 void UTF8ToUpper(unsigned char const* text, unsigned long length,
                  unsigned char** out, unsigned long* outLength);
 void UTF8ToLower(unsigned char const* text, unsigned long length,

@@ -3,6 +3,8 @@
 // Multilingual Plane have a case here; everything else maps to itself.
 #include <stdlib.h>
 
+#include <new>
+
 #include "Universal/Assertion.h"
 #include "Universal/CaseTables.h"
 #include "Universal/Encodings.h"
@@ -75,12 +77,13 @@ unsigned long CapitalMapper(unsigned long code, bool wordStart) {
 
 // Maps UTF-8 text into a fresh buffer. The buffer starts with 5 spare bytes
 // and grows whenever fewer than 5 remain, so a mapped code point (at most 4
-// bytes) and the NUL always fit.
+// bytes) and the NUL always fit. A buffer the heap cannot give throws
+// std::bad_alloc, as a C++ container would.
 void MapUTF8(unsigned char const* text, unsigned long length,
              unsigned char** out, unsigned long* outLength, CaseMapper mapper) {
   unsigned long capacity = length + 5, used = 0;
   unsigned char* buffer = static_cast<unsigned char*>(malloc(capacity));
-  QASSERT(buffer);
+  if (!buffer) throw std::bad_alloc();
   unsigned char const* p = text;
   unsigned char const* end = text + length;
   bool wordStart = true;
@@ -88,8 +91,12 @@ void MapUTF8(unsigned char const* text, unsigned long length,
     unsigned long code = DecodeWithin(&p, end);
     if (used + 5 > capacity) {
       capacity += capacity / 2 + 5;
-      buffer = static_cast<unsigned char*>(realloc(buffer, capacity));
-      QASSERT(buffer);
+      void* grown = realloc(buffer, capacity);
+      if (!grown) {
+        free(buffer);
+        throw std::bad_alloc();
+      }
+      buffer = static_cast<unsigned char*>(grown);
     }
     used += UTF8Encode(mapper(code, wordStart), buffer + used);
     wordStart = UnicodeCharIsWhitespace(code);

@@ -2,6 +2,7 @@
 // Slicing, concatenation and comparison live in their own files.
 #include "Universal/ustring.h"
 
+#include <new>
 #include <stdint.h>
 #include <stdlib.h>
 #include <string.h>
@@ -33,7 +34,7 @@ const uint32_t kLongestStringLength = UINT32_MAX - kStorageOverhead;
 stringStorage* NewStringStorage(char const* bytes, uint32_t length,
                                 uint32_t encoding) {
   stringStorage* storage = TryNewStringStorage(bytes, length, encoding);
-  QASSERT(storage);
+  if (!storage) throw std::bad_alloc();
   return storage;
 }
 

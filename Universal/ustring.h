@@ -46,6 +46,8 @@ static_assert(sizeof(stringStorage) == 20 || sizeof(void*) != 4,
 
 // Makes a fresh storage of `length` bytes with one reference. The text is
 // copied from `bytes` when given, left for the caller to fill otherwise.
+// Throws std::bad_alloc when the heap refuses the block, as a C++ container
+// would: the library's guards turn that into the script's exception.
 stringStorage* NewStringStorage(char const* bytes, uint32_t length,
                                 uint32_t encoding);
 // The longest text a storage can hold: its block, overhead included, must

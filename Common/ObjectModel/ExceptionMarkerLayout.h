@@ -21,6 +21,7 @@ enum {
 
   kMarkerJumpOpcode = 0xE9,
   kMarkerValueOffset = 5,
+  kMarkerReservedOffset = 9,   // a handler record's zero half-word
   kMarkerFrameOffset = 11,
   kMarkerResumeOffset = 13,
   kTryMarkerLength = 9,        // jump and marker

@@ -69,6 +69,20 @@ void ActivateNextExceptionHandler(RuntimeObject* exception);
 // The landing pad that a raise at `code` reaches within its function, or
 // null: regions that start after `code` are skipped whole, with their pads.
 unsigned char* FindHandlerSwitchBlock(unsigned char* code);
+// The same, for code whose function is known to end at `end`: the scan
+// does not look for the end in the bytes, where an operand may spell it.
+unsigned char* FindHandlerSwitchBlockBefore(unsigned char* code,
+                                            unsigned char const* end);
+// Answers whether `code` lies in linked script code and, if so, where the
+// function that holds it ends (null when it lies in no function).
+typedef bool (*ScriptCodeBounds)(unsigned char const* code,
+                                 unsigned char** functionEnd);
+// The walk asks this for every return address; without it, or where it
+// answers false, the end is found by the bytes.
+void SetScriptCodeBounds(ScriptCodeBounds bounds);
+// The walk remembers each return address's landing pad; whoever gives code
+// memory back, where other code may later be placed, calls this first.
+void ForgetHandlerSearches();
 // Calls `callback` for each frame from `frame` up, while the chain climbs
 // and stays at or below `limit`; stops when the callback says so. Answers
 // the frame where it stopped.

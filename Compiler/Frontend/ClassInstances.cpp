@@ -7,6 +7,7 @@
 #include "Compiler/Frontend/FunctionCalls.h"
 #include "Compiler/Frontend/Lexer.h"
 #include "Compiler/Frontend/MemberAccess.h"
+#include "Compiler/Frontend/NilChecks.h"
 #include "Compiler/SymbolTable/NameMangler.h"
 #include "Compiler/Frontend/Namespaces.h"
 #include "Compiler/Frontend/ObjectExpressions.h"
@@ -183,7 +184,7 @@ SemBase* ClassScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
                            kErrorUnknownName);
   SourceLocation where = expr->Location() + ident->Location();
   SemBase* code = SemCode::New(IRDataType(kStringType), &where);
-  SemBase* record = FlattenExpression(expr, code);
+  SemBase* record = FlattenExpression(CheckForNilObject(expr), code);
   ResetReturnTemp(code->GetAddr(), code);
   code->AddLine(kTacPeek, record->GetAddr(),
                 gContext->GetLiteral((long long)kRecordNameOffset, kSInt32Type),

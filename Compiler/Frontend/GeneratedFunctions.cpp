@@ -19,7 +19,10 @@ GeneratedFunction::GeneratedFunction(string const& linkName,
                                      unsigned long tableIndex)
     : mName(linkName), mTableIndex(tableIndex), mOwnsTable(false) {
   QASSERT(gContext);
-  QASSERT(gContext->mTables->GetTable(tableIndex) == gContext->mSymbols);
+  // A syntax error inside a member may leave that member's table open;
+  // the code made then is never generated.
+  QASSERT(gContext->mTables->GetTable(tableIndex) == gContext->mSymbols ||
+          gContext->mErrorFlag);
   mParameters = SemCode::New(IRDataType(), nullptr);
   mBody = SemCode::New(IRDataType(), nullptr);
 }

@@ -42,7 +42,8 @@ SemBase* CheckForNilObject(SemBase* object) {
   QASSERT(object);
   if (!CheckingIsOn()) return object;
   IRDataType type = StripReference(object->GetType());
-  if (type.GetMainType() != kObjectType) return object;
+  SimpleDataType main = type.GetMainType();
+  if (main != kObjectType && main != kClassType) return object;
   return GuardedValue(object, type);
 }
 

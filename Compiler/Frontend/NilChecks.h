@@ -1,5 +1,5 @@
 // Guards before a dereference: with the NilObjectChecking pragma on, a nil
-// object or array raises a NilObjectException at run time instead of
+// object, class record or array raises a NilObjectException at run time instead of
 // crashing the script.
 #ifndef COMPILER_FRONTEND_NILCHECKS_H
 #define COMPILER_FRONTEND_NILCHECKS_H
@@ -7,8 +7,8 @@
 class SemBase;
 class TacAddr;
 
-// The object expression, guarded; the expression itself when checking is
-// off or it is no object.
+// The object or class record expression, guarded; the expression itself
+// when checking is off or it is neither.
 SemBase* CheckForNilObject(SemBase* object);
 // The same for an array expression; a null expression stays null.
 SemBase* CheckForNil(SemBase* array);

@@ -536,6 +536,7 @@ scoped_member
   | func_def
   | event_decl
   | declare_statement
+  | structure_def
   ;
 
 property_member

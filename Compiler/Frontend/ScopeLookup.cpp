@@ -269,6 +269,11 @@ SemBase* StaticClassScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
     }
     if (method) return CompileCall(method, nullptr, list);
   }
+  TypeSymbol* nested = args || assignValue ? nullptr : cls->LookupType(name);
+  if (nested) {
+    if (!MayUseNestedType(cls, nested)) Error(kErrorPrivateType, where);
+    return SemNamespace::New(nested, where);
+  }
   return ReportMember(why, expr, ident, mode);
 }
 

@@ -6,6 +6,9 @@
 // swaps every field in place.
 #include "Compiler/Frontend/Structures.h"
 
+#include <algorithm>
+#include <vector>
+
 #include "Compiler/Frontend/Assignments.h"
 #include "Compiler/Frontend/Expressions.h"
 #include "Compiler/Frontend/GeneratedFunctions.h"
@@ -37,6 +40,8 @@ struct Access {
   SemBase* code;
   TacAddr const* base;
   SourceLocation where;
+  // The structures an EndianSwap is inside, outermost first.
+  std::vector<StructureSymbol*>* swapping = nullptr;
 
   TacAddr const* Temp(IRDataType const& type) {
     return code->NewTemp(type, &where)->GetAddr();
@@ -200,8 +205,10 @@ SemBase* StringValue(Access& a, StructureSymbol* structure,
 void SwapStructure(Access& a, StructureSymbol* structure, long at);
 
 // Reverses the bytes of one value of `type` at `at`; bytes and strings
-// stay as they are.
+// stay as they are, and so does a field whose type could not be read (its
+// error is reported where it is declared).
 void SwapValue(Access& a, IRDataType const& type, long at) {
+  if (type.GetMainType() == kNoType) return;
   if (type.GetMainType() == kStructureType) {
     TypeSymbol* decl = type.Declaration();
     SwapStructure(a, static_cast<StructureSymbol*>(decl), at);
@@ -237,7 +244,12 @@ void SwapArray(Access& a, StructureFieldSymbol* field, long at) {
   a.code->AddLine(kTacIfLTI, gTacZero, left, top);
 }
 
+// A structure that holds itself has had its error (118) and is not walked
+// into again.
 void SwapStructure(Access& a, StructureSymbol* structure, long at) {
+  std::vector<StructureSymbol*>& path = *a.swapping;
+  if (std::find(path.begin(), path.end(), structure) != path.end()) return;
+  path.push_back(structure);
   FieldSymbolIterator f = structure->IterateFields();
   while (f.Next()) {
     StructureFieldSymbol* field = f.Value();
@@ -249,6 +261,7 @@ void SwapStructure(Access& a, StructureSymbol* structure, long at) {
     }
     SwapArray(a, field, start);
   }
+  path.pop_back();
 }
 
 }  // namespace
@@ -269,6 +282,8 @@ SemBase* StructureScopeLookup(SemBase* expr, SemBase* ident, SemBase* args,
   }
   if (name == string(kEndianSwapName) && !args && !assignValue) {
     a.base = StructureAddress(expr, a.code);
+    std::vector<StructureSymbol*> path;
+    a.swapping = &path;
     SwapStructure(a, structure, 0);
     return a.code;
   }

@@ -47,8 +47,10 @@ SemBase* BasicType(int token) {
 IRDataType ResolveType(string const& name) {
   IRDataType type = IRDataType::Lookup(name);
   if (IsUsable(type) || !gContext) return type;
+  ClassSymbol* cls = gContext->blocks.CurrentClass();
+  TypeSymbol* decl = cls ? cls->LookupType(name) : nullptr;
   ModuleSymbol* module = gContext->blocks.CurrentModule();
-  TypeSymbol* decl = module ? module->LookupType(name) : nullptr;
+  if (!decl && module) decl = module->LookupType(name);
   return decl ? DeclaredType(decl) : type;
 }
 
@@ -61,34 +63,86 @@ SemBase* CompileType(SemBase* ident) {
 
 namespace {
 
-// The module that the dotted prefix names, or null after a report.
-ModuleSymbol* PrefixModule(SemBase* prefix) {
-  ModuleSymbol* module = gContext->blocks.Root();
-  SemBase* first = prefix->IsList() ? prefix->GetContents() : prefix;
-  for (SemBase* item = first; item && module;
-       item = prefix->IsList() ? item->GetNext() : nullptr) {
-    ModuleSymbol* inner = module->LookupModule(item->toString());
-    if (!inner) {
-      Error(kErrorUnknownName, item->Location());
-      return nullptr;
-    }
-    if (inner->GetScope() == MemberSymbol::kPrivate)
-      Error(kErrorPrivateModule, item->Location());
-    module = inner;
-  }
-  return module;
+// What a dotted prefix names: a module, and maybe a class in it whose
+// nested types the last name picks from.
+struct TypeOwner {
+  ModuleSymbol* module;
+  ClassSymbol* cls;
+};
+
+ClassSymbol* AsClass(TypeSymbol* type) {
+  return type && type->IsA(Symbol::kClass) ? static_cast<ClassSymbol*>(type)
+                                           : nullptr;
 }
 
+// A class named in a prefix: the first name as any type name is seen
+// from here, a later one among the own types of the module before it.
+ClassSymbol* PrefixClass(ModuleSymbol* module, SemBase* item, bool first) {
+  string name = item->toString();
+  if (first) return AsClass(ResolveType(name).Declaration());
+  return AsClass(static_cast<TypeSymbol*>(module->FindOwn(name, Symbol::kType)));
+}
+
+// False after a report.
+bool PrefixOwner(SemBase* prefix, TypeOwner& owner) {
+  owner.module = gContext->blocks.Root();
+  owner.cls = nullptr;
+  SemBase* first = prefix->IsList() ? prefix->GetContents() : prefix;
+  for (SemBase* item = first; item;
+       item = prefix->IsList() ? item->GetNext() : nullptr) {
+    ModuleSymbol* inner =
+        owner.cls ? nullptr : owner.module->LookupModule(item->toString());
+    if (inner) {
+      if (inner->GetScope() == MemberSymbol::kPrivate)
+        Error(kErrorPrivateModule, item->Location());
+      owner.module = inner;
+      continue;
+    }
+    ClassSymbol* cls =
+        owner.cls ? nullptr : PrefixClass(owner.module, item, item == first);
+    if (!cls) {
+      Error(kErrorUnknownName, item->Location());
+      return false;
+    }
+    if (item != first && cls->GetScope() == MemberSymbol::kPrivate)
+      Error(kErrorPrivateType, item->Location());
+    owner.cls = cls;
+  }
+  return true;
+}
+
+bool IsSelfOrSubclass(ClassSymbol* cls, ClassSymbol* ancestor) {
+  for (ClassSymbol* c = cls; c; c = c->GetParent())
+    if (c == ancestor) return true;
+  return false;
+}
+
+}  // namespace
+
+bool MayUseNestedType(ClassSymbol* owner, TypeSymbol* decl) {
+  if (decl->GetScope() == MemberSymbol::kPublic) return true;
+  while (owner && owner->LookupOwnType(decl->Name()) != decl)
+    owner = owner->GetParent();
+  ClassSymbol* current = gContext->blocks.CurrentClass();
+  if (!owner || !current) return false;
+  if (decl->GetScope() == MemberSymbol::kPrivate) return current == owner;
+  return IsSelfOrSubclass(current, owner);
+}
+
+namespace {
+
 void CompileQualifiedType(SemBase* prefix, SemBase* name) {
-  ModuleSymbol* module = PrefixModule(prefix);
-  if (!module) return;
-  TypeSymbol* decl = module->LookupType(name->toString());
+  TypeOwner owner;
+  if (!PrefixOwner(prefix, owner)) return;
+  TypeSymbol* decl = owner.cls ? owner.cls->LookupType(name->toString())
+                               : owner.module->LookupType(name->toString());
   if (!decl) {
     Error(kErrorNotAType, name->Location());
     return;
   }
-  if (decl->GetScope() == MemberSymbol::kPrivate)
-    Error(kErrorPrivateType, name->Location());
+  bool allowed = owner.cls ? MayUseNestedType(owner.cls, decl)
+                           : decl->GetScope() != MemberSymbol::kPrivate;
+  if (!allowed) Error(kErrorPrivateType, name->Location());
   name->SetType(DeclaredType(decl));
 }
 

@@ -372,6 +372,16 @@ void DeclarationScanner::AddClassProperty(ClassSymbol* it,
   it->AddProperty(property);
 }
 
+// As in a module: a second type of the name is left to the grammar pass.
+void DeclarationScanner::AddClassType(ClassSymbol* it, TypeSymbol* type,
+                                      MemberFlags const& flags) {
+  type->SetScope(flags.scope);
+  if (it->LookupOwnType(type->Name()))
+    delete type;
+  else
+    it->AddType(type);
+}
+
 // Events are private whatever their scope word says; public and protected
 // instance methods dispatch through the vtable.
 void DeclarationScanner::ParseClassMember(ClassSymbol* it,
@@ -411,6 +421,8 @@ void DeclarationScanner::ParseClassMember(ClassSymbol* it,
       it->AddConstant(constant);
       return;
     }
+    case kTokStructure:
+      return AddClassType(it, ParseStructureDeclaration(), flags);
     case kTokDeclare: {
       MethodSymbol* method = ParseExternalDeclaration(flags.soft, it);
       method->SetScope(flags.scope);

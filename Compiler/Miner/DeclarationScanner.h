@@ -83,6 +83,8 @@ class DeclarationScanner {
   void ParseModuleMember(ModuleSymbol* it, MemberFlags const& flags);
   void ParseInterfaceMember(InterfaceSymbol* it);
   void AddClassProperty(ClassSymbol* it, MemberFlags const& flags);
+  void AddClassType(ClassSymbol* it, TypeSymbol* type,
+                    MemberFlags const& flags);
   void AddModuleType(ModuleSymbol* module, TypeSymbol* type,
                      MemberFlags const& flags);
   bool BlockEnds(int blockToken, int const* badEnders, char const* message);

@@ -27,9 +27,11 @@ void ComputeScopeLinkIDs(GlobalSymbolTable* decls);
 void ComputeMemberLinkIDs(GlobalSymbolTable* decls);
 void ComputeTypeMetadata(ModuleSymbol* module);
 
-// The type that `type` names as seen from `module`, wrapped again in its
-// array and reference; `type` itself if nothing is found.
-IRDataType ResolveOneType(ModuleSymbol* module, IRDataType const& type);
+// The type that `type` names as seen from `module`, and from inside `cls`
+// when given, wrapped again in its array and reference; `type` itself if
+// nothing is found.
+IRDataType ResolveOneType(ModuleSymbol* module, IRDataType const& type,
+                          ClassSymbol* cls = nullptr);
 // Packed layout of a structure; nested structures first. A structure that
 // contains itself counts its inner occurrence as empty.
 void ComputeStructureStorage(StructureSymbol* it);

@@ -229,13 +229,27 @@ void ComputeInheritance(ClassSymbol* child, ClassSymbol* parent,
   InheritMethods(child, parent);
 }
 
+namespace {
+
+// A structure declared in a class is sized even where no member of the
+// class holds one.
+void CompleteClassAndNestedTypes(ClassSymbol* it, ModuleSymbol* module) {
+  CompleteClass(it, module);
+  TypeSymbolIterator t = it->IterateTypes();
+  while (t.Next())
+    if (t.Value()->IsA(Symbol::kStructure))
+      ComputeStructureStorage(static_cast<StructureSymbol*>(t.Value()));
+}
+
+}  // namespace
+
 void ComputeTypeMetadata(ModuleSymbol* module) {
   {
     TypeSymbolIterator t = module->IterateTypes();
     while (t.Next()) {
       TypeSymbol* type = t.Value();
       if (type->IsA(Symbol::kClass))
-        CompleteClass(static_cast<ClassSymbol*>(type), module);
+        CompleteClassAndNestedTypes(static_cast<ClassSymbol*>(type), module);
       else if (type->IsA(Symbol::kInterface))
         ComputeInterfaceVtable(static_cast<InterfaceSymbol*>(type));
       else if (type->IsA(Symbol::kStructure))

@@ -6,6 +6,16 @@
 
 namespace {
 
+// A structure declared in a class is named through it: "M.Shape.Point".
+void ComputeTypeLinkID(string const& prefix, TypeSymbol* type) {
+  type->mLinkName = QualifyName(prefix, type->Name());
+  ClassSymbol* cls = type->IsA(Symbol::kClass)
+                         ? static_cast<ClassSymbol*>(type) : nullptr;
+  if (!cls) return;
+  TypeSymbolIterator nested = cls->IterateTypes();
+  while (nested.Next()) ComputeTypeLinkID(type->mLinkName, nested.Value());
+}
+
 // The root's name is empty, so top-level modules get no leading ".".
 void ComputeModuleLinkIDs(string const& prefix, ModuleSymbol* module) {
   string qualified = QualifyName(prefix, module->Name());
@@ -15,8 +25,7 @@ void ComputeModuleLinkIDs(string const& prefix, ModuleSymbol* module) {
     while (m.Next()) ComputeModuleLinkIDs(qualified, m.Value());
   }
   TypeSymbolIterator t = module->IterateTypes();
-  while (t.Next())
-    t.Value()->mLinkName = QualifyName(qualified, t.Value()->Name());
+  while (t.Next()) ComputeTypeLinkID(qualified, t.Value());
 }
 
 // A name that mangles to nothing (an unnamed declaration the scanner kept)
@@ -42,7 +51,13 @@ void ComputeMethodListLinkIDs(string const& prefix,
   while (it.Next()) ComputeMethodLinkID(prefix, it.Value());
 }
 
+void ComputeTypeMemberLinkIDs(string const& prefix, TypeSymbol* type);
+
 void ComputeClassMemberLinkIDs(string const& prefix, ClassSymbol* it) {
+  {
+    TypeSymbolIterator t = it->IterateTypes();
+    while (t.Next()) ComputeTypeMemberLinkIDs(prefix, t.Value());
+  }
   ComputeMethodListLinkIDs(prefix, it);
   {
     PropertySymbolIterator p = it->IterateProperties();

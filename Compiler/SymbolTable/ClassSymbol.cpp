@@ -82,6 +82,10 @@ void ClassSymbol::CloneMembersFrom(ClassSymbol const& original,
   }
   for (unsigned long i = 0; i < original.mImplementedInterfaces.size(); i++)
     AddImplementedInterface(original.mImplementedInterfaces[i]);
+  {
+    TypeSymbolIterator it = original.IterateTypes();
+    while (it.Next()) AddType(static_cast<TypeSymbol*>(it.Value()->Clone(link)));
+  }
   ConstantSymbolIterator it = original.IterateConstants();
   while (it.Next())
     AddConstant(static_cast<ConstantSymbol*>(it.Value()->Clone(link)));
@@ -103,6 +107,11 @@ void ClassSymbol::AddEvent(MethodSymbol* it) {
   QASSERT_TEXT(it, "it");
   QASSERT_TEXT(it->GetDispatchMethod() == MethodSymbol::Event,
                "it->GetDispatchMethod() == MethodSymbol::Event");
+  mTable.Add(it);
+}
+
+void ClassSymbol::AddType(TypeSymbol* it) {
+  QASSERT_TEXT(it, "it");
   mTable.Add(it);
 }
 
@@ -164,6 +173,18 @@ ConstantSymbol* ClassSymbol::LookupConstant(string const& name) const {
   return inherited;
 }
 
+TypeSymbol* ClassSymbol::LookupOwnType(string const& name) const {
+  return static_cast<TypeSymbol*>(FindInTable(mTable, name, kType));
+}
+
+TypeSymbol* ClassSymbol::LookupType(string const& name) const {
+  if (TypeSymbol* own = LookupOwnType(name)) return own;
+  if (!GetParent()) return nullptr;
+  TypeSymbol* inherited = GetParent()->LookupType(name);
+  if (inherited && inherited->GetScope() == kPrivate) return nullptr;
+  return inherited;
+}
+
 MethodSymbol* ClassSymbol::LookupEvent(string const& name) const {
   LookupSet set = mTable.Lookup(name);
   while (set.Next()) {
@@ -205,6 +226,10 @@ EventSymbolIterator ClassSymbol::IterateEvents() const {
   return EventSymbolIterator(const_cast<SymbolTable*>(&mTable));
 }
 
+TypeSymbolIterator ClassSymbol::IterateTypes() const {
+  return TypeSymbolIterator(const_cast<SymbolTable*>(&mTable));
+}
+
 // --------------------------------------------------------- source text
 
 string ClassSymbol::MakePrototype(GlobalSymbol* container) const {
@@ -215,6 +240,10 @@ string ClassSymbol::MakePrototype(GlobalSymbol* container) const {
     text += string("Inherits ") + GetSuperclassType().ToString() + "\n";
   for (unsigned long i = 0; i < mImplementedInterfaces.size(); i++)
     text += string("Implements ") + mImplementedInterfaces[i].ToString() + "\n";
+  {
+    TypeSymbolIterator it = IterateTypes();
+    while (it.Next()) text += it.Value()->MakePrototype(self);
+  }
   {
     ConstantSymbolIterator it = IterateConstants();
     while (it.Next()) text += it.Value()->MakePrototype(self);

@@ -391,6 +391,8 @@ class ClassSymbol : public ObjectTypeSymbol, public MethodDeclarationListOwner {
   void AddEvent(MethodSymbol* it);
   void AddHandledEvent(HandledEvent* it);
   void AddImplementedInterface(IRDataType const& it);
+  // A type declared inside the class body (a structure).
+  void AddType(TypeSymbol* it);
   void InsertImplementedInterface(unsigned long index, IRDataType const& it);
   void ReplaceImplementedInterface(unsigned long index, IRDataType const& it);
 
@@ -399,6 +401,11 @@ class ClassSymbol : public ObjectTypeSymbol, public MethodDeclarationListOwner {
   PropertySymbol* LookupProperty(string const& name) const;
   ConstantSymbol* LookupConstant(string const& name) const;
   MethodSymbol* LookupEvent(string const& name) const;
+  // A nested type: own table first, then up the superclasses, where a
+  // private one counts as none.
+  TypeSymbol* LookupType(string const& name) const;
+  // A nested type of this class alone, whatever its scope.
+  TypeSymbol* LookupOwnType(string const& name) const;
   HandledEvent* LookupHandledEvent(string const& name) const;
   bool ImplementsInterface(TypeSymbol* it) const;
   Symbol* LookupDeclaration(string const& name, string const& unitID,
@@ -407,6 +414,7 @@ class ClassSymbol : public ObjectTypeSymbol, public MethodDeclarationListOwner {
   ConstantSymbolIterator IterateConstants() const;
   PropertySymbolIterator IterateProperties() const;
   EventSymbolIterator IterateEvents() const;
+  TypeSymbolIterator IterateTypes() const;
 
   unsigned long CountHandledEvents() const { return mHandledEvents.size(); }
   HandledEvent* GetHandledEvent(unsigned long i) const { return mHandledEvents[i]; }

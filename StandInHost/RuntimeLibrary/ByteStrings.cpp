@@ -72,15 +72,15 @@ long StringExtendsInStrB(stringStorage* haystack, long start,
 
 LibraryEntries ByteStringEntries() {
   return {
-      Entry("StringLeft", &StringLeft),
-      Entry("StringRight", &StringRight),
-      Entry("StringMid3", &StringMid3),
-      Entry("StringMid2", &StringMid2),
-      Entry("StringLen", &StringLen),
-      Entry("StringAsc", &StringAsc),
-      Entry("StringChr", &StringChr),
-      Entry("StringInStrB", &StringInStrB),
-      Entry("StringExtendsInStrB", &StringExtendsInStrB),
+      Entry<&StringLeft>("StringLeft"),
+      Entry<&StringRight>("StringRight"),
+      Entry<&StringMid3>("StringMid3"),
+      Entry<&StringMid2>("StringMid2"),
+      Entry<&StringLen>("StringLen"),
+      Entry<&StringAsc>("StringAsc"),
+      Entry<&StringChr>("StringChr"),
+      Entry<&StringInStrB>("StringInStrB"),
+      Entry<&StringExtendsInStrB>("StringExtendsInStrB"),
   };
 }
 

@@ -96,13 +96,13 @@ long StringStrCompare(stringStorage* a, stringStorage* b, long mode) {
 
 LibraryEntries CaseAndTrimEntries() {
   return {
-      Entry("StringUCase", &StringUCase),
-      Entry("StringLCase", &StringLCase),
-      Entry("StringTitleCase", &StringTitleCase),
-      Entry("runTrim", &runTrim),
-      Entry("runLTrim", &runLTrim),
-      Entry("runRTrim", &runRTrim),
-      Entry("StringStrCompare", &StringStrCompare),
+      Entry<&StringUCase>("StringUCase"),
+      Entry<&StringLCase>("StringLCase"),
+      Entry<&StringTitleCase>("StringTitleCase"),
+      Entry<&runTrim>("runTrim"),
+      Entry<&runLTrim>("runLTrim"),
+      Entry<&runRTrim>("runRTrim"),
+      Entry<&StringStrCompare>("StringStrCompare"),
   };
 }
 

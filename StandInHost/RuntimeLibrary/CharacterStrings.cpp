@@ -96,15 +96,15 @@ long StringExtendsInStr(stringStorage* haystack, long start,
 
 LibraryEntries CharacterStringEntries() {
   return {
-      Entry("StringDBCSLeft", &StringDBCSLeft),
-      Entry("StringDBCSRight", &StringDBCSRight),
-      Entry("StringDBCSMid3", &StringDBCSMid3),
-      Entry("StringDBCSMid2", &StringDBCSMid2),
-      Entry("StringDBCSLen", &StringDBCSLen),
-      Entry("StringDBCSAsc", &StringDBCSAsc),
-      Entry("StringDBCSChr", &StringDBCSChr),
-      Entry("StringInStr", &StringInStr),
-      Entry("StringExtendsInStr", &StringExtendsInStr),
+      Entry<&StringDBCSLeft>("StringDBCSLeft"),
+      Entry<&StringDBCSRight>("StringDBCSRight"),
+      Entry<&StringDBCSMid3>("StringDBCSMid3"),
+      Entry<&StringDBCSMid2>("StringDBCSMid2"),
+      Entry<&StringDBCSLen>("StringDBCSLen"),
+      Entry<&StringDBCSAsc>("StringDBCSAsc"),
+      Entry<&StringDBCSChr>("StringDBCSChr"),
+      Entry<&StringInStr>("StringInStr"),
+      Entry<&StringExtendsInStr>("StringExtendsInStr"),
   };
 }
 

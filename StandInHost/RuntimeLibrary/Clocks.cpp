@@ -38,8 +38,8 @@ long RuntimeTicks() {
 LibraryEntries ClockEntries() {
   StartMicroseconds();
   return {
-      Entry("RuntimeMicroseconds", &RuntimeMicroseconds),
-      Entry("RuntimeTicks", &RuntimeTicks),
+      Entry<&RuntimeMicroseconds>("RuntimeMicroseconds"),
+      Entry<&RuntimeTicks>("RuntimeTicks"),
   };
 }
 

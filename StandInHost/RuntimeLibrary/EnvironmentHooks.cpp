@@ -17,9 +17,9 @@ void DebuggerHook() {}
 }  // namespace
 
 LibraryEntries EnvironmentHookEntries() {
-  return {Entry("DisableAutoWaitCursor", &DisableAutoWaitCursor),
-          Entry("EnableAutoWaitCursor", &EnableAutoWaitCursor),
-          Entry("DebuggerHook", &DebuggerHook)};
+  return {Entry<&DisableAutoWaitCursor>("DisableAutoWaitCursor"),
+          Entry<&EnableAutoWaitCursor>("EnableAutoWaitCursor"),
+          Entry<&DebuggerHook>("DebuggerHook")};
 }
 
 }  // namespace library

@@ -168,12 +168,12 @@ stringStorage* StringReplaceAllB(stringStorage* s, stringStorage* o,
 
 LibraryEntries FieldAndReplaceEntries() {
   return {
-      Entry("StringCountFields", &StringCountFields),
-      Entry("StringNthField", &StringNthField),
-      Entry("StringReplace", &StringReplace),
-      Entry("StringReplaceAll", &StringReplaceAll),
-      Entry("StringReplaceB", &StringReplaceB),
-      Entry("StringReplaceAllB", &StringReplaceAllB),
+      Entry<&StringCountFields>("StringCountFields"),
+      Entry<&StringNthField>("StringNthField"),
+      Entry<&StringReplace>("StringReplace"),
+      Entry<&StringReplaceAll>("StringReplaceAll"),
+      Entry<&StringReplaceB>("StringReplaceB"),
+      Entry<&StringReplaceAllB>("StringReplaceAllB"),
   };
 }
 

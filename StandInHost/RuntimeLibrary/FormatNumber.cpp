@@ -139,7 +139,7 @@ stringStorage* StringFormat(double value, stringStorage* formatText) {
 }  // namespace
 
 LibraryEntries FormatEntries() {
-  return {Entry("StringFormat", &StringFormat)};
+  return {Entry<&StringFormat>("StringFormat")};
 }
 
 }  // namespace library

@@ -6,7 +6,11 @@
 #ifndef STANDINHOST_RUNTIMELIBRARY_LIBRARYENTRIES_H
 #define STANDINHOST_RUNTIMELIBRARY_LIBRARYENTRIES_H
 
+#include <new>
 #include <vector>
+
+#include "Common/ObjectModel/RuntimeExceptionFoundation.h"
+#include "StandInHost/YieldTicker.h"
 
 namespace quorl {
 namespace standin {
@@ -18,14 +22,39 @@ struct LibraryEntry {
 };
 using LibraryEntries = std::vector<LibraryEntry>;
 
-template <class Function>
-LibraryEntry Entry(char const* name, Function* function) {
-  return {name, reinterpret_cast<void*>(function)};
+// Calls a library function for a script. A C++ container or string that
+// cannot grow inside it must not unwind through the script's frames, which
+// have no unwind tables: the failure becomes the script's
+// OutOfMemoryException, raised once the C++ exception is gone. A yield the
+// host has asked for is taken first, so that a script spending its time
+// in the library yields on time.
+template <auto function>
+struct LibraryCall;
+template <class Result, class... Arguments, Result (*function)(Arguments...)>
+struct LibraryCall<function> {
+  static Result Call(Arguments... arguments) {
+    if (YieldIsDue() && YieldFromLibraryCall()) return Result();
+    try {
+      return function(arguments...);
+    } catch (std::bad_alloc const&) {
+    }
+    RaiseOutOfMemoryException();
+    return Result();
+  }
+};
+
+// An entry of one of the host's own library functions, called through
+// LibraryCall.
+template <auto function>
+LibraryEntry Entry(char const* name) {
+  return {name, reinterpret_cast<void*>(&LibraryCall<function>::Call)};
 }
 
-// An entry of a function with C linkage under its own name.
+// An entry of an engine runtime function with C linkage under its own
+// name; the engine runtime allocates with the C heap and raises itself.
 #define QUORL_SERVE(function) \
-  ::quorl::standin::library::Entry(#function, &function)
+  ::quorl::standin::library::LibraryEntry{#function, \
+                                          reinterpret_cast<void*>(&function)}
 
 LibraryEntries CharacterStringEntries();
 LibraryEntries ByteStringEntries();

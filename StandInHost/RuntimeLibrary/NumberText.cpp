@@ -68,13 +68,13 @@ stringStorage* RuntimeBin(long value) {
 
 LibraryEntries NumberTextEntries() {
   return {
-      Entry("StringVal", &StringVal),
-      Entry("runCDbl", &runCDbl),
-      Entry("StringStrDouble", &StringStrDouble),
-      Entry("runCStr", &runCStr),
-      Entry("RuntimeHex", &RuntimeHex),
-      Entry("RuntimeOct", &RuntimeOct),
-      Entry("RuntimeBin", &RuntimeBin),
+      Entry<&StringVal>("StringVal"),
+      Entry<&runCDbl>("runCDbl"),
+      Entry<&StringStrDouble>("StringStrDouble"),
+      Entry<&runCStr>("runCStr"),
+      Entry<&RuntimeHex>("RuntimeHex"),
+      Entry<&RuntimeOct>("RuntimeOct"),
+      Entry<&RuntimeBin>("RuntimeBin"),
   };
 }
 

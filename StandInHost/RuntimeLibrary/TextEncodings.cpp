@@ -53,10 +53,10 @@ stringStorage* StringDefineEncoding(stringStorage* text, long encoding) {
 
 LibraryEntries TextEncodingEntries() {
   return {
-      Entry("StringEncoding", &StringEncoding),
-      Entry("StringFindEncoding", &StringFindEncoding),
-      Entry("StringConvertEncoding", &StringConvertEncoding),
-      Entry("StringDefineEncoding", &StringDefineEncoding),
+      Entry<&StringEncoding>("StringEncoding"),
+      Entry<&StringFindEncoding>("StringFindEncoding"),
+      Entry<&StringConvertEncoding>("StringConvertEncoding"),
+      Entry<&StringDefineEncoding>("StringDefineEncoding"),
   };
 }
 

@@ -288,4 +288,21 @@ TEST_F(RunnerBinary, DebugSymbolsListTheTablesWithoutRunning) {
   EXPECT_EQ(broken.out, "");
 }
 
+// A structure declared in a class has its table under the class's name,
+// apart from a structure of the same name outside it.
+TEST_F(RunnerBinary, DebugSymbolsNameClassStructuresThroughTheClass) {
+  WriteFile("nested.bas",
+            "Module Plane\n  Structure Point\n    Z As Int8\n  End Structure\n"
+            "End Module\n"
+            "Class Shape\n  Structure Point\n    X As Int16\n    Y As Int16\n"
+            "  End Structure\n  Dim Corner As Point\nEnd Class\n");
+  Outcome outcome = Run("--debug-symbols nested.bas");
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  for (char const* line : {"  Shape.Point\n    X As Int16, field offset 0 (2 bytes)\n"
+                           "    Y As Int16, field offset 2 (2 bytes)\n",
+                           "  Point\n    Z As Int8, field offset 0 (1 bytes)\n",
+                           "Corner As Shape.Point"})
+    EXPECT_TRUE(Contains(outcome.out, line)) << line << "\n" << outcome.out;
+}
+
 }  // namespace

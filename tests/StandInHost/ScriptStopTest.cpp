@@ -96,6 +96,59 @@ TEST_F(ScriptStop, AnotherThreadStopsEveryKindOfLoop) {
   }
 }
 
+// Passes that each spend milliseconds in the library do not put the next
+// yield 1000 passes away: the host asks for it while the script runs.
+TEST_F(ScriptStop, TheYieldHookIsCalledOnTimeWhenEachPassRunsLongInTheLibrary) {
+  Script script;
+  long passes = 0;
+  script.OnPrint([&](std::string const& s) { passes = std::stol(s); });
+  script.SetSource(
+      "Dim text As String = \"a\"\n"
+      "For i As Integer = 1 To 20\n"
+      "  text = text + text\n"
+      "Next\n"
+      "Dim n As Integer\n"
+      "While True\n"
+      "  n = n + 1\n"
+      "  Print Str(n)\n"
+      "  text = ReplaceAll(text, \"a\", \"a\")\n"
+      "Wend\n");
+  int yields = 0;
+  quorl::SetYieldHook([&] {
+    if (++yields == 2) script.Stop();
+  });
+  EXPECT_EQ(script.Run(), ScriptState::Aborted);
+  EXPECT_LT(passes, 200) << "the second yield waited for the countdown";
+  ExpectStoppedAndReusable(script, "slow passes");
+}
+
+// Where the script checks for no yield at all (on the way back from a deep
+// recursion) but spends its time in the library, the library call yields.
+TEST_F(ScriptStop, ALibraryCallYieldsWhereTheScriptChecksForNone) {
+  Script script;
+  long returns = 0;
+  script.OnPrint([&](std::string const&) { returns++; });
+  script.SetSource(
+      "Function Down(n As Integer, s As String) As String\n"
+      "  If n = 0 Then Return s\n"
+      "  Dim t As String = Uppercase(Down(n - 1, s))\n"
+      "  Print \"back\"\n"
+      "  Return t\n"
+      "End Function\n"
+      "Dim text As String = \"a\"\n"
+      "For i As Integer = 1 To 20\n"
+      "  text = text + text\n"
+      "Next\n"
+      "Print Down(900, text)\n");
+  int yields = 0;
+  quorl::SetYieldHook([&] {
+    if (++yields == 2) script.Stop();
+  });
+  EXPECT_EQ(script.Run(), ScriptState::Aborted);
+  EXPECT_LT(returns, 450) << "the stop waited for the recursion to end";
+  ExpectStoppedAndReusable(script, "library calls");
+}
+
 // No Catch keeps the stop; every Finally on the way runs.
 TEST_F(ScriptStop, CatchDoesNotHoldTheStopAndFinallyRuns) {
   Script script;

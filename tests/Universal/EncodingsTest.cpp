@@ -83,6 +83,37 @@ TEST(ConvertTextUnix, UnknownNamesAndUnderscoreFallback) {
   EXPECT_EQ(GetSystemEncoding(), kUTF8);
 }
 
+// Where iconv has no UTF-16 converter the text converts without it, and
+// must come out as iconv's does: supplementary characters as surrogate
+// pairs, a malformed byte as one "?" unit.
+TEST(ConvertWithoutIconv, AgreesWithIconv) {
+  char const* const texts[] = {"", "plain", "h\xC3\xA9llo \xE2\x82\xAC",
+                               "clef \xF0\x9D\x84\x9E!", "a\xFF" "b", "cut\xE2\x82"};
+  for (char const* text : texts) {
+    string utf8 = Tagged(text, kUTF8);
+    ASSERT_TRUE(ConvertsWithoutIconv(kUTF8, kUTF16));
+    stringStorage* mine = ConvertWithoutIconv(utf8.GetStringStorage(), kUTF8, kUTF16);
+    stringStorage* theirs = ConvertTextUnix(utf8.GetStringStorage(), kUTF8, kUTF16);
+    string wide, reference;
+    wide.AdoptReference(mine);
+    reference.AdoptReference(theirs);
+    EXPECT_EQ(Bytes(wide), Bytes(reference)) << text;
+    EXPECT_EQ(wide.Encoding(), kUTF16);
+    string back;
+    back.AdoptReference(ConvertWithoutIconv(reference.GetStringStorage(), kUTF16, kUTF8));
+    string iconvBack = ConvertEncoding(reference, kUTF8);
+    EXPECT_EQ(Bytes(back), Bytes(iconvBack)) << text;
+  }
+  string lone;
+  lone.ConstructFromBuffer("\x3D\xD8" "a\0b", 5);
+  lone.SetEncoding(kUTF16);
+  string fixed;
+  fixed.AdoptReference(ConvertWithoutIconv(lone.GetStringStorage(), kUTF16, kUTF8));
+  EXPECT_EQ(Bytes(fixed), "?a?");
+  EXPECT_FALSE(ConvertsWithoutIconv(kLatin1, kUTF16));
+  EXPECT_FALSE(ConvertsWithoutIconv(kUTF16, kASCII));
+}
+
 TEST(GetEncodingFromName, IconvAndCommonSpellings) {
   struct { char const* name; unsigned long tag; } rows[] = {
       {"UTF-8", kUTF8},         {"utf8", kUTF8},        {"ISO-8859-1", kLatin1},

@@ -12,6 +12,7 @@
 // outcomes; so is a run the time limit stops. A signal, an assertion, a
 // C++ exception out of Run() (the compiler out of memory), or a program
 // that neither ends nor yields within the watchdog time are faults.
+#include <alloca.h>
 #include <signal.h>
 #include <sys/mman.h>
 #include <sys/prctl.h>
@@ -25,6 +26,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <regex>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -65,6 +67,14 @@ int const kReductionTrials = 300;
 // A long campaign says how far it got this often, in programs.
 unsigned long const kReportEvery = 10000;
 
+// A script that declares C functions or reads and writes through a Ptr
+// reaches the process's memory as C code does, so a mutation of it may
+// corrupt the heap by design: such scripts are not mutated.
+bool ReachesRawMemory(std::string const& text) {
+  static std::regex const raw("\\b(declare|ptr)\\b", std::regex::icase);
+  return std::regex_search(text, raw);
+}
+
 std::vector<std::string> LoadCorpus(std::string const& folder) {
   std::vector<std::string> corpus;
   if (folder.empty()) return corpus;
@@ -74,7 +84,7 @@ std::vector<std::string> LoadCorpus(std::string const& folder) {
     std::ifstream in(entry.path(), std::ios::binary);
     std::stringstream text;
     text << in.rdbuf();
-    corpus.push_back(text.str());
+    if (!ReachesRawMemory(text.str())) corpus.push_back(text.str());
   }
   return corpus;
 }
@@ -114,10 +124,30 @@ void RunProgram(std::string const& text, double timeLimit,
   }
 }
 
+// What of the stack is left untouched by ReserveStack: the frames already
+// there and the kernel's guard gap.
+rlim_t const kStackReserveMargin = 256 * 1024;
+
+// Maps the main thread's stack to the depth the host lets scripts reach.
+// The kernel grows it on demand, which an address-space limit already
+// taken up by the heap would refuse: a deep recursion would then die of a
+// signal before it reaches the host's stack limit, which it never does in
+// a process without that limit.
+__attribute__((noinline)) void ReserveStack() {
+  rlimit stack;
+  if (getrlimit(RLIMIT_STACK, &stack) != 0 || stack.rlim_cur == RLIM_INFINITY ||
+      stack.rlim_cur <= kStackReserveMargin)
+    return;
+  size_t size = stack.rlim_cur - kStackReserveMargin;
+  volatile char* bottom = static_cast<char*>(alloca(size));
+  for (size_t at = 0; at < size; at += 4096) bottom[at] = 0;
+}
+
 // Also ends the child with its parent: a campaign stopped by its owner
 // leaves no batch behind.
 void LimitMemory(unsigned long megabytes) {
   prctl(PR_SET_PDEATHSIG, SIGKILL);
+  ReserveStack();
   rlimit limit;
   limit.rlim_cur = limit.rlim_max = rlim_t(megabytes) << 20;
   setrlimit(RLIMIT_AS, &limit);

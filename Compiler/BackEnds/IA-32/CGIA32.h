@@ -58,6 +58,11 @@ struct IA32Operand {
   TacAddr const* global;       // the global named by an absolute operand
 };
 
+// The global word an optimized module counts its loop passes down in; the
+// code that runs the module zeroes it to have the host called at the next
+// pass.
+extern char const kYieldCountdownWord[];
+
 class CGIA32 : public CodeGenerator, public IA32OpWriter {
  public:
   enum {
@@ -335,8 +340,9 @@ class CGIA32 : public CodeGenerator, public IA32OpWriter {
   // Int32 to Double in an SSE register; false when the conversion is not
   // that one.
   bool ConvertInLine(TacLine const& line);
-  // The per-iteration yield as a countdown in the module's data: the call
-  // happens once every kYieldInterval passes, all registers kept.
+  // The per-iteration yield as a countdown in the module's data (the word
+  // named kYieldCountdownWord): the call happens once every kYieldInterval
+  // passes, all registers kept, or at the next pass once the word is zeroed.
   void YieldInLine();
   // The entry's stack check as a compare with the limit kept in the
   // module's data; the runtime is called when the limit is not known yet

@@ -31,7 +31,7 @@ TacAddr const* ModuleWord(char const* name) {
 // The countdown: one word of the module's globals, zero when the code is
 // loaded or run again, so the first pass calls the host.
 TacAddr const* YieldCountdown() {
-  static TacAddr const* const countdown = ModuleWord("% yield countdown");
+  static TacAddr const* const countdown = ModuleWord(kYieldCountdownWord);
   return countdown;
 }
 
@@ -49,6 +49,8 @@ IA32Operand Absolute(TacAddr const* global) {
 }
 
 }  // namespace
+
+char const kYieldCountdownWord[] = "% yield countdown";
 
 // The SSE registers but the homes hold what the C code left.
 void CGIA32::ForgetSSERegisters() {

@@ -6,6 +6,7 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
+#include "Common/ObjectModel/RuntimeExceptionFoundation.h"
 #include "Universal/Assertion.h"
 
 namespace {
@@ -46,6 +47,7 @@ unsigned char* ExecutableDataBlock::AllocMemory(unsigned int size) {
 
 void ExecutableDataBlock::FreeMemory(unsigned char* buffer) {
   if (!buffer) return;
+  ForgetHandlerSearches();
   munmap(MappingOf(buffer), MappingSize(buffer));
   sLiveMappings--;
 }

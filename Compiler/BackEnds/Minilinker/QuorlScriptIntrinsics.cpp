@@ -42,6 +42,16 @@ void RaiseStopNow() {
   RaiseStopIfRequested();
 }
 
+// A stop already unwinding (a Finally calling the library on the way out)
+// is not this call's: its work is done as usual.
+bool RuntimeYieldFromCall() {
+  if (!sCorrespondent) return false;
+  volatile long* word = sStopWord;
+  bool unwinding = word && *word == kStopUnwinding;
+  RuntimeYield();
+  return !unwinding && word && *word == kStopUnwinding;
+}
+
 void RuntimePassStop() {
   volatile long* word = sStopWord;
   if (word && *word == kStopUnwinding)

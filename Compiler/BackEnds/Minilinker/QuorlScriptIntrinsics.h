@@ -86,6 +86,11 @@ void RaiseStopIfRequested();
 // A stop asked for by the host function the running script called: raised
 // at once, from that function.
 void RaiseStopNow();
+// The yield of a loop pass, taken from a library or host function that
+// running script code called; nothing when no script runs on this thread.
+// Answers whether a stop is now on its way back into the script, in which
+// case the caller returns at once without doing its work.
+bool RuntimeYieldFromCall();
 
 // ---- what the host hears of an exception nobody caught
 struct UncaughtExceptionDetail {

@@ -64,6 +64,11 @@ class QuorlScriptLinker : public Linker {
   // Offsets of the merged code to source lines, and of the link names.
   CodeOffsetToLineIndex const& LineTable() const { return mOneCode->mLineTable; }
   StringMapCase<unsigned long> const& Entrypoints() const { return mEntrypoints; }
+  // Where a global lies in the global data; false when the code has none of
+  // that name.
+  bool GlobalOffset(string const& name, unsigned long* offset) const {
+    return mGlobalMap.GetEntry(name, *offset);
+  }
 
   void ResolveJumps();
   void AllocateGlobalDataBlock();

@@ -3,11 +3,28 @@
 
 #include <string.h>
 
+#include <algorithm>
+
 #include "Common/ObjectModel/FrameChainEntry.h"
+#include "Common/ObjectModel/RuntimeExceptionFoundation.h"
 #include "Compiler/BackEnds/Minilinker/QuorlScriptIntrinsics.h"
 #include "Compiler/BackEnds/Minilinker/QuorlScriptLinker.h"
+#include "Compiler/BackEnds/IA-32/CGIA32.h"
 #include "Compiler/BackEnds/Minilinker/ScriptCallEntry.h"
 #include "Universal/Assertion.h"
+
+namespace {
+
+// What the exception walk learns of a return address: whether it lies in
+// the code running on this thread, and where its function ends.
+bool RunningCodeBounds(unsigned char const* code, unsigned char** functionEnd) {
+  RunReadyCode const* running = GetRuntimeCode();
+  if (!running || !running->Contains(code)) return false;
+  *functionEnd = running->FunctionEndAt(code);
+  return true;
+}
+
+}  // namespace
 
 RunReadyCode::RunReadyCode(Ref<DataBlock> globals,
                            Ref<ExecutableDataBlock> code,
@@ -17,6 +34,17 @@ RunReadyCode::RunReadyCode(Ref<DataBlock> globals,
       mEntrypoint(entrypoint) {}
 
 RunReadyCode::~RunReadyCode() {}
+
+void RunReadyCode::SetYieldCountdown(unsigned long offset) {
+  mYieldCountdown =
+      reinterpret_cast<volatile int32_t*>(mGlobals->Buffer() + offset);
+}
+
+// The countdown then ends at the next pass's decrement. A decrement racing
+// with this store may undo it; the next request then lands.
+void RunReadyCode::BringYieldForward() {
+  if (mYieldCountdown) *mYieldCountdown = 0;
+}
 
 bool RunReadyCode::Contains(void const* address) const {
   unsigned char const* at = static_cast<unsigned char const*>(address);
@@ -30,6 +58,27 @@ unsigned long RunReadyCode::LineAt(void const* address) const {
   int line = 0;
   if (!mLines.LookupLine(offset, &line)) return 0;
   return static_cast<unsigned long>(line) + 1;
+}
+
+void RunReadyCode::SetEntrypoints(
+    StringMapCase<unsigned long> const& entrypoints) {
+  mEntrypoints = entrypoints;
+  mFunctionStarts.clear();
+  StringMapIterator<unsigned long>* iter = mEntrypoints.NewIterator();
+  unsigned long offset = 0;
+  while (iter->Next(offset)) mFunctionStarts.push_back(offset);
+  delete iter;
+  std::sort(mFunctionStarts.begin(), mFunctionStarts.end());
+}
+
+unsigned char* RunReadyCode::FunctionEndAt(void const* address) const {
+  if (!Contains(address)) return nullptr;
+  unsigned long offset = static_cast<unsigned long>(
+      static_cast<unsigned char const*>(address) - mCode->Buffer());
+  auto next = std::upper_bound(mFunctionStarts.begin(), mFunctionStarts.end(),
+                               offset);
+  unsigned long end = next == mFunctionStarts.end() ? mCode->Length() : *next;
+  return mCode->Buffer() + end;
 }
 
 void* RunReadyCode::FunctionEntry(string const& linkName) const {
@@ -52,6 +101,7 @@ void RunReadyCode::Run(QuorlScriptCorrespondent* correspondent) {
   InitQuorlScriptRuntime();
   SetRuntimeCorrespondent(correspondent);
   SetRuntimeCode(this);
+  SetScriptCodeBounds(RunningCodeBounds);
   // The main body is where the raiser's walk up the frames stops.
   CallAtFrameChainEnd(mEntrypoint);
   ExitQuorlScriptRuntime();
@@ -70,6 +120,7 @@ bool RunReadyCode::Call(QuorlScriptCorrespondent* correspondent, void* entry,
   InitQuorlScriptRuntime();
   SetRuntimeCorrespondent(correspondent);
   SetRuntimeCode(this);
+  SetScriptCodeBounds(RunningCodeBounds);
   RuntimeInit();
   RuntimeObject* raised = nullptr;
   double floatResult = 0;
@@ -110,6 +161,9 @@ RunReadyCode* MiniLink(Ref<CodeModule> code, StringMap<void*>* functions,
         reinterpret_cast<ScriptEntrypoint>(linker->MainEntrypoint()));
     result->SetLineTable(linker->LineTable());
     result->SetEntrypoints(linker->Entrypoints());
+    unsigned long countdown = 0;
+    if (linker->GlobalOffset(kYieldCountdownWord, &countdown))
+      result->SetYieldCountdown(countdown);
   }
   delete linker;
   return result;

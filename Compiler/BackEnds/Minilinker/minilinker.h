@@ -2,6 +2,10 @@
 #ifndef COMPILER_BACKENDS_MINILINKER_MINILINKER_H
 #define COMPILER_BACKENDS_MINILINKER_MINILINKER_H
 
+#include <stdint.h>
+
+#include <vector>
+
 #include "Compiler/BackEnds/Minilinker/ExecutableDataBlock.h"
 #include "Compiler/BackEnds/codestorage.h"
 #include "Compiler/Linker/LinkedDebugSymbols.h"
@@ -48,17 +52,26 @@ class RunReadyCode {
   // The lines of the code and the offsets of its functions by link name,
   // given by the linker.
   void SetLineTable(CodeOffsetToLineIndex const& lines) { mLines = lines; }
-  void SetEntrypoints(StringMapCase<unsigned long> const& entrypoints) {
-    mEntrypoints = entrypoints;
-  }
+  void SetEntrypoints(StringMapCase<unsigned long> const& entrypoints);
   // Whether the address lies in this code; the 1-based source line of the
   // instruction that starts at `address` (0 when unknown).
   bool Contains(void const* address) const;
   unsigned long LineAt(void const* address) const;
+  // Where the function holding `address` ends: the next function's start,
+  // or the end of the code. Null when the address is not in this code.
+  unsigned char* FunctionEndAt(void const* address) const;
   // The entry of the function with that link name, or null.
   void* FunctionEntry(string const& linkName) const;
   // Every function's offset in the code, by link name.
   StringMapCase<unsigned long> const& Entrypoints() const { return mEntrypoints; }
+
+  // The global word the code counts its loop passes down in, at `offset`
+  // in the global data; code without loops has none.
+  void SetYieldCountdown(unsigned long offset);
+  // Has the running code call the host at its next loop pass, so that a
+  // stop or a time limit is not late behind passes that each run long in
+  // the library. Any thread may call it while this object lives.
+  void BringYieldForward();
 
   Ref<DataBlock> Globals() const { return mGlobals; }
   Ref<ExecutableDataBlock> Code() const { return mCode; }
@@ -76,6 +89,8 @@ class RunReadyCode {
   ScriptEntrypoint mEntrypoint;
   CodeOffsetToLineIndex mLines;
   StringMapCase<unsigned long> mEntrypoints;
+  std::vector<unsigned long> mFunctionStarts;  // ascending offsets
+  volatile int32_t* mYieldCountdown = nullptr;
 };
 
 // Links `code` against the module itself and `functions`. The caller owns

@@ -3,6 +3,7 @@
 #include <stdio.h>
 #include <string.h>
 
+#include <iterator>
 #include <vector>
 
 #include "Common/ObjectModel/ExceptionMarkerLayout.h"
@@ -20,6 +21,8 @@ class MarkedCode {
                                                : kTryMarkerLength;
     mBytes.resize(at + length, 0);
     mBytes[at] = kMarkerJumpOpcode;
+    int32_t skip = length - kMarkerValueOffset;  // normal flow passes the record
+    memcpy(&mBytes[at + 1], &skip, 4);
     memcpy(&mBytes[at + kMarkerValueOffset], &marker, 4);
     if (marker == kHandlerBlockMarker)
       memcpy(&mBytes[at + kMarkerFrameOffset], &frameOffset, 2);
@@ -55,6 +58,24 @@ TEST(FindHandlerSwitchBlockTest, RegionsAfterTheStartAreSkippedWhole) {
   EXPECT_EQ(bytes + outerPad, FindHandlerSwitchBlock(bytes));
   EXPECT_EQ(bytes + innerPad, FindHandlerSwitchBlock(bytes + innerBegin + kTryMarkerLength));
   EXPECT_EQ(bytes + outerPad, FindHandlerSwitchBlock(bytes + innerPad + kHandlerRecordLength));
+}
+
+// Operand bytes of ordinary code: `pop ebp; ret` inside an address, and a
+// marker value after an E9 byte (a constant 1041, a region marker's value
+// behind a jump that skips more than the marker).
+TEST(FindHandlerSwitchBlockTest, BytesThatOnlyLookLikeRecordsAreNotTaken) {
+  MarkedCode code;
+  unsigned char const lookalikes[] = {
+      0xA1, 0x5D, 0xC3, 0x00, 0x00,                          // mov eax, [0xC35D]
+      0xE9, 0x00, 0x00, 0x00, 0x00, 0x11, 0x04, 0x00, 0x00,  // 1041, no skip
+      0x01, 0x00,                                            // nonzero half-word
+      0xE9, 0x40, 0x00, 0x00, 0x00, 0x12, 0x04, 0x00, 0x00}; // 1042, long skip
+  code.mBytes.assign(std::begin(lookalikes), std::end(lookalikes));
+  size_t pad = code.Marker(kHandlerBlockMarker);
+  unsigned char* bytes = code.End();
+  EXPECT_EQ(nullptr, FindHandlerSwitchBlock(bytes)) << "stopped at the operand";
+  EXPECT_EQ(bytes + pad, FindHandlerSwitchBlockBefore(bytes, bytes + code.mBytes.size()));
+  EXPECT_EQ(nullptr, FindHandlerSwitchBlockBefore(bytes, bytes + pad));
 }
 
 TEST(FindHandlerSwitchBlockTest, TheFunctionsEndStopsTheScan) {

@@ -3,6 +3,8 @@
 #include <string.h>
 #include <sys/mman.h>
 
+#include "Common/ObjectModel/RuntimeExceptionFoundation.h"
+
 TacProgram::TacProgram() {
   mTables.BindNewObject(new LocalSymbolTableList);
   mTables->AddTable(new StaticSymbolTable(""));
@@ -139,7 +141,10 @@ LoadedCode::LoadedCode(Ref<CodeModule> module) : mCode(nullptr), mSize(0) {
   mprotect(mCode, mSize ? mSize : 16, PROT_READ | PROT_EXEC);
 }
 
-LoadedCode::~LoadedCode() { munmap(mCode, mSize ? mSize : 16); }
+LoadedCode::~LoadedCode() {
+  ForgetHandlerSearches();
+  munmap(mCode, mSize ? mSize : 16);
+}
 
 void* LoadedCode::Function(std::string const& name) const {
   auto it = mFunctions.find(name);

@@ -146,4 +146,50 @@ TEST(Resolver, ExtraBytesCyclesAndUnknownNamesStayQuiet) {
   EXPECT_EQ("C.F%%o<C>?<Mystery>", Std(program.Method(c, "F")->GetLinkID()));
 }
 
+// Structures declared in classes: the class's members see them by their
+// bare names, a subclass declared before its parent sees the parent's
+// non-private ones, other code reaches them through the class, and an
+// Inherits loop does not stop the search from ending.
+TEST(Resolver, StructuresInClassesAreFoundThroughTheClass) {
+  ScannedProgram program(
+      "Module M\n"
+      " Class Leaf\n  Inherits Shape\n  Dim e As Extent\n  Dim s As Secret\n"
+      " End Class\n"
+      " Class Shape\n  Protected Structure Extent\n   w As Int16\n"
+      "  End Structure\n  Private Structure Secret\n   a As Int8\n"
+      "  End Structure\n  Dim here As Secret\n"
+      "  Sub Grow(by As Extent)\n  End Sub\n End Class\n"
+      " Sub Outside(p As Shape.Extent)\n End Sub\n"
+      "End Module\n"
+      "Sub Far(p As M.Shape.Secret)\nEnd Sub\n"
+      "Class A\n Inherits B\n Dim x As Lost\nEnd Class\n"
+      "Class B\n Inherits A\nEnd Class\n");
+  ASSERT_TRUE(program.mGlobal);
+  EXPECT_NE(std::string::npos,
+            program.mPrototype.find("Protected Structure Extent\nw As Int16"))
+      << program.mPrototype;
+  ModuleSymbol* m = program.mGlobal->LookupModule("M");
+  ClassSymbol* shape = static_cast<ClassSymbol*>(m->LookupType("Shape"));
+  ClassSymbol* leaf = static_cast<ClassSymbol*>(m->LookupType("Leaf"));
+  TypeSymbol* extent = shape->LookupOwnType("Extent");
+  TypeSymbol* secret = shape->LookupOwnType("Secret");
+  ASSERT_TRUE(extent && secret);
+  EXPECT_EQ(nullptr, m->LookupType("Extent"));
+  EXPECT_EQ("M.Shape.Extent", Std(extent->mLinkName));
+  EXPECT_EQ(2u, static_cast<StructureSymbol*>(extent)->GetStorageSize());
+  EXPECT_EQ(extent, leaf->LookupProperty("e")->GetType().Declaration());
+  EXPECT_EQ(kUnresolvedType, leaf->LookupProperty("s")->GetType().GetMainType());
+  EXPECT_EQ(extent, leaf->LookupType("Extent"));
+  EXPECT_EQ(nullptr, leaf->LookupType("Secret"));
+  EXPECT_EQ(secret, shape->LookupProperty("here")->GetType().Declaration());
+  EXPECT_EQ(1u, shape->mStorageSize);
+  EXPECT_EQ("M.Shape.Grow%%o<M.Shape>t<M.Shape.Extent>",
+            Std(program.Method(shape, "Grow")->GetLinkID()));
+  EXPECT_EQ(extent, program.Method(m, "Outside")->GetParameter(0)->GetType().Declaration());
+  EXPECT_EQ(secret, program.Method(program.mGlobal.get(), "Far")
+                        ->GetParameter(0)->GetType().Declaration());
+  EXPECT_EQ(kUnresolvedType, program.Type<ClassSymbol>("A")
+                                 ->LookupProperty("x")->GetType().GetMainType());
+}
+
 }  // namespace

@@ -3,9 +3,30 @@
 
 #include <set>
 
+#include "Common/ObjectModel/RuntimeExceptionFoundation.h"
 #include "Compiler/Intrinsics.h"
+#include "StandInHost/RuntimeLibrary/LibraryEntries.h"
 
 namespace {
+
+std::string sRaisedClass;
+void RecordRaise(char const* className, char const*) { sRaisedClass = className; }
+
+long RefusedAllocation(long) { throw std::bad_alloc(); }
+long Doubled(long n) { return 2 * n; }
+
+TEST(LibraryEntries, AFailedAllocationBecomesTheScriptsOutOfMemoryException) {
+  SetNamedExceptionRaiser(&RecordRaise);
+  auto refused = reinterpret_cast<long (*)(long)>(
+      quorl::standin::library::Entry<&RefusedAllocation>("Refused").address);
+  auto doubled = reinterpret_cast<long (*)(long)>(
+      quorl::standin::library::Entry<&Doubled>("Doubled").address);
+  EXPECT_EQ(doubled(21), 42);
+  EXPECT_EQ(sRaisedClass, "");
+  EXPECT_EQ(refused(1), 0);
+  EXPECT_EQ(sRaisedClass, "OutOfMemoryException");
+  SetNamedExceptionRaiser(nullptr);
+}
 
 TEST(HostServesIntrinsics, OnlyTheRuntimeStillToComeIsMissing) {
   // Served by the plug-in itself, then the object model, variants, arrays and delegates.

@@ -15,14 +15,19 @@ Module CLib
     Micros As Int32
   End Structure
   Declare Function gettimeofday Lib "libc.so.6" (ByRef tv As TimeValue, zone As Ptr) As Integer
-  // A complex number crosses into C as a structure of two doubles, copied
-  // onto the stack.
-  Structure Complex
-    Re As Double
-    Im As Double
+  // An IPv4 address crosses into C as a structure passed by value, its
+  // bytes in network order whatever the target's byte order.
+  Structure Address
+    A As UInt8
+    B As UInt8
+    C As UInt8
+    D As UInt8
   End Structure
-  Declare Function cabs Lib "libm.so.6" (ByVal c As Complex) As Double
-  Declare Function cimag Lib "libm.so.6" (c As Complex) As Double
+  Structure Endpoint
+    Port As UInt16
+    Host As Address
+  End Structure
+  Declare Function inet_ntoa Lib "libc.so.6" (ByVal a As Address) As CString
   Const kMaths = "libm.so.6"
   Declare Function sqrt Lib kMaths (x As Double) As Double
 End Module
@@ -43,12 +48,21 @@ If now.Seconds > 1700000000 And now.Micros >= 0 And now.Micros < 1000000 Then Pr
 
 // By value from a variable, a field and an array element; the C side sees
 // a copy, never the address.
-Dim z As CLib.Complex
-z.Re = 3
-z.Im = 4
-Dim zs(1) As CLib.Complex
-zs(1).Im = -2.5
-Print Str(CLib.cabs(z)) + " " + Str(CLib.cimag(z)) + " " + Str(CLib.cimag(zs(1)))  // expect: 5 4 -2.5
+Dim home As CLib.Address
+home.A = 127
+home.D = 1
+Dim peer As CLib.Endpoint
+peer.Port = 8080
+peer.Host.A = 10
+peer.Host.B = 20
+peer.Host.C = 30
+peer.Host.D = 40
+Dim row(1) As CLib.Address
+row(1).A = 192
+row(1).B = 168
+row(1).D = 255
+Print CLib.inet_ntoa(home)                            // expect: 127.0.0.1
+Print CLib.inet_ntoa(peer.Host) + " " + CLib.inet_ntoa(row(1))  // expect: 10.20.30.40 192.168.0.255
 
 // A Declare in a method is the method's own; one at the top level is
 // seen from there on. Soft ones are looked up at each call.
