@@ -70,11 +70,28 @@ void SemBase::PostCompileCleanup() { ReleaseNewerThan(0); }
 unsigned long SemBase::LiveCount() { return mLiveCount; }
 
 void SemBase::ReleaseNewerThan(unsigned long mark) {
+  ReleaseNewerThanExcept(mark, nullptr, nullptr);
+}
+
+// The kept values are linked again as the newest, in their old order.
+void SemBase::ReleaseNewerThanExcept(unsigned long mark, SemBase* keepA,
+                                     SemBase* keepB) {
+  SemBase* kept[2];
+  int keptCount = 0;
   while (mCompleteListHead && mLiveCount > mark) {
     SemBase* victim = mCompleteListHead;
     mCompleteListHead = victim->mNextInCompleteList;
     mLiveCount--;
-    delete victim;
+    if (victim == keepA || victim == keepB)
+      kept[keptCount++] = victim;
+    else
+      delete victim;
+  }
+  while (keptCount > 0) {
+    SemBase* survivor = kept[--keptCount];
+    survivor->mNextInCompleteList = mCompleteListHead;
+    mCompleteListHead = survivor;
+    mLiveCount++;
   }
 }
 

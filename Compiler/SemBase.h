@@ -79,6 +79,10 @@ class SemBase {
   // die with it (the declaration scan) gives its memory back at its end.
   // Nothing made after LiveCount() gave the mark may be referred to.
   static void ReleaseNewerThan(unsigned long mark);
+  // The same, sparing `keepA` and `keepB` (either may be null), which then
+  // count as made before the next mark.
+  static void ReleaseNewerThanExcept(unsigned long mark, SemBase* keepA,
+                                     SemBase* keepB);
   // A compiler fault: "failed assertion: " and the text, then exit.
   [[noreturn]] static void Error(char const* text);
 

@@ -2,6 +2,7 @@
 
 #include "Compiler/Intrinsics.h"
 #include "Universal/ByteHelpers.h"
+#include "Universal/StringAssembly.h"
 
 namespace {
 
@@ -128,16 +129,20 @@ string TacAddrText(TacAddr const* addr) {
 string TacLineText(TacLine const& line) { return LineText(line, nullptr); }
 
 // Labels stand flush left like in an assembler listing, so that the jumps'
-// targets are easy to find; operations are indented below them.
+// targets are easy to find; operations are indented below them. The lines
+// are put together once at the end: adding each to the growing listing
+// would copy it again for every line.
 string ListTacBlock(TacBlock const& block, TacListingStandIns const* standIns) {
-  string listing;
+  SimpleVector<string> texts;
   TacBlockIterator lines(&block);
   while (lines.Next()) {
     TacLine const& line = lines.Value();
-    listing += PadLeft(ultoa(line.mLine), kLineColumn);
-    listing += line.opcode == kTacLabel ? "  " : "      ";
-    listing += LineText(line, standIns);
-    listing += "\n";
+    texts.push_back(PadLeft(ultoa(line.mLine), kLineColumn) +
+                    (line.opcode == kTacLabel ? "  " : "      ") +
+                    LineText(line, standIns) + "\n");
   }
-  return listing;
+  return AssembleString([&](auto piece) {
+    for (unsigned long i = 0; i < texts.size(); i++)
+      piece(texts[i], 0, texts[i].Length());
+  });
 }

@@ -65,8 +65,6 @@ TacAddr const* LookupInvokerStub(MethodSymbol* method, bool instanceMethod,
   string name = InvokerStubName(method, instanceMethod);
   if (!gContext->mInvokerStubNames.Contains(name)) {
     gContext->mInvokerStubNames.Add(name);
-    if (!gContext->mStubCode)
-      gContext->mStubCode = SemCode::New(IRDataType(), nullptr);
     gContext->mStubCode->Append(MakeInvokerStub(method, instanceMethod, name));
   }
   return FunctionPointer(code, name, string());

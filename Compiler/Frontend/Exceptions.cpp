@@ -14,6 +14,7 @@
 #include "Compiler/SymbolTable/GlobalSymbolTable.h"
 #include "Compiler/SymbolTable/LocalSymbolTable.h"
 #include "Universal/Assertion.h"
+#include "Universal/CompileWorkCounters.h"
 #include "Universal/ByteHelpers.h"
 
 namespace {
@@ -168,17 +169,27 @@ HandlerTarget FindHandlerTarget(SemBase* exceptionVar) {
 
 }  // namespace
 
+// Found or made once per compilation, then remembered with its place in
+// the list: a program of many functions asks for it at every handler.
 LocalSymbolTable* MainBodyTable() {
   QASSERT(gContext);
+  if (gContext->mMainBodyTable) return gContext->mMainBodyTable;
   LocalSymbolTableList* tables = &*gContext->mTables;
   for (unsigned long i = 1; i < tables->Count(); i++) {
     LocalSymbolTable* table = tables->GetTable(i);
-    if (table->IsMethodTable() && table->mName == string(kMainBodyName))
+    CountListSteps(1);
+    if (table->IsMethodTable() && table->mName == string(kMainBodyName)) {
+      gContext->mMainBodyTable = table;
+      gContext->mMainBodyTableIndex = i;
       return table;
+    }
   }
   LocalSymbolTable* table = new MethodSymbolTable(string(kMainBodyName));
   table->Activate(tables->GetGlobalTable(), 0);
+  gContext->mMainBodyTableIndex = tables->Count();
   tables->AddTable(table);
+  QASSERT(tables->GetTable(gContext->mMainBodyTableIndex) == table);
+  gContext->mMainBodyTable = table;
   return table;
 }
 
@@ -196,12 +207,8 @@ TacAddr const* ReleasePendingSlot(IRDataType const& type) {
 }
 
 unsigned long MainBodyTableIndex() {
-  LocalSymbolTable* table = MainBodyTable();
-  LocalSymbolTableList* tables = &*gContext->mTables;
-  for (unsigned long i = 1; i < tables->Count(); i++)
-    if (tables->GetTable(i) == table) return i;
-  QFAIL("the main body's table is in the list");
-  return 0;
+  MainBodyTable();
+  return gContext->mMainBodyTableIndex;
 }
 
 SemBase* CompileTry() {

@@ -157,6 +157,12 @@ void CompileStringBinop(SemBase* left, unsigned long op, SemBase* right,
   IRDataType string(kStringType);
   TacAddr const* a = CompileRefAs(left, string, code)->GetAddr();
   if (op == kOpAdd) {
+    StringSumLines taken;
+    if (TakeLastStringSum(a, code, &taken)) {
+      TacAddr const* piece = CompileRefAs(right, string, code)->GetAddr();
+      ExtendStringSum(taken, piece, code->GetAddr(), code);
+      return;
+    }
     SimpleVector<TacAddr const*> pieces = TakeSummedPieces(a, code);
     pieces.push_back(CompileRefAs(right, string, code)->GetAddr());
     AddStringPieces(pieces, code->GetAddr(), code);

@@ -28,15 +28,17 @@ VariableSymbol* LocalVariable(char const* name) {
   return var;
 }
 
-// The declaration the scanner made for the method at this line, and the
-// methods of its name that the same class or module declares.
-MethodSymbol* FindDeclaration(SemBase* name, MethodList* sameName) {
+// The class or module whose method is being compiled.
+MethodDeclarationListOwner* MethodOwner() {
   BlockContextList const& blocks = gContext->blocks;
   MethodDeclarationListOwner* owner = blocks.CurrentClass();
   if (!owner) owner = blocks.CurrentModule();
+  return owner;
+}
+
+// The declaration the scanner made for the method at this line.
+MethodSymbol* FindDeclaration(MethodDeclarationListOwner* owner, SemBase* name) {
   if (!owner) return nullptr;
-  *sameName = owner->MethodDeclarationListOwner::LookupMethods(name->toString(),
-                                                               kAllMethods);
   return owner->LookupMethodDeclaration(name->toString(), gContext->mSourceName,
                                         name->Location().mStartLine);
 }
@@ -52,20 +54,10 @@ void DeclareReturnVariable(MethodSymbol* method, SemBase* name) {
 }
 
 // Two bodies for one signature give one link name: compile error 93.
-void CheckLinkNameClash(MethodSymbol* method, MethodList const& sameName,
+void CheckLinkNameClash(MethodDeclarationListOwner* owner, MethodSymbol* method,
                         SemBase* name) {
-  if (!sameName || sameName->size() < 2) return;
-  for (unsigned long i = 0; i < sameName->size(); i++) {
-    MethodSymbol* other = (*sameName)[i];
-    if (other == method) continue;
-    if (other->SourceLine() == method->SourceLine() &&
-        other->SourceUnit() == method->SourceUnit())
-      continue;
-    if (other->GetLinkID() == method->GetLinkID()) {
-      Error(kErrorDuplicateLinkName, name->Location());
-      return;
-    }
-  }
+  if (owner->LinkIDDeclaredElsewhere(method))
+    Error(kErrorDuplicateLinkName, name->Location());
 }
 
 }  // namespace
@@ -75,8 +67,8 @@ void CompileFunction(SemBase* name, SemBase* alias, SemBase* params,
   QASSERT(name && name->IsIdentifier());
   QASSERT(gContext);
   QASSERT(!gContext->blocks.CurrentMethod());
-  MethodList sameName;
-  MethodSymbol* method = FindDeclaration(name, &sameName);
+  MethodDeclarationListOwner* owner = MethodOwner();
+  MethodSymbol* method = FindDeclaration(owner, name);
   if (!method) {
     Error(kErrorUnknownName, name->Location());
   } else {
@@ -88,7 +80,7 @@ void CompileFunction(SemBase* name, SemBase* alias, SemBase* params,
     QASSERT_TEXT(gContext->mSymbols->mName == name->toString(),
                  "gContext->mSymbols->mName == ident->toString()");
     gContext->mSymbols->mName = alias ? method->Name() : method->GetLinkID();
-    CheckLinkNameClash(method, sameName, name);
+    CheckLinkNameClash(owner, method, name);
   }
   PushPragmas();
 }

@@ -56,6 +56,8 @@
   do { \
     if (CheckDelegate()) YYABORT; \
   } while (0)
+/* The value of the token the parser has read ahead, if it has. */
+#define LOOKAHEAD_VALUE (yychar == YYEMPTY ? nullptr : yylval)
 
 namespace {
 
@@ -218,8 +220,8 @@ class SemBase;
 /* ---------------------------------------------------- program, top level */
 
 program
-  : %empty     { CompileProgram(nullptr); $$ = nullptr; }
-  | top_items  { CompileProgram($1); $$ = nullptr; }
+  : %empty     { CompileProgram(); $$ = nullptr; }
+  | top_items  { CompileProgram(); $$ = nullptr; }
   ;
 
 top_item
@@ -235,8 +237,8 @@ top_item
    that one run reports the errors of every line; one inside a class or
    module ends the parse (ResumeAfterTopLevelError). */
 top_items
-  : top_item
-  | top_items top_item          { $$ = ConcatList($1, $2); }
+  : top_item                    { CollectTopItem($1, LOOKAHEAD_VALUE); $$ = nullptr; }
+  | top_items top_item          { CollectTopItem($2, LOOKAHEAD_VALUE); $$ = nullptr; }
   | error TK_EOL                { $$ = nullptr; if (!ResumeAfterTopLevelError()) YYABORT; yyerrok; }
   | top_items error TK_EOL      { $$ = $1; if (!ResumeAfterTopLevelError()) YYABORT; yyerrok; }
   ;

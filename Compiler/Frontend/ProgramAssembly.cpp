@@ -4,9 +4,11 @@
 #include "Compiler/Frontend/Finalization.h"
 #include "Compiler/Frontend/Functions.h"
 #include "Compiler/Frontend/Initialization.h"
+#include "Compiler/Frontend/Lexer.h"
 #include "Compiler/Frontend/LexerTokens.h"
 #include "Compiler/Frontend/ParserError.h"
 #include "Compiler/Frontend/SrcContext.h"
+#include "Compiler/Frontend/StringSums.h"
 #include "Compiler/Frontend/SymbolUtilities.h"
 #include "Compiler/Intrinsics.h"
 #include "Compiler/SemBase.h"
@@ -114,7 +116,7 @@ SemBase* MainBodyRelease() {
 // start, item initialisers, the statements, item finalisers, release of
 // the globals, runtime exit. The main body has a stack frame of its own for
 // the variables of its exception handlers; top-level variables are static.
-void AssembleMainBody(SemBase* items) {
+void AssembleMainBody() {
   SemCode* main = gContext->mProgramCode;
   main->AddLine(kTacEnter, gContext->GetLiteral(string("% main")),
                 gContext->GetLiteral((long long)MainBodyTableIndex(),
@@ -123,9 +125,7 @@ void AssembleMainBody(SemBase* items) {
   main->AddLine(kTacIntrinsic, IntrinsicTacAddr(kIntrinsicRuntimeInit),
                 nilTacAddr, nilTacAddr);
   CallByName(main, "% initialize");
-  ForEachItem(items, [main](SemBase* item) {
-    if (HasLines(item) && !IsFunctionItem(item)) main->Append(item);
-  });
+  main->Append(gContext->mTopStatements);
   main->AddLine(kTacLabel, MainExitLabel(), nilTacAddr, nilTacAddr);
   main->Append(MainBodyRelease());
   TacAddr const* status =
@@ -137,16 +137,34 @@ void AssembleMainBody(SemBase* items) {
 
 }  // namespace
 
-SemBase* CompileProgram(SemBase* items) {
+SemBase* CompileProgram() {
   QASSERT(gContext);
-  if (!gContext->mLibrary) AssembleMainBody(items);
+  if (!gContext->mLibrary) AssembleMainBody();
   SemCode* program = gContext->mProgramCode;
-  ForEachItem(items, [program](SemBase* item) {
-    if (IsFunctionItem(item)) program->Append(item);
-  });
-  if (gContext->mStubCode && HasLines(gContext->mStubCode))
-    program->Append(gContext->mStubCode);
+  if (HasLines(gContext->mTopFunctions)) program->Append(gContext->mTopFunctions);
+  if (HasLines(gContext->mStubCode)) program->Append(gContext->mStubCode);
   return nullptr;
+}
+
+// The program's code holds the item's lines now, and the symbol tables its
+// variables: its semantic values can go. Nothing of an item refers to
+// values of an earlier one, except the parser's lookahead token, which
+// belongs to the next item, and the lexer's empty value. After a compile
+// error nothing is released, because syntax recovery may leave blocks open
+// across items and the code will never be generated anyway.
+void CollectTopItem(SemBase* item, SemBase* lookahead) {
+  QASSERT(gContext);
+  ForEachItem(item, [](SemBase* each) {
+    if (IsFunctionItem(each))
+      gContext->mTopFunctions->Append(each);
+    else if (HasLines(each))
+      gContext->mTopStatements->Append(each);
+  });
+  if (gContext->mErrorFlag) return;
+  ForgetLastStringSum();
+  SemBase::ReleaseNewerThanExcept(gContext->mTopItemMark, lookahead,
+                                  kNullSemBase);
+  gContext->mTopItemMark = SemBase::LiveCount();
 }
 
 SemBase* CompileStatementBlock(SemBase* code) {

@@ -9,7 +9,12 @@ class SemBase;
 // program: (empty); program: top_items. Builds the context's program code:
 // the main body "% main" from the top-level statements (unless the unit is
 // a library), then every function in source order, then the stubs.
-SemBase* CompileProgram(SemBase* items);
+SemBase* CompileProgram();
+// top_items: top_item; top_items top_item. Moves the item's code to the
+// statements or functions gathered so far and releases its semantic
+// values, sparing `lookahead` (the parser's lookahead token's value, or
+// null).
+void CollectTopItem(SemBase* item, SemBase* lookahead);
 // block: [block-scope] opt_statements; for_statement. Zeroes the block's
 // variables before `code`, releases them after it, and closes the scope.
 SemBase* CompileStatementBlock(SemBase* code);

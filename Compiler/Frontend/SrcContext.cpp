@@ -14,14 +14,21 @@ SrcContext* gContext = nullptr;
 
 SrcContext::SrcContext()
     : mDelegate(nullptr), mSymbols(nullptr), mProgramCode(nullptr),
-      mConditionalDepth(0), mStubCode(nullptr), mLibrary(0), mBigEndian(0),
+      mTopStatements(nullptr), mTopFunctions(nullptr), mTopItemMark(0),
+      mConditionalDepth(0), mStubCode(nullptr),
+      mMainBodyTable(nullptr), mMainBodyTableIndex(0), mLibrary(0), mBigEndian(0),
       mStaticClassData(0), mScriptMode(0), mErrorFlag(0), mNextLabel(1),
       mNextID(1) {
   QASSERT(NULL == gContext);
   mTables.BindNewObject(new LocalSymbolTableList);
   mSymbols = new StaticSymbolTable("");
   mTables->AddTable(mSymbols);
+  // Made before any item, so that releasing an item's values spares them.
   mProgramCode = SemCode::New(IRDataType(), nullptr);
+  mTopStatements = SemCode::New(IRDataType(), nullptr);
+  mTopFunctions = SemCode::New(IRDataType(), nullptr);
+  mStubCode = SemCode::New(IRDataType(), nullptr);
+  mTopItemMark = SemBase::LiveCount();
   gContext = this;
   SetCurrent(this);
   MakeSharedOperands();

@@ -12,6 +12,7 @@
 #include "Compiler/CompilationState.h"
 #include "Compiler/Frontend/BlockContext.h"
 #include "Compiler/Frontend/LanguageOptions.h"
+#include "Compiler/Frontend/StringSums.h"
 #include "Compiler/Frontend/SyntaxRecovery.h"
 #include "Compiler/Frontend/TacLiteralPool.h"
 #include "Compiler/InterRep.h"
@@ -59,6 +60,13 @@ class SrcContext : public TacLiteralPool, public CompilationState {
   LocalSymbolTable* mSymbols;
   Ref<LocalSymbolTableList> mTables;  // every local table of this compile
   SemCode* mProgramCode;  // the whole program; what the back end gets
+  // The top items so far, moved here one by one as the parser finishes
+  // them: the top-level statements and the functions, each in source order.
+  SemCode* mTopStatements;
+  SemCode* mTopFunctions;
+  // How many semantic values lived when the last top item was taken in:
+  // whatever is newer belongs to the next item alone.
+  unsigned long mTopItemMark;
   // Per item, the link name of a function to run at start and at exit.
   StringMap<string> mInitializers;
   StringMap<string> mFinalizers;
@@ -66,7 +74,12 @@ class SrcContext : public TacLiteralPool, public CompilationState {
   SyntaxRecoveryState mSyntaxRecovery;  // what the parse's recovery remembers
   long mConditionalDepth;                 // open #if blocks
   SimpleVector<bool> mConditionalStack;   // per #if: a branch was taken
-  SemCode* mStubCode;  // invoker stubs, appended last; null until needed
+  SemCode* mStubCode;  // invoker stubs, appended last
+  StringSumLines mLastStringSum;  // what the next + of a chain may extend
+  // The main body's local table and its place in mTables; null until the
+  // first handler or the program's assembly asks for it.
+  LocalSymbolTable* mMainBodyTable;
+  unsigned long mMainBodyTableIndex;
   StringSet mInvokerStubNames;  // the stubs made so far, each made once
   // The delegate types that AddressOf makes for bare methods; owned.
   SimpleVector<DelegateSymbol*> mImplicitDelegateTypes;

@@ -189,6 +189,9 @@ class MethodSymbol : public MemberSymbol {
   void SetExternal(bool state);
   string const& GetLinkID() const { return mLinkID; }
   void SetLinkID(string const& itsID);
+  // Rises with every SetLinkID, so that indexes by link ID know they are
+  // stale.
+  static unsigned long LinkIDChanges();
 
   bool IsInstanceMethod() const;
   bool IsSetterMethod() const;
@@ -286,8 +289,12 @@ class TypeSymbol : public MemberSymbol {
 // object that embeds this owner, beside its other members.
 class MethodDeclarationListOwner {
  public:
-  explicit MethodDeclarationListOwner(SymbolTable* table) : mMethodTable(table) {}
-  virtual ~MethodDeclarationListOwner() {}
+  explicit MethodDeclarationListOwner(SymbolTable* table)
+      : mMethodTable(table), mLinkIDPlaces(nullptr), mIndexedSymbols(0),
+        mIndexedLinkIDChanges(0) {}
+  MethodDeclarationListOwner(MethodDeclarationListOwner const&) = delete;
+  MethodDeclarationListOwner& operator=(MethodDeclarationListOwner const&) = delete;
+  virtual ~MethodDeclarationListOwner();
   // Every method of the name that passes the filter, newest first; events
   // count as methods here. Null if none.
   virtual MethodList LookupMethods(string const& name,
@@ -300,8 +307,27 @@ class MethodDeclarationListOwner {
     return MethodSymbolIterator(mMethodTable);
   }
 
+  // Whether another method of the name of `method`, declared at another
+  // place, has its link ID: two bodies for one signature.
+  bool LinkIDDeclaredElsewhere(MethodSymbol const* method) const;
+
  protected:
   SymbolTable* mMethodTable;
+
+ private:
+  // Where the methods of one name and link ID are declared: the place of
+  // the first, and whether any other stands elsewhere.
+  struct LinkIDPlaces {
+    unsigned int line;
+    SourceUnitDependencyLink* unit;
+    bool mixed;
+  };
+  // Keyed by name and link ID; built when first asked, rebuilt when the
+  // table has grown or a link ID has changed since.
+  void IndexLinkIDs() const;
+  mutable StringMap<LinkIDPlaces>* mLinkIDPlaces;
+  mutable unsigned long mIndexedSymbols;
+  mutable unsigned long mIndexedLinkIDChanges;
 };
 
 // Clones every method of `from` into `to`, in declared order.

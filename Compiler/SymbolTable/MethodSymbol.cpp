@@ -49,10 +49,17 @@ void MethodSymbol::SetExternal(bool state) {
   QASSERT_TEXT(state == External(), "state == External()");
 }
 
+namespace {
+unsigned long sLinkIDChanges = 0;  // compiles run one at a time
+}  // namespace
+
 void MethodSymbol::SetLinkID(string const& itsID) {
   QASSERT_TEXT(itsID.Length(), "itsID.Length()");
   mLinkID = itsID;
+  sLinkIDChanges++;
 }
+
+unsigned long MethodSymbol::LinkIDChanges() { return sLinkIDChanges; }
 
 // ------------------------------------------------------------- kinds
 

@@ -27,13 +27,14 @@ SourceUnitDependencyLink::SourceUnitDependencyLink(
 Symbol::Symbol(string const& name)
     : mName(name), mHash(Hash(name)), mSourceUnit(nullptr),
       mSourceLine(CurrentSourceLine()), mWrittenInScript(false),
-      mOwner(nullptr), mNextInTable(nullptr), mNextSameName(nullptr) {}
+      mOwner(nullptr), mNextInTable(nullptr), mNextSameName(nullptr),
+      mNextSameLine(nullptr) {}
 
 Symbol::Symbol(Symbol const& original, SourceUnitDependencyLink* link)
     : mName(original.mName), mHash(original.mHash), mSourceUnit(link),
       mSourceLine(original.mSourceLine), mWrittenInScript(true),
       mOwner(nullptr),
-      mNextInTable(nullptr), mNextSameName(nullptr) {
+      mNextInTable(nullptr), mNextSameName(nullptr), mNextSameLine(nullptr) {
   QASSERT_TEXT(NULL == original.mSourceUnit, "NULL == original.mSourceUnit");
 }
 
@@ -68,7 +69,7 @@ bool LookupSet::Next() {
 SymbolTable::SymbolTable()
     : mIndex(new Symbol*[kInitialIndexSize]()),
       mIndexSize(kInitialIndexSize), mSymbolCount(0), mFirst(nullptr),
-      mLast(nullptr), mIteratorLocks(0) {}
+      mLast(nullptr), mIteratorLocks(0), mDeclarationsByLine(nullptr) {}
 
 SymbolTable::~SymbolTable() {
   QASSERT_TEXT(0 == mIteratorLocks, "0 == mIteratorLocks");
@@ -85,6 +86,7 @@ SymbolTable::~SymbolTable() {
   }
   QASSERT_TEXT(deleteCtr == mSymbolCount, "deleteCtr == mSymbolCount");
   delete[] mIndex;
+  delete mDeclarationsByLine;
 }
 
 // The slot that holds the chain of `name`, or the empty slot where it would
@@ -129,6 +131,15 @@ void SymbolTable::Add(Symbol* item) {
   unsigned long slot = Probe(item->mName, item->mHash);
   item->mNextSameName = mIndex[slot];
   mIndex[slot] = item;
+  if (mDeclarationsByLine) IndexByLine(item);
+}
+
+void SymbolTable::IndexByLine(Symbol* item) const {
+  if (!item->mWrittenInScript) return;
+  Symbol* newest = nullptr;
+  mDeclarationsByLine->GetEntry(int(item->mSourceLine), newest);
+  item->mNextSameLine = newest;
+  mDeclarationsByLine->AddEntry(int(item->mSourceLine), item);
 }
 
 void SymbolTable::EnlargeIndex() {
@@ -153,11 +164,16 @@ LookupSet SymbolTable::Lookup(string const& name) const {
 Symbol* SymbolTable::LookupDeclaration(string const& name,
                                        string const& unitID,
                                        unsigned int line) const {
+  if (!mDeclarationsByLine) {
+    mDeclarationsByLine = new IntMap<Symbol*>;
+    for (Symbol* each = mFirst; each; each = each->mNextInTable) IndexByLine(each);
+  }
   Symbol* out = nullptr;
-  LookupSet set = Lookup(name);
-  while (set.Next()) {
-    Symbol* symbol = set.Value();
-    if (!symbol->WrittenInScript() || symbol->SourceLine() != line) continue;
+  Symbol* symbol = nullptr;
+  mDeclarationsByLine->GetEntry(int(line), symbol);
+  for (; symbol; symbol = symbol->mNextSameLine) {
+    CountListSteps(1);
+    if (symbol->mName != name) continue;
     if (symbol->SourceUnit() && symbol->SourceUnit()->UnitID() != unitID)
       continue;
     QASSERT_TEXT(NULL == out, "NULL == out");

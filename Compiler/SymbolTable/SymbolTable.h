@@ -15,6 +15,7 @@
 
 #include "Compiler/datatypes.h"
 #include "Universal/Assertion.h"
+#include "Universal/IntMap.h"
 #include "Universal/ustring.h"
 
 class SymbolTable;
@@ -100,6 +101,7 @@ class Symbol {
   SymbolTable* mOwner;
   Symbol* mNextInTable;   // insertion order
   Symbol* mNextSameName;  // the next older symbol of this name
+  Symbol* mNextSameLine;  // the next older script declaration of this line
 };
 
 // One same-name chain, newest symbol first: `while (set.Next()) set.Value()`.
@@ -143,6 +145,8 @@ class SymbolTable {
   // Doubles the index; only chain heads move.
   void EnlargeIndex();
   unsigned long Probe(string const& name, unsigned long hash) const;
+  // Files a script declaration under its line, once the line index exists.
+  void IndexByLine(Symbol* item) const;
 
   Symbol** mIndex;
   unsigned long mIndexSize;
@@ -150,6 +154,10 @@ class SymbolTable {
   Symbol* mFirst;
   Symbol* mLast;
   unsigned long mIteratorLocks;
+  // The newest script declaration per source line, made by the first
+  // LookupDeclaration: a table of many overloads of one name finds each
+  // body's declaration without walking all of them.
+  mutable IntMap<Symbol*>* mDeclarationsByLine;
 };
 
 // Walks a table in insertion order. While it lives, the table refuses to

@@ -41,6 +41,51 @@ MethodList MethodDeclarationListOwner::LookupMethods(
   return out;
 }
 
+MethodDeclarationListOwner::~MethodDeclarationListOwner() {
+  delete mLinkIDPlaces;
+}
+
+namespace {
+
+// Names and link IDs both compare ignoring case; a line end is in neither.
+string NameAndLinkID(MethodSymbol const* method) {
+  return method->Name() + string("\n") + method->GetLinkID();
+}
+
+}  // namespace
+
+void MethodDeclarationListOwner::IndexLinkIDs() const {
+  delete mLinkIDPlaces;
+  mLinkIDPlaces = new StringMap<LinkIDPlaces>;
+  mIndexedSymbols = mMethodTable->Count();
+  mIndexedLinkIDChanges = MethodSymbol::LinkIDChanges();
+  SymbolTableIterator each(mMethodTable);
+  while (each.Next()) {
+    if (!each.Value()->IsA(Symbol::kMethod)) continue;
+    MethodSymbol const* method = static_cast<MethodSymbol const*>(each.Value());
+    string key = NameAndLinkID(method);
+    LinkIDPlaces places;
+    if (!mLinkIDPlaces->GetEntry(key, places)) {
+      places = {method->SourceLine(), method->SourceUnit(), false};
+    } else if (places.line != method->SourceLine() ||
+               places.unit != method->SourceUnit()) {
+      places.mixed = true;
+    }
+    mLinkIDPlaces->AddEntry(key, places);
+  }
+}
+
+bool MethodDeclarationListOwner::LinkIDDeclaredElsewhere(
+    MethodSymbol const* method) const {
+  if (!mLinkIDPlaces || mIndexedSymbols != mMethodTable->Count() ||
+      mIndexedLinkIDChanges != MethodSymbol::LinkIDChanges())
+    IndexLinkIDs();
+  LinkIDPlaces places;
+  if (!mLinkIDPlaces->GetEntry(NameAndLinkID(method), places)) return false;
+  return places.mixed || places.line != method->SourceLine() ||
+         places.unit != method->SourceUnit();
+}
+
 MethodSymbol* MethodDeclarationListOwner::LookupMethodDeclaration(
     string const& name, string const& unitID, unsigned int line) const {
   Symbol* found = mMethodTable->LookupDeclaration(name, unitID, line);

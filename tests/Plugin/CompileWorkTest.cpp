@@ -127,4 +127,36 @@ TEST(CompileWork, AnExpressionOfManyVariablesCompilesInLinearWork) {
   }, 2000);
 }
 
+// Each body finds its declaration among the overloads by its line, and
+// the check for two bodies of one signature looks up its link name.
+TEST(CompileWork, OverloadsOfOneNameCompileInLinearWork) {
+  ExpectLinear([](int n) {
+    return Lines(n, [](int i) {
+      std::string type = "C" + std::to_string(i);
+      return "Class " + type + "\nEnd Class\nSub S(x As " + type + ")\nEnd Sub";
+    });
+  }, 500);
+}
+
+// Every top-level handler finds the main body's table, remembered once
+// made, not searched for among the tables of all the functions.
+TEST(CompileWork, TopLevelHandlersAfterManyFunctionsCompileInLinearWork) {
+  ExpectLinear([](int n) {
+    return Lines(n, [](int i) { return "Sub S" + std::to_string(i) + "()\nEnd Sub"; }) +
+           Lines(n, [](int i) {
+             return "Try\n  S" + std::to_string(i) + "\nCatch\nEnd Try";
+           });
+  }, 500);
+}
+
+// The chain extends the lines of its sum in place instead of taking all
+// its pieces off and writing them again for each +.
+TEST(CompileWork, ALongStringSumCompilesInLinearWork) {
+  ExpectLinear([](int n) {
+    std::string sum = "Dim s As String = x";
+    for (int i = 0; i < n; i++) sum += " + x";
+    return "Dim x As String = \"ab\"\n" + sum + "\nPrint s\n";
+  }, 2000);
+}
+
 }  // namespace

@@ -27,6 +27,7 @@
 
 #include "Compiler/BackEnds/IA-32/IA32OpWriter.h"
 #include "Compiler/BackEnds/codegenerator.h"
+#include "Universal/IntMap.h"
 
 class LocalSymbolTable;
 
@@ -253,8 +254,20 @@ class CGIA32 : public CodeGenerator, public IA32OpWriter {
 
   CGIA32Options mOptions;
   LocalSymbolTable* mLocals;
-  SimpleVector<LabelPosition> mLabels;
-  SimpleVector<LabelPosition> mForwardRefs;
+  // A jump's displacement field waiting for its label, and the one that
+  // waited for the same label before it (a position in mForwardRefs plus
+  // one; 0 ends the chain).
+  struct ForwardRef {
+    unsigned int mField;
+    unsigned long mPreviousForLabel;
+  };
+  // Per function, keyed by label: where each label stands, and the newest
+  // jump that waits for it, so that a function of many labels finds each
+  // one at once. Made afresh by BeginFunction.
+  IntMap<unsigned int>* mLabelOffsets;
+  IntMap<unsigned long>* mNewestForwardRef;
+  SimpleVector<ForwardRef> mForwardRefs;
+  unsigned long mUnresolvedForwardRefs;
   TacAddr const* mObjectBase;
   long mObjectBaseOffset;
   long mClock;

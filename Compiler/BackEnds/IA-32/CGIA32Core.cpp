@@ -6,14 +6,19 @@
 #include "Universal/Assertion.h"
 
 CGIA32::CGIA32()
-    : mLocals(nullptr), mObjectBase(nilTacAddr), mObjectBaseOffset(0),
+    : mLocals(nullptr), mLabelOffsets(new IntMap<unsigned int>),
+      mNewestForwardRef(new IntMap<unsigned long>), mUnresolvedForwardRefs(0),
+      mObjectBase(nilTacAddr), mObjectBaseOffset(0),
       mClock(0), mCallingConvention(0), mNextLocalLabel(0),
       mFlagsHold(nilTacAddr), mFlagsLeft(nilTacAddr) {
   for (int reg = 0; reg < kRegisterCount; reg++) mSavedRegisters[reg] = false;
   ClearRegisterHomes();
 }
 
-CGIA32::~CGIA32() {}
+CGIA32::~CGIA32() {
+  delete mLabelOffsets;
+  delete mNewestForwardRef;
+}
 
 void CGIA32::Configure(CGIA32Options const& options,
                        SimpleVector<string> const& intrinsicLinkNames) {
@@ -48,8 +53,12 @@ void CGIA32::CompileLineBefore(TacLine const& line) {
 
 void CGIA32::BeginFunction(string const& name) {
   NewFunction(name);
-  mLabels.deleteAll();
+  delete mLabelOffsets;
+  mLabelOffsets = new IntMap<unsigned int>;
+  delete mNewestForwardRef;
+  mNewestForwardRef = new IntMap<unsigned long>;
   mForwardRefs.deleteAll();
+  mUnresolvedForwardRefs = 0;
   mParameters.deleteAll();
   mArguments.deleteAll();
   mLocals = nullptr;
@@ -68,7 +77,7 @@ void CGIA32::EndFunction() {
   FinishFunction();
   mLocals = nullptr;
   mCallingConvention = 0;
-  if (mForwardRefs.size()) Error(kErrorUnresolvedForwardReference);
+  if (mUnresolvedForwardRefs) Error(kErrorUnresolvedForwardReference);
   QASSERT_TEXT(!mArguments.size(), "!mArguments.size()");
   QASSERT_TEXT(!mParameters.size(), "!mParameters.size()");
 }

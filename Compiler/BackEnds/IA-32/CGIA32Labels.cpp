@@ -9,23 +9,30 @@
 // the displacement to a known label, or 0 with the field noted for later.
 int CGIA32::FindLabel(long label, int delta) {
   unsigned int field = CodeBufferLength() + delta;
-  for (unsigned long i = 0; i < mLabels.size(); i++)
-    if (mLabels[i].mLabel == label)
-      return static_cast<int>(mLabels[i].mOffset - (field + 4));
-  LabelPosition ref = {label, field};
+  unsigned int offset = 0;
+  if (mLabelOffsets->GetEntry(label, offset))
+    return static_cast<int>(offset - (field + 4));
+  unsigned long previous = 0;
+  mNewestForwardRef->GetEntry(label, previous);
+  ForwardRef ref = {field, previous};
   mForwardRefs.push_back(ref);
+  mNewestForwardRef->AddEntry(label, mForwardRefs.size());
+  mUnresolvedForwardRefs++;
   return 0;
 }
 
+// A label placed again keeps its first place, which every jump found.
 void CGIA32::PlaceLabel(long label) {
   unsigned int here = CodeBufferLength();
-  LabelPosition position = {label, here};
-  mLabels.push_back(position);
-  for (unsigned long i = mForwardRefs.size(); i > 0; i--) {
-    LabelPosition const& ref = mForwardRefs[i - 1];
-    if (ref.mLabel != label) continue;
-    mFunc->Set32(ref.mOffset, here - (ref.mOffset + 4));
-    mForwardRefs.deleteIdx(i - 1);
+  if (!mLabelOffsets->HasEntry(label)) mLabelOffsets->AddEntry(label, here);
+  unsigned long waiting = 0;
+  if (!mNewestForwardRef->GetEntry(label, waiting)) return;
+  mNewestForwardRef->RemoveEntry(label);
+  while (waiting) {
+    ForwardRef const& ref = mForwardRefs[waiting - 1];
+    mFunc->Set32(ref.mField, here - (ref.mField + 4));
+    mUnresolvedForwardRefs--;
+    waiting = ref.mPreviousForLabel;
   }
 }
 
