@@ -15,6 +15,7 @@
 #include <set>
 
 #include "StandInHost/HostState.h"
+#include "StandInHost/RuntimeLibrary/LibraryYields.h"
 
 namespace quorl {
 namespace standin {
@@ -30,6 +31,15 @@ struct Ticker {
   std::multiset<VELDObject> running;
 };
 
+// The yield a library call takes: the engine's, where it offers one.
+bool YieldNow() {
+  QuorlEngineOperations const* engine = Host().engine;
+  if (!engine || engine->mSize <= offsetof(QuorlEngineOperations, mYieldNow) ||
+      !engine->mYieldNow)
+    return false;
+  return engine->mYieldNow() != 0;
+}
+
 bool EngineTakesRequests() {
   QuorlEngineOperations const* engine = Host().engine;
   return engine &&
@@ -43,7 +53,7 @@ void* Tick(void* argument) {
   for (;;) {
     ticker->wake.wait(hold, [ticker] { return !ticker->running.empty(); });
     ticker->wake.wait_for(hold, kYieldTick);
-    gYieldTicks.fetch_add(1, std::memory_order_relaxed);
+    library::gYieldTicks.fetch_add(1, std::memory_order_relaxed);
     for (VELDObject instance : ticker->running)
       Host().engine->mRequestYield(instance);
   }
@@ -55,6 +65,7 @@ Ticker& ProcessTicker() {
   static pid_t owner = 0;
   std::lock_guard<std::mutex> hold(startLock);
   if (!ticker || owner != getpid()) {
+    library::SetLibraryYield(YieldNow);
     ticker = new Ticker;
     owner = getpid();
     pthread_attr_t attributes;
@@ -69,18 +80,6 @@ Ticker& ProcessTicker() {
 }
 
 }  // namespace
-
-std::atomic<unsigned> gYieldTicks{0};
-thread_local unsigned tServedYieldTick = 0;
-
-bool YieldFromLibraryCall() {
-  tServedYieldTick = gYieldTicks.load(std::memory_order_relaxed);
-  QuorlEngineOperations const* engine = Host().engine;
-  if (!engine || engine->mSize <= offsetof(QuorlEngineOperations, mYieldNow) ||
-      !engine->mYieldNow)
-    return false;
-  return engine->mYieldNow() != 0;
-}
 
 YieldTicks::YieldTicks(VELDObject instance) {
   if (!instance || !Host().options.yieldHook || !EngineTakesRequests()) return;

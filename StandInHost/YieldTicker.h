@@ -6,7 +6,6 @@
 #ifndef STANDINHOST_YIELDTICKER_H
 #define STANDINHOST_YIELDTICKER_H
 
-#include <atomic>
 #include <chrono>
 
 #include "Plugin/PluginBoundary.h"
@@ -29,22 +28,6 @@ class YieldTicks {
  private:
   VELDObject mInstance = nullptr;
 };
-
-// Moved on by the ticker each time it asks; a thread whose script calls
-// the library compares it with the tick it served last, so that a script
-// whose time goes into library calls made where it checks for no yield
-// (on the way back from a deep recursion) yields too.
-extern std::atomic<unsigned> gYieldTicks;
-extern thread_local unsigned tServedYieldTick;
-
-inline bool YieldIsDue() {
-  return gYieldTicks.load(std::memory_order_relaxed) != tServedYieldTick;
-}
-
-// Gives the host its turn from a library call of the running script. True
-// when a stop is on its way back into the script: the library function is
-// then not called.
-bool YieldFromLibraryCall();
 
 }  // namespace standin
 }  // namespace quorl

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "Common/ObjectModel/RuntimeExceptionFoundation.h"
-#include "StandInHost/YieldTicker.h"
+#include "StandInHost/RuntimeLibrary/LibraryYields.h"
 
 namespace quorl {
 namespace standin {
