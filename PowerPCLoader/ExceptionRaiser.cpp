@@ -93,6 +93,11 @@ void InitRuntimeNotingRaiseLines() {
 
 unsigned long UncaughtExceptionLine() { return sUncaughtLine; }
 
+void ReportEndingException(RuntimeObject* exception) {
+  sUncaughtLine = exception == sLastRaise.mException ? sLastRaise.mLine : 0;
+  RuntimeUnhandledException(exception);
+}
+
 }  // namespace ppcloader
 
 __attribute__((noinline)) void ActivateNextExceptionHandler(

@@ -4,6 +4,8 @@
 #ifndef POWERPCLOADER_EXCEPTIONRAISER_H
 #define POWERPCLOADER_EXCEPTIONRAISER_H
 
+struct RuntimeObject;
+
 namespace ppcloader {
 
 // What the module calls for the runtime's RuntimeInit: the runtime's, then
@@ -13,6 +15,9 @@ void InitRuntimeNotingRaiseLines();
 // The line the exception that no handler caught was raised at, from 1; 0
 // when unknown.
 unsigned long UncaughtExceptionLine();
+// Reports an exception that ended the run at once (a runaway stack
+// overflow) as uncaught, with the line it was raised from.
+void ReportEndingException(RuntimeObject* exception);
 
 }  // namespace ppcloader
 

@@ -9,6 +9,7 @@
 
 #include "Compiler/BackEnds/Minilinker/QuorlScriptIntrinsics.h"
 #include "PowerPCLoader/CallBridges.h"
+#include "PowerPCLoader/ExceptionRaiser.h"
 #include "PowerPCLoader/LoadedCode.h"
 #include "PowerPCLoader/NewerFloatInstructions.h"
 #include "PowerPCLoader/RuntimeTable.h"
@@ -55,7 +56,14 @@ int main(int argc, char** argv) {
   InitQuorlScriptRuntime();
   ppcloader::ConnectConsole(argc == 3 ? argv[2] : argv[1]);
   SetRuntimeStackLimit(StackLimit());
-  ppcloader::CallGeneratedCode(entry);
+  // A stack overflow whose handlers keep calling ends the run from where
+  // it is (see RuntimeCheckStack).
+  RuntimeObject* runaway = CallEndingRunaways(
+      [](void* main) { ppcloader::CallGeneratedCode(main); }, entry);
+  if (runaway) {
+    ppcloader::ReportEndingException(runaway);
+    RuntimeUnlockObject(runaway);
+  }
   ExitQuorlScriptRuntime();
   fflush(stdout);
   return ppcloader::RuntimeErrorCount() ? kExitRuntimeError : kExitCompleted;

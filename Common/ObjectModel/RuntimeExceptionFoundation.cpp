@@ -183,6 +183,10 @@ void RuntimeRaiseException(RuntimeObject* exception) {
   ActivateNextExceptionHandler(exception);
 }
 
+void RuntimeNoteRaise(RuntimeObject* exception) {
+  if (exception && sExceptionMonitor) sExceptionMonitor(exception);
+}
+
 void RuntimeReraiseException(RuntimeObject* exception) {
   if (!exception) return;
   ActivateNextExceptionHandler(exception);

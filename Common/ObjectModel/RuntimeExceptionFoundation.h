@@ -65,6 +65,9 @@ RuntimeExceptionHook GetUnhandledExceptionHook();
 
 // Walks the frame chain from the caller's frame and activates the first
 // landing pad found; without one, RuntimeUnhandledException.
+// Tells the exception monitor of a raise that does not go through
+// RuntimeRaiseException: one that ends the run at once.
+void RuntimeNoteRaise(RuntimeObject* exception);
 void ActivateNextExceptionHandler(RuntimeObject* exception);
 // The landing pad that a raise at `code` reaches within its function, or
 // null: regions that start after `code` are skipped whole, with their pads.

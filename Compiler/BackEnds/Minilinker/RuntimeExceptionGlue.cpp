@@ -239,7 +239,7 @@ __attribute__((noinline)) void RuntimeCheckStack() {
   if (!exception) return;
   RunawayEnd* end = tRunawayEnd;
   if (end && stackPointer + kRunawayDepth < limit) {
-    NoteRaiseSite(exception);
+    RuntimeNoteRaise(exception);
     end->exception = exception;
     longjmp(end->where, 1);
   }
