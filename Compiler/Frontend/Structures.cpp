@@ -84,6 +84,34 @@ bool IsFixedStringType(SimpleDataType type) {
          type == kExternalPStringType || type == kExternalWStringType;
 }
 
+// The largest structure, in bytes. Offsets and sizes are 32-bit numbers in
+// the code, and a value that large is copied at every assignment: beyond
+// this a field is error 116.
+unsigned long long const kLargestStructureBytes = 1ull << 24;
+
+// The bytes the fields of the structure being compiled take so far, in 64
+// bits so that no field size can wrap it.
+unsigned long long sStructureBytes;
+
+// At most the bytes the field takes (a fixed string counts its length plus
+// one, the most any kind of it adds).
+unsigned long long FieldBytes(StructureFieldSymbol* field) {
+  IRDataType type = field->GetType();
+  unsigned long long count = 1;
+  if (type.GetMainType() == kArrayType) {
+    count = static_cast<unsigned long long>(field->mArrayUbound + 1);
+    type = type.AsElement();
+  }
+  unsigned long long each = 0;
+  if (field->mStringLength)
+    each = 2ull * field->mStringLength + 1;
+  else if (StructureSymbol* held = StructureOf(type))
+    each = held->GetStorageSize();
+  else if (type.GetMainType() != kStringType)
+    each = type.StorageSize();
+  return count * each;
+}
+
 // A field's type without a `* n`: a String has no size of its own, and
 // nothing counted may live in raw bytes.
 void CheckPlainFieldType(IRDataType const& type, SourceLocation const& where) {
@@ -143,6 +171,7 @@ SemBase* CompileStructure(SemBase* ident) {
     return marker;
   }
   gContext->blocks.Enter(structure);
+  sStructureBytes = 0;
   return marker;
 }
 
@@ -169,6 +198,12 @@ SemBase* CompileStructureField(SemBase* ident, SemBase* count, SemBase* type,
     CheckSizedField(field, size, where);
   else
     CheckPlainFieldType(field->GetType(), where);
+  if (field->mArrayUbound < 0 && field->GetType().GetMainType() == kArrayType)
+    return ident;
+  bool fitted = sStructureBytes <= kLargestStructureBytes;
+  sStructureBytes += FieldBytes(field);
+  if (fitted && sStructureBytes > kLargestStructureBytes)
+    Error(kErrorStructureField116, where);
   return ident;
 }
 
