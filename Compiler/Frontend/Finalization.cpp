@@ -1,5 +1,6 @@
 #include "Compiler/Frontend/Finalization.h"
 
+#include "Compiler/Frontend/Exceptions.h"
 #include "Compiler/Frontend/SrcContext.h"
 #include "Compiler/SemBase.h"
 #include "Compiler/SymbolTable/LocalSymbolTable.h"
@@ -11,6 +12,7 @@ void Release(TacAddr const* place, SemBase* code) {
   code->AddLine(kTacUnlock, place, nilTacAddr, nilTacAddr);
 }
 
+
 // Properties with accessors of their own have no storage to release.
 bool HasCountedStorage(PropertySymbol* property) {
   return !property->HasCustomAccessors() && property->GetType().RefCounted();
@@ -18,11 +20,32 @@ bool HasCountedStorage(PropertySymbol* property) {
 
 }  // namespace
 
+// A global that a destructor run by its own release can still reach is
+// cleared before its reference goes, as an assignment of Nil does: the
+// destructor neither finds the dying object there nor, assigning to it,
+// gives up that object's reference a second time.
+void ReleaseGlobalPlace(TacAddr const* place, SemBase* code) {
+  TacAddr const* held = ReleasePendingSlot(place->mType);
+  code->AddLine(kTacStore, place, nilTacAddr, held);
+  code->AddLine(kTacStore, gTacZero, nilTacAddr, place);
+  code->AddLine(kTacUnlock, held, nilTacAddr, nilTacAddr);
+}
+
 void FinalizeVariable(VariableSymbol* var, SemBase* code) {
   QASSERT(var);
   QASSERT(code);
   if (var->FinalizationAllowed() && var->GetType().RefCounted())
     Release(var->GetAddr(), code);
+}
+
+void FinalizeGlobalSymbols(LocalSymbolTable* table, SemBase* code) {
+  if (!table) return;
+  LocalVariableIterator it(table);
+  while (it.Next()) {
+    VariableSymbol* var = it.Value();
+    if (var->FinalizationAllowed() && var->GetType().RefCounted())
+      ReleaseGlobalPlace(var->GetAddr(), code);
+  }
 }
 
 void FinalizeSymbols(LocalSymbolTable* table, SemBase* code) {
@@ -47,7 +70,7 @@ void FinalizeStaticProperty(PropertySymbol* property, SemBase* code) {
   QASSERT(code);
   QASSERT(gContext);
   if (!HasCountedStorage(property)) return;
-  Release(gContext->GetStaticSymbolAddr(property->GetType(),
+  ReleaseGlobalPlace(gContext->GetStaticSymbolAddr(property->GetType(),
                                         property->GetLinkName()),
           code);
 }

@@ -80,7 +80,7 @@ void ReleaseMethodStatics(SemBase* code) {
       VariableSymbol* var = it.Value();
       if (var->GetStorageClass() == kGlobalDataStorage &&
           var->GetType().RefCounted())
-        code->AddLine(kTacUnlock, var->GetAddr(), nilTacAddr, nilTacAddr);
+        ReleaseGlobalPlace(var->GetAddr(), code);
     }
   }
 }
@@ -90,7 +90,7 @@ void ReleaseMethodStatics(SemBase* code) {
 // variable stood for.
 void ReleaseGlobals(SemBase* code) {
   LocalSymbolTable* table = gContext->mTables->GetGlobalTable();
-  FinalizeSymbols(table, code);
+  FinalizeGlobalSymbols(table, code);
   ReleaseMethodStatics(code);
   GlobalSymbolTable* root = gContext->blocks.Root();
   if (!root) return;

@@ -32,11 +32,14 @@ TEST(ProgramAssembly, TopLevelStringsAreReleasedOnceAtTheEnd) {
       "r = \"a\" + Suffix()\nt = r + s\nn = 1\n");
   ASSERT_TRUE(p.errors.empty()) << p.Listing();
   listing::Section main = p.Body();
+  // Each is taken aside and cleared, and then its reference goes: a
+  // destructor run by the release finds the global empty.
   for (std::string name : {"r", "s", "t"}) {
-    std::string release = "Unlock " + name + " As String (global)";
+    std::string release = "Store 0 As Int32 -> " + name + " As String (global)";
     EXPECT_EQ(1, p.Count(release)) << name << "\n" << p.Listing();
     EXPECT_GT(p.Find(release), main.exit) << name;
     EXPECT_LT(p.Find(release), main.end) << name;
+    EXPECT_EQ(0, p.Count("Unlock " + name + " As String (global)")) << name;
   }
   EXPECT_EQ(0, p.Count("Unlock n "));
   EXPECT_LT(main.end, p.Find("Enter \"Suffix"));
