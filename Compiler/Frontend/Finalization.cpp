@@ -38,14 +38,19 @@ void FinalizeVariable(VariableSymbol* var, SemBase* code) {
     Release(var->GetAddr(), code);
 }
 
+// Gathered first: each release takes a slot in the current table, which
+// must not grow while it is walked.
 void FinalizeGlobalSymbols(LocalSymbolTable* table, SemBase* code) {
   if (!table) return;
+  SimpleVector<TacAddr const*> places;
   LocalVariableIterator it(table);
   while (it.Next()) {
     VariableSymbol* var = it.Value();
     if (var->FinalizationAllowed() && var->GetType().RefCounted())
-      ReleaseGlobalPlace(var->GetAddr(), code);
+      places.push_back(var->GetAddr());
   }
+  for (unsigned long i = 0; i < places.size(); i++)
+    ReleaseGlobalPlace(places[i], code);
 }
 
 void FinalizeSymbols(LocalSymbolTable* table, SemBase* code) {

@@ -70,8 +70,12 @@ void CollectReleasedLinkNames(LocalSymbolTable* table, StringSet* names) {
 
 // A method's Static locals live in static data but are never released by
 // the method itself: they are released here, once per run.
+// The places are gathered before any is released: a release takes a slot
+// in the current table, which after a syntax error in a method may still
+// be that method's, walked here.
 void ReleaseMethodStatics(SemBase* code) {
   LocalSymbolTableList const* tables = &*gContext->mTables;
+  SimpleVector<TacAddr const*> statics;
   for (unsigned long i = 1; i < tables->Count(); i++) {
     LocalSymbolTable* table = tables->GetTable(i);
     if (!table || !table->IsMethodTable()) continue;
@@ -80,9 +84,11 @@ void ReleaseMethodStatics(SemBase* code) {
       VariableSymbol* var = it.Value();
       if (var->GetStorageClass() == kGlobalDataStorage &&
           var->GetType().RefCounted())
-        ReleaseGlobalPlace(var->GetAddr(), code);
+        statics.push_back(var->GetAddr());
     }
   }
+  for (unsigned long i = 0; i < statics.size(); i++)
+    ReleaseGlobalPlace(statics[i], code);
 }
 
 // Each global storage gets one Unlock: the variables of the static table,

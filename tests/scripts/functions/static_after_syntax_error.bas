@@ -1,0 +1,8 @@
+// A syntax error in a Sub's first line leaves its table open; the counted
+// Static local inside is still released at the end without a fault.
+Sub Remember(s As String
+  Static all As String
+End Sub
+// expect error 1 1
+// expect error 2 11
+// expect error 3 1
