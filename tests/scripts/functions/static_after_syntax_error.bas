@@ -3,6 +3,6 @@
 Sub Remember(s As String
   Static all As String
 End Sub
-// expect error 1 1
-// expect error 2 11
 // expect error 3 1
+// expect error 4 11
+// expect error 5 1
