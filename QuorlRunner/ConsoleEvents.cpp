@@ -70,7 +70,7 @@ void ConnectConsole(Script& script, Console const& console,
     std::fflush(console.out);
     return ReadLine(console.in);
   });
-  script.OnError([console, fileName, source, &counts](ScriptError const& error) {
+  script.OnError([console, fileName, &source, &counts](ScriptError const& error) {
     ReportError(console, fileName, source, counts, error);
   });
 }

@@ -31,8 +31,8 @@ struct EventCounts {
 };
 
 // Connects the script's output, input and errors. `fileName` is how
-// reports name the script, `source` the text they quote. The counts must
-// outlive the script's runs.
+// reports name the script, `source` the text they quote. The source and
+// the counts must outlive the script's runs: the handlers refer to them.
 void ConnectConsole(Script& script, Console const& console,
                     std::string const& fileName, std::string const& source,
                     EventCounts& counts);
