@@ -112,7 +112,17 @@ PropertySymbol* ExtractPropertyDeclaration(string text) {
 
 // ------------------------------------------------------------ tokens
 
-int DeclarationScanner::Read() { return mToken = GetToken(); }
+DeclarationScanner::DeclarationScanner()
+    : mToken(0), mBlockDepth(0), mTooDeep(false),
+      mValuesMark(SemBase::LiveCount()) {}
+
+// Only the token in hand is ever read, and what a declaration keeps of it
+// is copied: the values of the tokens before it go, so that scanning a
+// big source holds one token's value, not all of them.
+int DeclarationScanner::Read() {
+  SemBase::ReleaseNewerThan(mValuesMark);
+  return mToken = GetToken();
+}
 
 void DeclarationScanner::ReadInLine() {
   if (!AtLineEnd()) Read();

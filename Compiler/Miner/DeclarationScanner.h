@@ -16,7 +16,7 @@ struct MemberFlags {
 
 class DeclarationScanner {
  public:
-  DeclarationScanner() : mToken(0), mBlockDepth(0), mTooDeep(false) {}
+  DeclarationScanner();
 
   // Reads the first token.
   void Start() { Read(); }
@@ -150,6 +150,7 @@ class DeclarationScanner {
   int mToken;  // the token in hand
   int mBlockDepth;  // block bodies open around the token
   bool mTooDeep;    // the nesting error was given: the text is abandoned
+  unsigned long mValuesMark;  // the semantic values older than the scan
 };
 
 // "__Lookup": the class function that every class and interface declares.
