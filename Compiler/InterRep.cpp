@@ -134,13 +134,16 @@ bool const sSharedOperandsMade = (MakeSharedOperands(), true);
 
 // ---------------------------------------------------------------- blocks
 
-TacBlock::~TacBlock() {
+TacBlock::~TacBlock() { Clear(); }
+
+void TacBlock::Clear() {
   TacLine* line = mFirst;
   while (line) {
     TacLine* next = line->mNext;
     delete line;
     line = next;
   }
+  mFirst = mLast = nullptr;
 }
 
 void TacBlock::AddLine(TacLine const& line) {

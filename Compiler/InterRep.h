@@ -156,6 +156,8 @@ class TacBlock {
   // empty.
   void Append(TacBlock& other);
   bool IsEmpty() const { return mFirst == nullptr; }
+  // Frees every line.
+  void Clear();
 
   TacLine* mFirst;
   TacLine* mLast;

@@ -2,6 +2,7 @@
 
 #include "Compiler/BackEnds/codestorage.h"
 #include "Compiler/DebuggerSymbolFactory.h"
+#include "Compiler/Frontend/FunctionSink.h"
 #include "Compiler/Frontend/Lexer.h"
 #include "Compiler/Frontend/ParserSupport.h"
 #include "Compiler/Frontend/SrcContext.h"
@@ -19,7 +20,7 @@ static unsigned long const kIntrinsicNameCapacity = kQtyIntrinsics;
 Compiler::Compiler()
     : mCodeType(kCodeTypePowerPC), mCallShapes(nullptr), mLibrary(0), mDebug(0),
       mStaticClassData(0), mScriptMode(0), mTacListing(nullptr),
-      mOptimize(true), mDelegate(nullptr) {
+      mOptimize(true), mGenerateAsParsed(true), mDelegate(nullptr) {
   mIntrinsicNames.resize(kIntrinsicNameCapacity);
 }
 
@@ -60,6 +61,13 @@ Ref<CodeModule> Compiler::RunBackEnd(string const& name) {
     delete backEnd;
     return module;
   }
+  CGIA32* backEnd = NewIA32Generator();
+  Ref<CodeModule> module = backEnd->Generate(name, code, gContext->mTables);
+  delete backEnd;
+  return module;
+}
+
+CGIA32* Compiler::NewIA32Generator() {
   CGIA32* backEnd = new CGIA32();
   CGIA32Options options = mIA32Options;
   if (mOptimize) {
@@ -68,10 +76,40 @@ Ref<CodeModule> Compiler::RunBackEnd(string const& name) {
   }
   backEnd->Configure(options, mIntrinsicNames);
   backEnd->SetDelegate(mDelegate);
-  Ref<CodeModule> module = backEnd->Generate(name, code, gContext->mTables);
-  delete backEnd;
-  return module;
+  return backEnd;
 }
+
+namespace {
+
+// Generates each batch of functions as the parser finishes it, so that the
+// whole program's lines and local tables never exist at once.
+class GenerateAsParsed : public FunctionSink {
+ public:
+  GenerateAsParsed(CGIA32* generator, bool optimize)
+      : mGenerator(generator), mOptimize(optimize) {}
+
+  bool TakeFunctions(TacBlock* lines) override {
+    if (mOptimize) ImproveProgram(lines);
+    return mGenerator->Feed(lines);
+  }
+
+  // What is assembled only at the end: the main body, which goes in front,
+  // then the invoker stubs.
+  Ref<CodeModule> Finish(SrcContext* context) {
+    if (TacBlock* main = context->mProgramCode->Code()) {
+      if (mOptimize) ImproveProgram(main);
+      mGenerator->FeedLeading(main);
+    }
+    if (TacBlock* stubs = context->mStubCode->Code()) TakeFunctions(stubs);
+    return mGenerator->Finish();
+  }
+
+ private:
+  CGIA32* mGenerator;
+  bool mOptimize;
+};
+
+}  // namespace
 
 // What the front end made besides code: start and exit functions per item,
 // and the static data blocks.
@@ -123,14 +161,30 @@ Ref<CodeModule> Compiler::Compile(string const& source, string const& name,
   DebuggerCodeModuleData declarations;
   if (mDebug) CopyGlobalSymbolsToDebugData(symbols, &declarations);
   AddIntrinsicConstantDeclarations(symbols, context);
-  if (RunFrontEnd(source)) {
+  // The listing, the debug data and the PowerPC module need the whole
+  // program's lines or tables at the end.
+  bool asParsed = mGenerateAsParsed && mCodeType == kCodeTypeIA32 &&
+                  !mTacListing && !mDebug;
+  CGIA32* generator = asParsed ? NewIA32Generator() : nullptr;
+  GenerateAsParsed sink(generator, mOptimize);
+  if (asParsed) {
+    generator->Begin(name, context->mTables);
+    context->mFunctionSink = &sink;
+  }
+  bool parsed = RunFrontEnd(source);
+  if (parsed && asParsed) {
+    module = sink.Finish(context);
+  } else if (parsed) {
     if (mOptimize && context->mProgramCode && context->mProgramCode->Code())
       ImproveProgram(context->mProgramCode->Code());
     if (mTacListing && context->mProgramCode)
       *mTacListing =
           ListTacBlock(*context->mProgramCode->Code(), &mTacListingStandIns);
     module = RunBackEnd(name);
+  } else if (asParsed) {
+    generator->Finish();
   }
+  delete generator;
   if (module && mDebug) {
     CopyLocalSymbolsToDebugData(name, &*context->mTables, &module->mDebugData);
     module->mDebugData.Merge(&declarations);

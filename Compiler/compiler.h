@@ -61,6 +61,11 @@ class Compiler {
   // forms; on unless the caller asks for the code exactly as written. The
   // listing shows the code after the passes.
   bool mOptimize;
+  // Generate each function's code as soon as the parser finishes it and
+  // free its lines and local tables then, so that a big program never
+  // holds all of them at once. The module is the same either way; a
+  // listing, debug data or a PowerPC compile generate in one go at the end.
+  bool mGenerateAsParsed;
 
  private:
   Compiler(Compiler const&) = delete;
@@ -75,6 +80,8 @@ class Compiler {
   bool RunFrontEnd(string const& source);
   // Turns the context's program code into a module; nil on failure.
   Ref<CodeModule> RunBackEnd(string const& name);
+  // An IA-32 generator with this compilation's options.
+  CGIA32* NewIA32Generator();
   void HandOverToModule(CodeModule* module, SrcContext* context);
 
   CompilerDelegate* mDelegate;

@@ -16,7 +16,7 @@
 #include "Compiler/Miner/Miner.h"
 #include "Compiler/SymbolTable/GlobalSymbolTable.h"
 #include "Compiler/compiler.h"
-#include "Plugin/ClassRecordMode.h"
+#include "Plugin/CompileModes.h"
 #include "Plugin/CompileLock.h"
 #include "Plugin/HostCalls.h"
 #include "Plugin/QuorlScriptInterface.h"
@@ -86,6 +86,7 @@ Ref<CodeModule> QuorlScriptInterface::CompileSource(
   compiler.mTacListing = listing;
   compiler.mOptimize = VELDOptimizeScripts() != 0;
   compiler.mStaticClassData = ClassRecordsAsStaticData() ? 1 : 0;
+  compiler.mGenerateAsParsed = GenerateAsParsed();
   GlobalSymbolTable* symbols = MakeQuorlScriptRuntimeDeclarations(this);
   EncodeHostCallbacks(symbols, functionTable);
   if (listing)
@@ -127,6 +128,15 @@ void QuorlScriptInterface::Precompile() {
     if (witness.mFailed) CompilerError(kErrorUnknownName, 0);
   }
   delete functionTable;
+}
+
+Ref<CodeModule> QuorlScriptInterface::CompileToModule() {
+  if (!mSourceText) return Ref<CodeModule>();
+  std::lock_guard<std::mutex> compiling(CompileLock());
+  StringMap<void*>* functionTable = MakeQuorlScriptRuntimeFunctionTable(&Resolver);
+  Ref<CodeModule> module = CompileSource(functionTable, nullptr);
+  delete functionTable;
+  return module;
 }
 
 bool QuorlScriptInterface::CompileToTacListing(string* listing) {

@@ -84,6 +84,10 @@ class QuorlScriptInterface : public QuorlScriptCorrespondent,
   // listing of the program's three-address code; false after compile
   // errors, which are reported as usual. The developer's view of a compile.
   bool CompileToTacListing(string* listing);
+  // Compiles the source into its module, unlinked, and keeps nothing; nil
+  // after compile errors, which are reported as usual. For tests that look
+  // at the generated code itself.
+  Ref<CodeModule> CompileToModule();
   // Compiles and links the source with debug data, without running it, and
   // gives that data in readable form; false after compile or link errors,
   // which are reported as usual.

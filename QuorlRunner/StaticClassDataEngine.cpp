@@ -1,6 +1,6 @@
 #include "QuorlRunner/StaticClassDataEngine.h"
 
-#include "Plugin/ClassRecordMode.h"
+#include "Plugin/CompileModes.h"
 
 extern "C" void VELDPluginMain(VELDResolver resolver);
 

@@ -38,10 +38,10 @@ void RegisterState::Clear(TacAddr const* addr) {
 // ---------------------------------------------------------------- lifecycle
 
 CodeGenerator::CodeGenerator()
-    : mIterator(nullptr), mSource(nullptr), mFunc(nullptr),
+    : mIterator(nullptr), mFunc(nullptr),
       mPendingImports(new Import[kInitialPendingImports]),
       mPendingImportCount(0), mPendingImportCapacity(kInitialPendingImports),
-      mDelegate(nullptr), mFailed(false) {}
+      mDelegate(nullptr), mFailed(false), mLinesDone(0) {}
 
 CodeGenerator::~CodeGenerator() {
   delete mIterator;
@@ -60,32 +60,72 @@ unsigned int CountLines(TacBlock const* block) {
 
 }  // namespace
 
-// An empty main body is open from the start, because the block may begin
-// with any line; it is dropped at the end if nothing went into it.
 Ref<CodeModule> CodeGenerator::Generate(string const& sourceName,
                                         TacBlock* source,
                                         Ref<LocalSymbolTableList> symbols) {
   QASSERT_TEXT(source, "source");
+  Begin(sourceName, symbols);
+  Feed(source);
+  return Finish();
+}
+
+// An empty main body is open from the start, because the first batch may
+// begin with any line; it is dropped at the end if nothing went into it.
+void CodeGenerator::Begin(string const& sourceName,
+                          Ref<LocalSymbolTableList> symbols) {
   QASSERT_TEXT(symbols, "symbols");
-  mSource = source;
   mSymbols = symbols;
   mFailed = false;
+  mLinesDone = 0;
   mCode.BindNewObject(new CodeModule);
   QASSERT_TEXT(mCode, "mCode");
   mCode->mSourceName = sourceName;
   mCode->mProcessorFamily = TargetProcessorFamily();
-  unsigned int total = mDelegate ? CountLines(source) : 0;
-  unsigned int done = 0;
   BeginFunction(kMainBodyFunctionName);
-  mIterator = new TacBlockIterator(source);
+}
+
+// Progress counts every line fed so far against the lines known so far.
+bool CodeGenerator::Feed(TacBlock* lines) {
+  QASSERT_TEXT(lines, "lines");
+  QASSERT_TEXT(mCode, "Begin comes first");
+  if (mFailed) return false;
+  unsigned int total = mDelegate ? mLinesDone + CountLines(lines) : 0;
+  mIterator = new TacBlockIterator(lines);
   while (!mFailed && mIterator->Next()) {
     CompileOneLine(mIterator->Value());
-    done++;
-    if (mDelegate && mDelegate->CompilerBackendProgress(done, total))
+    mLinesDone++;
+    if (mDelegate && mDelegate->CompilerBackendProgress(mLinesDone, total))
       mFailed = true;
   }
   delete mIterator;
   mIterator = nullptr;
+  return !mFailed;
+}
+
+bool CodeGenerator::FeedLeading(TacBlock* lines) {
+  QASSERT_TEXT(mCode, "Begin comes first");
+  SimpleVector<FunctionBlock*>& functions = mCode->mFunctions;
+  unsigned long fedBefore = functions.size();
+  StringMap<unsigned int> earlierGlobals = mCode->mGlobals;
+  mCode->mGlobals = StringMap<unsigned int>();
+  bool fed = Feed(lines);
+  StringMapIterator<unsigned int>* it = earlierGlobals.NewIterator();
+  unsigned int size = 0;
+  while (it->Next(size))
+    if (!mCode->mGlobals.GetEntry(it->Key(), size))
+      mCode->mGlobals.AddEntry(it->Key(), size);
+  delete it;
+  SimpleVector<FunctionBlock*> reordered;
+  reordered.resize(functions.size());
+  for (unsigned long i = fedBefore; i < functions.size(); i++)
+    reordered.push_back(functions[i]);
+  for (unsigned long i = 0; i < fedBefore; i++) reordered.push_back(functions[i]);
+  functions = reordered;
+  return fed;
+}
+
+Ref<CodeModule> CodeGenerator::Finish() {
+  QASSERT_TEXT(mCode, "Begin comes first");
   if (!mFailed)
     QASSERT_TEXT((!mFunc) or (mFunc->mName == kMainBodyFunctionName and
                               mFunc->Length() == 0),
@@ -95,7 +135,6 @@ Ref<CodeModule> CodeGenerator::Generate(string const& sourceName,
   mFunc = nullptr;
   mPendingImportCount = 0;
   mSymbols = Ref<LocalSymbolTableList>();
-  mSource = nullptr;
   if (mFailed) mCode = Ref<CodeModule>();
   Ref<CodeModule> result = mCode;
   mCode = Ref<CodeModule>();

@@ -136,6 +136,20 @@ class CodeGenerator {
   // Compiles the whole block; a null module after an error or a cancel.
   Ref<CodeModule> Generate(string const& sourceName, TacBlock* source,
                            Ref<LocalSymbolTableList> symbols);
+
+  // The same in steps, for a driver that hands over each function as soon
+  // as the parser finishes it: Begin, then Feed per batch of whole
+  // functions, then Finish. A batch's lines may be freed once it is fed.
+  void Begin(string const& sourceName, Ref<LocalSymbolTableList> symbols);
+  // False once anything failed; the batches after that are ignored.
+  bool Feed(TacBlock* lines);
+  // Like Feed, but the batch's functions go in front of all functions fed
+  // so far, and so do the globals it names first: the main body, which can
+  // be assembled only once the whole program has been read, keeps the place
+  // it has in a module generated in one go.
+  bool FeedLeading(TacBlock* lines);
+  // The module; null after an error or a cancel.
+  Ref<CodeModule> Finish();
   void SetDelegate(CompilerDelegate* delegate) { mDelegate = delegate; }
 
   virtual void BeginFunction(string const& name) = 0;
@@ -246,7 +260,6 @@ class CodeGenerator {
                    TacAddr const* b, TacAddr const* result);
 
   TacBlockIterator* mIterator;
-  TacBlock* mSource;
   Ref<LocalSymbolTableList> mSymbols;
   Ref<CodeModule> mCode;
   FunctionBlock* mFunc;
@@ -259,6 +272,7 @@ class CodeGenerator {
   unsigned int mPendingImportCapacity;
   CompilerDelegate* mDelegate;
   bool mFailed;
+  unsigned int mLinesDone;  // for progress, over all batches
 
  private:
   CodeGenerator(CodeGenerator const&) = delete;

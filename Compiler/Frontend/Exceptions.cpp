@@ -178,7 +178,7 @@ LocalSymbolTable* MainBodyTable() {
   for (unsigned long i = 1; i < tables->Count(); i++) {
     LocalSymbolTable* table = tables->GetTable(i);
     CountListSteps(1);
-    if (table->IsMethodTable() && table->mName == string(kMainBodyName)) {
+    if (table && table->IsMethodTable() && table->mName == string(kMainBodyName)) {
       gContext->mMainBodyTable = table;
       gContext->mMainBodyTableIndex = i;
       return table;

@@ -1,7 +1,10 @@
 #include "Compiler/Frontend/ProgramAssembly.h"
 
+#include <unordered_set>
+
 #include "Compiler/Frontend/Exceptions.h"
 #include "Compiler/Frontend/Finalization.h"
+#include "Compiler/Frontend/FunctionSink.h"
 #include "Compiler/Frontend/Functions.h"
 #include "Compiler/Frontend/Initialization.h"
 #include "Compiler/Frontend/Lexer.h"
@@ -141,6 +144,48 @@ void AssembleMainBody() {
   main->AddLine(kTacStop, status, nilTacAddr, nilTacAddr);
 }
 
+bool HoldsStatics(LocalSymbolTable* table) {
+  LocalVariableIterator it(table);
+  while (it.Next())
+    if (it.Value()->GetStorageClass() == kGlobalDataStorage) return true;
+  return false;
+}
+
+// The method tables that the batch's functions name, and the block tables
+// inside them, unless a later stage still reads them: the main body's, and
+// a method's whose Static locals the program releases at its end.
+SimpleVector<unsigned long> TablesDoneWith(TacBlock const* lines) {
+  LocalSymbolTableList* tables = &*gContext->mTables;
+  SimpleVector<unsigned long> done;
+  std::unordered_set<LocalSymbolTable const*> roots;
+  unsigned long first = tables->Count();
+  for (TacLine const* line = lines->mFirst; line; line = line->mNext) {
+    if (line->opcode != kTacEnter || line->opB == nilTacAddr) continue;
+    unsigned long index = (unsigned long)line->opB->GetValue()->uSInt32;
+    LocalSymbolTable* table = tables->GetTable(index);
+    if (!table || table == gContext->mMainBodyTable || HoldsStatics(table))
+      continue;
+    roots.insert(table);
+    if (index < first) first = index;
+  }
+  for (unsigned long i = first; i < tables->Count(); i++) {
+    LocalSymbolTable* table = tables->GetTable(i);
+    if (table && roots.count(table->Root())) done.push_back(i);
+  }
+  return done;
+}
+
+// The item's functions become code now; their lines and local tables go.
+void PassFunctionsToSink() {
+  TacBlock* lines = gContext->mTopFunctions->Code();
+  if (!lines || lines->IsEmpty()) return;
+  SimpleVector<unsigned long> done = TablesDoneWith(lines);
+  if (!gContext->mFunctionSink->TakeFunctions(lines)) gContext->mErrorFlag = 1;
+  lines->Clear();
+  for (unsigned long i = 0; i < done.size(); i++)
+    gContext->mTables->ReleaseTable(done[i]);
+}
+
 }  // namespace
 
 SemBase* CompileProgram() {
@@ -148,7 +193,10 @@ SemBase* CompileProgram() {
   if (!gContext->mLibrary) AssembleMainBody();
   SemCode* program = gContext->mProgramCode;
   if (HasLines(gContext->mTopFunctions)) program->Append(gContext->mTopFunctions);
-  if (HasLines(gContext->mStubCode)) program->Append(gContext->mStubCode);
+  // Generated as parsed, the stubs stay apart: they go after the main body,
+  // which goes in front of everything else.
+  if (HasLines(gContext->mStubCode) && !gContext->mFunctionSink)
+    program->Append(gContext->mStubCode);
   return nullptr;
 }
 
@@ -167,6 +215,7 @@ void CollectTopItem(SemBase* item, SemBase* lookahead) {
       gContext->mTopStatements->Append(each);
   });
   if (gContext->mErrorFlag) return;
+  if (gContext->mFunctionSink) PassFunctionsToSink();
   ForgetLastStringSum();
   SemBase::ReleaseNewerThanExcept(gContext->mTopItemMark, lookahead,
                                   kNullSemBase);

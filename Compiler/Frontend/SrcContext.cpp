@@ -14,7 +14,8 @@ SrcContext* gContext = nullptr;
 
 SrcContext::SrcContext()
     : mDelegate(nullptr), mSymbols(nullptr), mProgramCode(nullptr),
-      mTopStatements(nullptr), mTopFunctions(nullptr), mTopItemMark(0),
+      mTopStatements(nullptr), mTopFunctions(nullptr), mFunctionSink(nullptr),
+      mTopItemMark(0),
       mConditionalDepth(0), mStubCode(nullptr),
       mMainBodyTable(nullptr), mMainBodyTableIndex(0), mLibrary(0), mBigEndian(0),
       mStaticClassData(0), mScriptMode(0), mErrorFlag(0), mNextLabel(1),
@@ -28,6 +29,11 @@ SrcContext::SrcContext()
   mTopStatements = SemCode::New(IRDataType(), nullptr);
   mTopFunctions = SemCode::New(IRDataType(), nullptr);
   mStubCode = SemCode::New(IRDataType(), nullptr);
+  // A new value takes the lexer's current line, which is still that of the
+  // previous compilation: the code that stands before any statement of this
+  // one (the main body's start and end) is on line 0, whatever ran before.
+  SemCode* programParts[] = {mProgramCode, mTopStatements, mTopFunctions, mStubCode};
+  for (SemCode* part : programParts) part->SetLocation(SourceLocation());
   mTopItemMark = SemBase::LiveCount();
   gContext = this;
   SetCurrent(this);

@@ -24,6 +24,7 @@
 
 class CompilerDelegate;
 class DelegateSymbol;
+class FunctionSink;
 class LocalSymbolTable;
 class LocalSymbolTableList;
 class SemCode;
@@ -64,6 +65,9 @@ class SrcContext : public TacLiteralPool, public CompilationState {
   // them: the top-level statements and the functions, each in source order.
   SemCode* mTopStatements;
   SemCode* mTopFunctions;
+  // When set, takes the functions of each top item as it is finished, and
+  // mTopFunctions stays empty. Not owned.
+  FunctionSink* mFunctionSink;
   // How many semantic values lived when the last top item was taken in:
   // whatever is newer belongs to the next item alone.
   unsigned long mTopItemMark;

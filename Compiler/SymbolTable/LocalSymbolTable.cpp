@@ -213,3 +213,9 @@ LocalSymbolTable* LocalSymbolTableList::GetTable(unsigned long index) const {
   QASSERT(index < mTables.size());
   return mTables[index];
 }
+
+void LocalSymbolTableList::ReleaseTable(unsigned long index) {
+  QASSERT(index < mTables.size());
+  delete mTables[index];
+  mTables[index] = nullptr;
+}

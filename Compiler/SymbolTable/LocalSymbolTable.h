@@ -188,14 +188,16 @@ class LocalVariableIterator {
   SymbolTableIterator mInnerIterator;
 };
 
-// All tables of one compilation, kept to its end because later stages name
-// a table by its index; owns them.
+// All tables of one compilation, by index, since later stages name a table
+// by its index; owns them. A table whose function's code exists already may
+// be released early: its place then holds null.
 class LocalSymbolTableList {
  public:
   virtual ~LocalSymbolTableList();
   // Appends and returns the new index.
   unsigned long AddTable(LocalSymbolTable* table);
   LocalSymbolTable* GetTable(unsigned long index) const;
+  void ReleaseTable(unsigned long index);
   LocalSymbolTable* GetGlobalTable() const { return GetTable(0); }
   unsigned long Count() const { return mTables.size(); }
 

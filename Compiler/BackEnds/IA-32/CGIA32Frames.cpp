@@ -88,6 +88,9 @@ void CGIA32::tac_Leave(TacLine const& line) {
   if (line.opA != nilTacAddr) LoadReturnValue(line.opA);
   EmitEpilogue(frameSize, parameterBytes);
   EmitConstantPool();
+  // The finished function keeps exactly its bytes: the growth steps would
+  // leave a program of many small functions a third bigger.
+  mFunc->ResizeBuffer(mFunc->Length());
   MakeImportListPermanent(mFunc);
   for (int i = 0; i < kCalleeSavedCount; i++)
     QASSERT_TEXT(!mRegisters[kCalleeSaved[i]].mUsed ||
