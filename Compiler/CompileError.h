@@ -142,6 +142,8 @@ enum CompileErrorCode {
   kErrorLocalStorageTooLarge = 138,
   kErrorNestingTooDeep = 139,
   kErrorExpressionTooLarge = 140,
+  // The compiler itself ran out of memory: the program is too big for it.
+  kErrorCompilerOutOfMemory = 141,
 };
 
 // One reported fault: its number, where it is, and optional text arguments

@@ -1,5 +1,8 @@
 #include "Compiler/compiler.h"
 
+#include <memory>
+#include <new>
+
 #include "Compiler/BackEnds/codestorage.h"
 #include "Compiler/DebuggerSymbolFactory.h"
 #include "Compiler/Frontend/FunctionSink.h"
@@ -152,45 +155,66 @@ void Compiler::AddIntrinsicConstantDeclarations(GlobalSymbolTable* symbols,
 
 Ref<CodeModule> Compiler::Compile(string const& source, string const& name,
                                   GlobalSymbolTable* symbols) {
-  Ref<CodeModule> module;
+  try {
+    return CompileOrThrow(source, name, symbols);
+  } catch (std::bad_alloc const&) {
+    // The compilation's memory is freed by now, so the report has room.
+    if (mDelegate)
+      mDelegate->CompilerError(CompileError(kErrorCompilerOutOfMemory,
+                                            SourceLocation(current_line())));
+    return Ref<CodeModule>();
+  }
+}
+
+// Whatever the compilation made is freed on every way out of here.
+Ref<CodeModule> Compiler::CompileOrThrow(string const& source,
+                                         string const& name,
+                                         GlobalSymbolTable* symbols) {
   QASSERT(symbols);
-  SrcContext* context = CreateCompilationContext(name);
+  std::unique_ptr<SrcContext> context(CreateCompilationContext(name));
   context->blocks.Enter(symbols);
   // The declarations are copied before the target constants join them:
   // those are the compiler's, not the source's.
   DebuggerCodeModuleData declarations;
   if (mDebug) CopyGlobalSymbolsToDebugData(symbols, &declarations);
-  AddIntrinsicConstantDeclarations(symbols, context);
-  // The listing, the debug data and the PowerPC module need the whole
-  // program's lines or tables at the end.
-  bool asParsed = mGenerateAsParsed && mCodeType == kCodeTypeIA32 &&
-                  !mTacListing && !mDebug;
-  CGIA32* generator = asParsed ? NewIA32Generator() : nullptr;
-  GenerateAsParsed sink(generator, mOptimize);
-  if (asParsed) {
-    generator->Begin(name, context->mTables);
-    context->mFunctionSink = &sink;
-  }
-  bool parsed = RunFrontEnd(source);
-  if (parsed && asParsed) {
-    module = sink.Finish(context);
-  } else if (parsed) {
-    if (mOptimize && context->mProgramCode && context->mProgramCode->Code())
-      ImproveProgram(context->mProgramCode->Code());
-    if (mTacListing && context->mProgramCode)
-      *mTacListing =
-          ListTacBlock(*context->mProgramCode->Code(), &mTacListingStandIns);
-    module = RunBackEnd(name);
-  } else if (asParsed) {
-    generator->Finish();
-  }
-  delete generator;
+  AddIntrinsicConstantDeclarations(symbols, context.get());
+  Ref<CodeModule> module = ParseAndGenerate(source, name, context.get());
   if (module && mDebug) {
     CopyLocalSymbolsToDebugData(name, &*context->mTables, &module->mDebugData);
     module->mDebugData.Merge(&declarations);
   }
-  if (module) HandOverToModule(&*module, context);
-  // Clears gContext and sweeps every semantic value of the compilation.
-  delete context;
+  if (module) HandOverToModule(&*module, context.get());
+  // Deleting the context clears gContext and sweeps every semantic value
+  // of the compilation.
   return module;
+}
+
+// The listing, the debug data and the PowerPC module need the whole
+// program's lines or tables at the end; otherwise each function is
+// generated as soon as it is parsed.
+Ref<CodeModule> Compiler::ParseAndGenerate(string const& source,
+                                           string const& name,
+                                           SrcContext* context) {
+  bool asParsed = mGenerateAsParsed && mCodeType == kCodeTypeIA32 &&
+                  !mTacListing && !mDebug;
+  if (!asParsed) {
+    if (!RunFrontEnd(source)) return Ref<CodeModule>();
+    if (mOptimize && context->mProgramCode->Code())
+      ImproveProgram(context->mProgramCode->Code());
+    if (mTacListing)
+      *mTacListing =
+          ListTacBlock(*context->mProgramCode->Code(), &mTacListingStandIns);
+    return RunBackEnd(name);
+  }
+  std::unique_ptr<CGIA32> generator(NewIA32Generator());
+  GenerateAsParsed sink(generator.get(), mOptimize);
+  generator->Begin(name, context->mTables);
+  context->mFunctionSink = &sink;
+  bool parsed = RunFrontEnd(source);
+  context->mFunctionSink = nullptr;
+  if (!parsed) {
+    generator->Finish();
+    return Ref<CodeModule>();
+  }
+  return sink.Finish(context);
 }

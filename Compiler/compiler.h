@@ -32,7 +32,8 @@ class Compiler {
 
   // Compiles `source`, whose declarations `symbols` already holds, merged
   // and resolved; the caller keeps `symbols`. Nil after any error: the
-  // errors went to the delegate as they were found.
+  // errors went to the delegate as they were found. Running out of memory
+  // is such an error (kErrorCompilerOutOfMemory).
   Ref<CodeModule> Compile(string const& source, string const& name,
                           GlobalSymbolTable* symbols);
 
@@ -76,6 +77,13 @@ class Compiler {
   // The target constants and the byte order as Boolean constants.
   void AddIntrinsicConstantDeclarations(GlobalSymbolTable* symbols,
                                         SrcContext* context);
+  // Compile without its guard: a failed allocation comes out as
+  // std::bad_alloc, after everything of the compilation has been freed.
+  Ref<CodeModule> CompileOrThrow(string const& source, string const& name,
+                                 GlobalSymbolTable* symbols);
+  // Runs the front end and the back end over the context; nil on failure.
+  Ref<CodeModule> ParseAndGenerate(string const& source, string const& name,
+                                   SrcContext* context);
   // Parses the text into the context's program code; false on failure.
   bool RunFrontEnd(string const& source);
   // Turns the context's program code into a module; nil on failure.

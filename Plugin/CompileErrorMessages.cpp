@@ -120,6 +120,7 @@ MessageRow const kMessages[] = {
     {138, 138, "a function's local storage is too large"},
     {139, 139, "declarations nested too deeply"},
     {140, 140, "expression too large"},
+    {141, 141, "out of memory while compiling"},
 };
 
 // The longest stretch of source quoted in a message: the name at fault,

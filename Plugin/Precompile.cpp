@@ -5,6 +5,8 @@
 // itself. They are rebuilt for each compilation: nothing of them survives in
 // the interface. The source is read twice, once by the declaration scanner
 // and once by the full grammar.
+#include <new>
+
 #include "Compiler/BackEnds/Minilinker/QuorlScriptIntrinsics.h"
 #include "Compiler/BackEnds/Minilinker/DebugSymbolListing.h"
 #include "Compiler/BackEnds/Minilinker/RuntimeDeclarations.h"
@@ -93,10 +95,16 @@ Ref<CodeModule> QuorlScriptInterface::CompileSource(
     NameBakedAddresses(this, mContext, symbols, &compiler.mTacListingStandIns);
   string source(mSourceText);
   Ref<CodeModule> module;
-  if (DeclareSource(symbols, source, this)) {
-    compiler.SetDelegate(this);
-    compiler.mScriptMode = 1;
-    module = compiler.Compile(source, string(""), symbols);
+  try {
+    if (DeclareSource(symbols, source, this)) {
+      compiler.SetDelegate(this);
+      compiler.mScriptMode = 1;
+      module = compiler.Compile(source, string(""), symbols);
+    }
+  } catch (std::bad_alloc const&) {
+    // Reading the declarations ran out of memory; the compile itself
+    // reports that on its own.
+    CompilerError(kErrorCompilerOutOfMemory, 0);
   }
   mScriptFunctions.deleteAll();
   if (module) CollectScriptFunctions(symbols, &mScriptFunctions);
@@ -124,8 +132,12 @@ void QuorlScriptInterface::Precompile() {
   Ref<CodeModule> module = CompileSource(functionTable, nullptr);
   if (module) {
     LinkFailureWitness witness;
-    mReadyCode = MiniLink(module, functionTable, &witness);
-    if (witness.mFailed) CompilerError(kErrorUnknownName, 0);
+    try {
+      mReadyCode = MiniLink(module, functionTable, &witness);
+      if (witness.mFailed) CompilerError(kErrorUnknownName, 0);
+    } catch (std::bad_alloc const&) {
+      CompilerError(kErrorCompilerOutOfMemory, 0);
+    }
   }
   delete functionTable;
 }

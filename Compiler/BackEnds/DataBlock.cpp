@@ -3,6 +3,8 @@
 #include <stdlib.h>
 #include <string.h>
 
+#include <new>
+
 #include "Universal/Assertion.h"
 
 namespace {
@@ -50,7 +52,8 @@ void DataBlock::ResizeBuffer(unsigned int n) {
     mGrowBy = kMinGrowBy;
   }
   unsigned char* newBuffer = AllocMemory(n);
-  QASSERT(newBuffer);
+  // Out of memory as a C++ container is: the compile turns it into an error.
+  if (!newBuffer) throw std::bad_alloc();
   if (mCodeLen) memcpy(newBuffer, mBuffer, mCodeLen);
   if (mBuffer) FreeMemory(mBuffer);
   mBuffer = newBuffer;
