@@ -188,8 +188,11 @@ void PassFunctionsToSink() {
 
 }  // namespace
 
+// After a compile error the code is never generated, and syntax recovery
+// may have left blocks open that the main body's assembly would look into.
 SemBase* CompileProgram() {
   QASSERT(gContext);
+  if (gContext->mErrorFlag) return nullptr;
   if (!gContext->mLibrary) AssembleMainBody();
   SemCode* program = gContext->mProgramCode;
   if (HasLines(gContext->mTopFunctions)) program->Append(gContext->mTopFunctions);
