@@ -68,10 +68,16 @@ int const kReductionTrials = 300;
 unsigned long const kReportEvery = 10000;
 
 // A script that declares C functions or reads and writes through a Ptr
-// reaches the process's memory as C code does, so a mutation of it may
-// corrupt the heap by design: such scripts are not mutated.
+// reaches the process's memory as C code does, and one that turns a
+// runtime check off by pragma (bounds, nil objects, stack overflow, the
+// yields of background tasks) has asked to go without it: a mutation of
+// either may corrupt the heap or never stop by design, so such scripts are
+// not mutated.
 bool ReachesRawMemory(std::string const& text) {
-  static std::regex const raw("\\b(declare|ptr)\\b", std::regex::icase);
+  static std::regex const raw(
+      "\\b(declare|ptr|(disable)?BoundsChecking|NilObjectChecking|"
+      "StackOverflowChecking|(disable)?BackgroundTasks)\\b",
+      std::regex::icase);
   return std::regex_search(text, raw);
 }
 
