@@ -144,6 +144,9 @@ enum CompileErrorCode {
   kErrorExpressionTooLarge = 140,
   // The compiler itself ran out of memory: the program is too big for it.
   kErrorCompilerOutOfMemory = 141,
+  // A class's own __Init or __Exit that the runtime cannot call: a
+  // Function, a shared method, one with parameters, or more than one.
+  kErrorHiddenMethodShape = 142,
 };
 
 // One reported fault: its number, where it is, and optional text arguments

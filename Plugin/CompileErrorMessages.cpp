@@ -121,6 +121,7 @@ MessageRow const kMessages[] = {
     {139, 139, "declarations nested too deeply"},
     {140, 140, "expression too large"},
     {141, 141, "out of memory while compiling"},
+    {142, 142, "a class's own __Init or __Exit must be one Sub without parameters"},
 };
 
 // The longest stretch of source quoted in a message: the name at fault,

@@ -62,13 +62,24 @@ void CheckInheritanceLoop(ClassSymbol* cls, SemBase* ident) {
 }
 
 // A hidden function that the user wrote (`Private Sub __Init()`), whose
-// name then stands for the generated one.
+// name then stands for the generated one. The runtime calls it with the
+// object alone and takes no result, so it must be the class's one instance
+// Sub of that name, without parameters; its scope word does not matter.
 string UserFunction(ClassSymbol* cls, char const* name, string generated) {
   MethodList own = cls->MethodDeclarationListOwner::LookupMethods(
       name, kPlainMethods);
   if (!own || own->size() == 0) return generated;
-  QASSERT(1 == own->size());
-  QASSERT(MemberSymbol::kPrivate == (*own)[0]->GetScope());
+  for (unsigned long i = 0; i < own->size(); i++) {
+    MethodSymbol* method = (*own)[i];
+    bool oneSubWithoutParameters =
+        own->size() == 1 && method->IsInstanceMethod() &&
+        method->CountParameters() == 1 &&
+        method->GetReturnType().GetMainType() == kNoType;
+    if (!oneSubWithoutParameters) {
+      Error(kErrorHiddenMethodShape, SourceLocation(method->SourceLine()));
+      return generated;
+    }
+  }
   return (*own)[0]->GetLinkID();
 }
 
