@@ -99,7 +99,7 @@ unsigned long long FieldBytes(StructureFieldSymbol* field) {
   IRDataType type = field->GetType();
   unsigned long long count = 1;
   if (type.GetMainType() == kArrayType) {
-    count = static_cast<unsigned long long>(field->mArrayUbound + 1);
+    count = static_cast<unsigned long long>(field->mArrayUbound) + 1;
     type = type.AsElement();
   }
   unsigned long long each = 0;

@@ -125,10 +125,11 @@ void InheritMethods(ClassSymbol* child, ClassSymbol* parent) {
 }
 
 // The bytes a field adds to its structure. Fixed strings count their
-// declared length.
+// declared length. A bound may be the largest Int32: the count is made
+// unsigned first. A size past 16 MB is the front end's error 116.
 unsigned long FieldSize(StructureFieldSymbol* field) {
   IRDataType const& type = field->GetType();
-  unsigned long count = (unsigned long)(field->mArrayUbound + 1);
+  unsigned long count = (unsigned long)field->mArrayUbound + 1;
   switch (type.GetMainType()) {
     case kArrayType: {
       // A fixed string of any kind is its n bytes, in an array as alone.
