@@ -5,6 +5,9 @@
 // then the globals in order.
 #include <gtest/gtest.h>
 
+#include <stdio.h>
+#include <stdlib.h>
+
 #include <filesystem>
 #include <fstream>
 #include <map>
@@ -74,6 +77,27 @@ std::string CompileAndDescribe(quorl::Script& script, bool asParsed) {
   return NumberTemporaries(Describe(module ? &*module : nullptr));
 }
 
+// With QUORL_MODULE_LISTINGS set to a folder, each module's description is
+// also written there, so that two builds of the compiler can be shown to
+// generate the same code: the script object's address, which the code
+// holds and an import names in hex, is written as "address".
+void KeepListing(std::filesystem::path const& script, bool optimize,
+                 std::string text, void const* address) {
+  char const* folder = getenv("QUORL_MODULE_LISTINGS");
+  if (!folder) return;
+  uintptr_t value = reinterpret_cast<uintptr_t>(address);
+  std::string bytes;
+  for (int i = 0; i < 4; i++) bytes += " " + std::to_string((value >> (8 * i)) & 0xFF);
+  char hex[16];
+  snprintf(hex, sizeof hex, "%08lX", (unsigned long)value);
+  for (std::string const& form : {bytes, std::string(hex)})
+    for (size_t at; (at = text.find(form)) != std::string::npos;)
+      text.replace(at, form.size(), " address");
+  std::string name = std::filesystem::relative(script, QUORL_GOLDEN_SCRIPTS).string();
+  for (char& c : name) if (c == '/') c = '_';
+  std::ofstream(std::string(folder) + "/" + name + (optimize ? ".optimized" : ".unoptimized")) << text;
+}
+
 void ExpectSameModulesForEveryGolden(bool optimize) {
   quorl::HostOptions options;
   options.optimize = optimize;
@@ -90,6 +114,7 @@ void ExpectSameModulesForEveryGolden(bool optimize) {
     script.SetSource(source);
     std::string whole = CompileAndDescribe(script, false);
     EXPECT_EQ(whole, CompileAndDescribe(script, true)) << entry.path();
+    KeepListing(entry.path(), optimize, whole, InterfaceOf(script));
     compared++;
   }
   EXPECT_GT(compared, 100);
