@@ -11,6 +11,8 @@
 
 #include <stdint.h>
 
+#include "Universal/WorkCounterStorage.h"
+
 struct CompileWorkCounts {
   uint64_t keyComparisons;  // keys compared while finding a map entry
   uint64_t listSteps;       // entries passed by walks that search a list
@@ -19,7 +21,7 @@ struct CompileWorkCounts {
 
 // Written by the containers, the compiler and the linker on this thread,
 // read and cleared by tests; lives as long as the thread.
-extern thread_local CompileWorkCounts gCompileWork;
+extern thread_local CompileWorkCounts gCompileWork QUORL_WORK_COUNTER_TLS;
 
 inline CompileWorkCounts CurrentCompileWork() { return gCompileWork; }
 inline void ResetCompileWork() { gCompileWork = CompileWorkCounts(); }

@@ -86,10 +86,16 @@ string udtoa(double value, bool exponent) {
   return AsciiText(text);
 }
 
+// Eight upper-case digits, as "%08lX" writes them; by hand, as the compiler
+// names every hidden variable with it.
 string ultohexa(unsigned long value) {
-  char text[16];
-  snprintf(text, sizeof text, "%08lX", value);
-  return AsciiText(text);
+  static char const kDigits[] = "0123456789ABCDEF";
+  uint32_t bits = static_cast<uint32_t>(value);
+  char text[8];
+  for (int i = 7; i >= 0; i--, bits >>= 4) text[i] = kDigits[bits & 0xF];
+  string result;
+  result.AdoptReference(NewStringStorage(text, sizeof text, kEncodingASCII));
+  return result;
 }
 
 string FourCharCodeToString(unsigned long code) {

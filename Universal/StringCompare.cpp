@@ -29,6 +29,8 @@ int CompareCounted(string const& a, string const& b, bool ignoreCase) {
 // Text in two known encodings is compared in one of them.
 int CompareStrings(string const& a, string const& b, bool ignoreCase) {
   if (a.GetStringStorage() == b.GetStringStorage()) return 0;
+  if (a.HasUTF8Bytes() && b.HasUTF8Bytes())
+    return CompareCounted(a, b, ignoreCase);
   unsigned long tagA = a.Encoding(), tagB = b.Encoding();
   if (tagA != tagB && tagA != kEncodingUnknown && tagB != kEncodingUnknown) {
     string first = a, second = b;

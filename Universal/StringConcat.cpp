@@ -2,6 +2,8 @@
 // that the sum carries one honest tag.
 #include <string.h>
 
+#include <new>
+
 #include "Universal/Assertion.h"
 #include "Universal/Encodings.h"
 #include "Universal/StringAssembly.h"
@@ -90,4 +92,29 @@ string& string::operator+=(char const* text) {
   if (!length) return *this;
   *this = Join(CString(), Length(), text, length, Encoding());
   return *this;
+}
+
+// Text with UTF-8 bytes (ASCII or UTF-8 tags) on both sides, the common case
+// of names, is joined directly under the tag the sums would give; anything
+// else takes the sums themselves.
+string JoinAround(string const& a, char separator, string const& b) {
+  bool direct = a.Length() && b.Length() && a.HasUTF8Bytes() &&
+                b.HasUTF8Bytes() && !(separator & 0x80) &&
+                a.Length() < kLongestStringLength / 2 &&
+                b.Length() < kLongestStringLength / 2;
+  if (!direct) return a + string(separator) + b;
+  unsigned long tag =
+      SumEncoding(SumEncoding(a.Encoding(), kEncodingASCII), b.Encoding());
+  unsigned long lengthA = a.Length(), lengthB = b.Length();
+  stringStorage* storage = TryNewStringStorage(
+      nullptr, uint32_t(lengthA + 1 + lengthB), static_cast<uint32_t>(tag));
+  if (!storage) throw std::bad_alloc();
+  char* out = storage->CString();
+  memcpy(out, a.CString(), lengthA);
+  out[lengthA] = separator;
+  memcpy(out + lengthA + 1, b.CString(), lengthB);
+  CountStringCopy(lengthA + 1 + lengthB);
+  string result;
+  result.AdoptReference(storage);
+  return result;
 }

@@ -1,4 +1,4 @@
 // The counts of string work; see the header.
 #include "Universal/StringWorkCounters.h"
 
-thread_local StringWorkCounts gStringWork QUORL_STRING_WORK_TLS;
+thread_local StringWorkCounts gStringWork QUORL_WORK_COUNTER_TLS;

@@ -12,6 +12,8 @@
 
 #include <stdint.h>
 
+#include "Universal/WorkCounterStorage.h"
+
 struct StringWorkCounts {
   uint64_t allocations;     // storages made
   uint64_t allocatedBytes;  // text bytes of those storages
@@ -20,17 +22,8 @@ struct StringWorkCounts {
 };
 
 // Written by the string functions of this copy of the runtime on this
-// thread, read and cleared by tests; lives as long as the thread. Kept in
-// the static thread storage, so that a count in a loaded library costs an
-// addition and not a call to find the thread's block. AddressSanitizer
-// cannot start a thread in a process that loaded a library using the
-// static thread storage, so the sanitized build does without it.
-#ifdef QUORL_SANITIZE
-#define QUORL_STRING_WORK_TLS
-#else
-#define QUORL_STRING_WORK_TLS __attribute__((tls_model("initial-exec")))
-#endif
-extern thread_local StringWorkCounts gStringWork QUORL_STRING_WORK_TLS;
+// thread, read and cleared by tests; lives as long as the thread.
+extern thread_local StringWorkCounts gStringWork QUORL_WORK_COUNTER_TLS;
 
 inline StringWorkCounts CurrentStringWork() { return gStringWork; }
 inline void ResetStringWork() { gStringWork = StringWorkCounts(); }

@@ -117,12 +117,12 @@ class StringMap {
   }
 
   bool HasEntry(string const& key) const {
-    return mBins && Find(key.GetUTF8String());
+    return mBins && Find(LookupKey(key));
   }
 
   bool GetEntry(string const& key, T& value) const {
     if (!mBins) return false;
-    Entry* entry = Find(key.GetUTF8String());
+    Entry* entry = Find(LookupKey(key));
     if (!entry) return false;
     value = entry->mValue;
     return true;
@@ -199,6 +199,12 @@ class StringMap {
     unsigned long bin = hashString(entry->mKey) % binCount;
     entry->mNextInBin = bins[bin];
     bins[bin] = entry;
+  }
+
+  // A key to look up by: ASCII and UTF-8 keys as they are, others
+  // converted to UTF-8 like the stored keys.
+  static string LookupKey(string const& key) {
+    return key.HasUTF8Bytes() ? key : key.GetUTF8String();
   }
 
   Entry* Find(string const& utf8Key) const {
@@ -284,7 +290,9 @@ class StringMapCase : public StringMap<T> {
   bool StringsMatch(string const& a, string const& b) const override {
     if (a.GetStringStorage() == b.GetStringStorage()) return true;
     if (!a.GetStringStorage() || !b.GetStringStorage()) return false;
-    if (a.Length() != b.Length() || a.Encoding() != b.Encoding()) return false;
+    if (a.Length() != b.Length()) return false;
+    if (a.Encoding() != b.Encoding() && !(a.HasUTF8Bytes() && b.HasUTF8Bytes()))
+      return false;
     return memcmp(a.CString(), b.CString(), a.Length()) == 0;
   }
 };

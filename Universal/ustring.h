@@ -167,6 +167,12 @@ class string {
     return mStorage ? mStorage->mEncoding : kEncodingASCII;
   }
   void SetEncoding(unsigned long encoding);
+  // ASCII text is UTF-8 byte for byte: either tag compares and hashes as
+  // the same bytes without a conversion.
+  bool HasUTF8Bytes() const {
+    unsigned long tag = Encoding();
+    return tag == kEncodingASCII || tag == kEncodingUTF8;
+  }
 
   string GetUTF8String() const;
   string GetUTF16String() const;
@@ -200,6 +206,9 @@ string operator+(string const& a, string const& b);
 // written, when both sides have text and their sum cannot be stored.
 stringStorage* ConcatenateStorages(stringStorage* a, stringStorage* b);
 string operator+(string const& a, char c);
+// `a`, the ASCII byte `separator` and `b` in one allocation: what
+// a + separator + b gives, without the two sums' intermediate copies.
+string JoinAround(string const& a, char separator, string const& b);
 
 // All defined by Compare: equality of `string` ignores case. This is the
 // language's own rule for identifiers and script strings.

@@ -138,7 +138,8 @@ BlockSymbolTable::BlockSymbolTable()
 void BlockSymbolTable::PrepareVariable(VariableSymbol* ste) {
   QASSERT_TEXT(ste, "ste");
   QASSERT_TEXT(mNext, "mNext");
-  string shadowName = ste->Name() + " " + ultohexa(mSerial);
+  if (mSerialText.IsEmpty()) mSerialText = ultohexa(mSerial);
+  string shadowName = JoinAround(ste->Name(), ' ', mSerialText);
   VariableSymbol* shadow = mNext->AddVariable(shadowName, ste->GetType());
   QASSERT_TEXT(shadow, "shadow");
   ste->CloneStorage(shadow);

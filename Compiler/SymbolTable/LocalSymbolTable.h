@@ -151,6 +151,8 @@ class BlockSymbolTable : public LocalSymbolTable {
  private:
   // Tells this block's shadows from those of a sibling block.
   unsigned long mSerial;
+  // The serial in hex, written at the first shadow.
+  string mSerialText;
 };
 
 // Module and class statics, and the outermost table of a compilation: its

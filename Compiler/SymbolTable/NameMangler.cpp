@@ -57,9 +57,9 @@ int IndexOf(string const& text, char c) {
 
 }  // namespace
 
-string QualifyName(string qualifier, string name) {
+string QualifyName(string const& qualifier, string const& name) {
   if (qualifier.Length() == 0) return name;
-  return qualifier + "." + name;
+  return JoinAround(qualifier, '.', name);
 }
 
 string TypeCode(IRDataType const& type) {

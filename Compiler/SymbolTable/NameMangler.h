@@ -13,7 +13,7 @@
 class MethodSymbol;
 
 // `name` alone for an empty qualifier, else qualifier "." name.
-string QualifyName(string qualifier, string name);
+string QualifyName(string const& qualifier, string const& name);
 // The link name of a method: an external one keeps its link ID, an aliased
 // one its fixed name; all others are mangled behind `qualifier`.
 string MangledMethodName(MethodSymbol* method, string qualifier);
