@@ -171,6 +171,11 @@ Ref<CodeModule> Compiler::CompileOrThrow(string const& source,
                                          string const& name,
                                          GlobalSymbolTable* symbols) {
   QASSERT(symbols);
+  // The lexer's words are shared by the compilation's values and go with
+  // them.
+  struct ForgetWordsAtEnd {
+    ~ForgetWordsAtEnd() { ForgetLexerWords(); }
+  } forgetWords;
   std::unique_ptr<SrcContext> context(CreateCompilationContext(name));
   context->blocks.Enter(symbols);
   // The declarations are copied before the target constants join them:

@@ -8,6 +8,8 @@
 
 #include <string.h>
 
+#include <new>
+
 #include "Universal/Assertion.h"
 #include "Universal/CompileWorkCounters.h"
 
@@ -22,19 +24,28 @@ struct IntMapEntry {
 template <class T>
 class IntMap {
  public:
-  enum { kInitialBinCount = 64 };
+  enum { kInitialBinCount = 16 };
 
+  // The first bins are part of the map, so a small map allocates nothing
+  // until its first key.
   IntMap()
-      : mBins(NewBinArray(kInitialBinCount)), mBinCount(kInitialBinCount),
-        mCount(0), mHead(nullptr), mTail(nullptr) {}
+      : mBins(mInlineBins), mBinCount(kInitialBinCount), mCount(0),
+        mHead(nullptr), mTail(nullptr), mChunks(nullptr), mFree(nullptr),
+        mNextChunkSize(kFirstChunkSize) {
+    memset(mInlineBins, 0, sizeof mInlineBins);
+  }
 
   virtual ~IntMap() {
-    delete[] mBins;
-    IntMapEntry<T>* entry = mHead;
-    while (entry) {
+    if (mBins != mInlineBins) delete[] mBins;
+    for (IntMapEntry<T>* entry = mHead; entry;) {
       IntMapEntry<T>* next = entry->mNextInOrder;
-      delete entry;
+      entry->~IntMapEntry<T>();
       entry = next;
+    }
+    while (mChunks) {
+      Chunk* next = mChunks->next;
+      ::operator delete(mChunks);
+      mChunks = next;
     }
   }
 
@@ -48,8 +59,7 @@ class IntMap {
       entry->mValue = value;
       return;
     }
-    entry = new IntMapEntry<T>;
-    QASSERT(entry);
+    entry = NewEntry();
     entry->mKey = key;
     entry->mValue = value;
     unsigned bin = Bin(key);
@@ -77,7 +87,7 @@ class IntMap {
     IntMapEntry<T>* victim = UnlinkFromBin(key);
     if (!victim) return;
     UnlinkFromOrder(victim);
-    delete victim;
+    FreeEntry(victim);
     mCount--;
   }
 
@@ -104,8 +114,50 @@ class IntMap {
     return ((unsigned)key * 13u) & (unsigned)(mBinCount - 1);
   }
 
+  // Entries live in chunks, each twice the size of the one before up to a
+  // limit, so that a map of n keys makes about log n allocations; a removed
+  // entry's place is reused.
+  enum { kFirstChunkSize = 8, kLargestChunkSize = 1024 };
+  struct alignas(IntMapEntry<T>) Chunk {
+    Chunk* next;
+  };
+  struct FreePlace {
+    FreePlace* next;
+  };
+
+  IntMapEntry<T>* NewEntry() {
+    if (!mFree) AddChunk();
+    void* place = mFree;
+    mFree = mFree->next;
+    return new (place) IntMapEntry<T>();
+  }
+
+  void FreeEntry(IntMapEntry<T>* entry) {
+    entry->~IntMapEntry<T>();
+    FreePlace* place = reinterpret_cast<FreePlace*>(entry);
+    place->next = mFree;
+    mFree = place;
+  }
+
+  void AddChunk() {
+    static_assert(sizeof(IntMapEntry<T>) >= sizeof(FreePlace),
+                  "a free entry holds a link");
+    unsigned long count = mNextChunkSize;
+    if (mNextChunkSize < kLargestChunkSize) mNextChunkSize *= 2;
+    Chunk* chunk = static_cast<Chunk*>(
+        ::operator new(sizeof(Chunk) + count * sizeof(IntMapEntry<T>)));
+    chunk->next = mChunks;
+    mChunks = chunk;
+    IntMapEntry<T>* places = reinterpret_cast<IntMapEntry<T>*>(chunk + 1);
+    for (unsigned long i = count; i-- > 0;) {
+      FreePlace* place = reinterpret_cast<FreePlace*>(&places[i]);
+      place->next = mFree;
+      mFree = place;
+    }
+  }
+
   void Rehash(unsigned long binCount) {
-    delete[] mBins;
+    if (mBins != mInlineBins) delete[] mBins;
     mBins = NewBinArray(binCount);
     mBinCount = binCount;
     for (IntMapEntry<T>* e = mHead; e; e = e->mNextInOrder) {
@@ -150,6 +202,10 @@ class IntMap {
   unsigned long mCount;
   IntMapEntry<T>* mHead;
   IntMapEntry<T>* mTail;
+  Chunk* mChunks;
+  FreePlace* mFree;
+  unsigned long mNextChunkSize;
+  IntMapEntry<T>* mInlineBins[kInitialBinCount];
 };
 
 #endif

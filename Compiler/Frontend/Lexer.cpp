@@ -3,6 +3,8 @@
 // tracking that makes an "=" an assignment or a comparison.
 #include "Compiler/Frontend/Lexer.h"
 
+#include <string.h>
+
 #include "Compiler/CompilationState.h"
 #include "Compiler/Frontend/LexerInternal.h"
 #include "Compiler/InterRep.h"
@@ -65,6 +67,14 @@ int endline() {
 void TokenText::Add(int c) {
   if (mLength + 1 >= kTokenBufferSize) return;
   tokenbuf[mLength++] = char(c);
+  tokenbuf[mLength] = 0;
+}
+
+void TokenText::AddBytes(char const* bytes, unsigned int count) {
+  unsigned int room = kTokenBufferSize - 1 - mLength;
+  if (count > room) count = room;
+  memcpy(tokenbuf + mLength, bytes, count);
+  mLength += count;
   tokenbuf[mLength] = 0;
 }
 

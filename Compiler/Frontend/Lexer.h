@@ -55,6 +55,8 @@ extern SemBase* yylval;
 // the compilation's values.
 extern SemBase* kNullSemBase;
 
+// Lets go of the words the lexer keeps for the compilation in progress.
+void ForgetLexerWords();
 // Starts reading `text` from its beginning; counts its line feeds.
 void InitLexer(char const* text);
 // The next token number (LexerToken or a character code) of the global

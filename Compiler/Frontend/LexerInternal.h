@@ -38,6 +38,8 @@ class TokenText {
  public:
   TokenText() : mLength(0) { tokenbuf[0] = 0; }
   void Add(int c);
+  // Appends as many of the bytes as fit.
+  void AddBytes(char const* bytes, unsigned int count);
   unsigned int Length() const { return mLength; }
 
  private:
@@ -70,5 +72,14 @@ int CommentToken();
 
 // The keyword's token number, or 0 when the word is no keyword.
 int KeywordToken(string const& word);
+
+// A word of the source: its text, tagged UTF-8 and shared by every token
+// that spells it the same, and its keyword token or 0.
+struct LexerWord {
+  string const* text;
+  int token;
+};
+// The word of these bytes, valid until the next call.
+LexerWord const& FindLexerWord(char const* bytes, unsigned int length);
 
 #endif

@@ -29,15 +29,12 @@ StringMap<int>& TokenMap() {
   return *sTokenMap;
 }
 
-// The word from `start` to the current position, tagged UTF-8; tokenbuf
-// receives as much of it as fits.
-string CollectWord(unsigned int start) {
-  string word;
-  word.ConstructFromBuffer(sState.text + start, sState.pos - start);
-  word.SetEncoding(kEncodingUTF8);
+// The word from `start` to the current position; tokenbuf receives as much
+// of it as fits.
+LexerWord const& CollectWord(unsigned int start) {
   TokenText text;
-  for (unsigned int i = start; i < sState.pos; i++) text.Add(sState.text[i]);
-  return word;
+  text.AddBytes(sState.text + start, sState.pos - start);
+  return FindLexerWord(sState.text + start, sState.pos - start);
 }
 
 SemBase* BooleanLiteral(bool value) {
@@ -64,8 +61,9 @@ int IdentifierToken(int first) {
   }
   putback(c);
   EndTokenLocation();
-  string word = CollectWord(start);
-  int token = KeywordToken(word);
+  LexerWord const& found = CollectWord(start);
+  string const& word = *found.text;
+  int token = found.token;
   if (token == kTokRem) return CommentToken();
   if (token == kTokTrue || token == kTokFalse) {
     yylval = BooleanLiteral(token == kTokTrue);

@@ -68,6 +68,9 @@ UnitSymbolTable* ParseDeclarations(string unitName, string source,
                                    CompilerDelegate* delegate) {
   UnitSymbolTable* unit = new UnitSymbolTable(unitName);
   unsigned long valuesBefore = SemBase::LiveCount();
+  // The words of a scan whose compilation never came are let go; this
+  // scan's stay for the compilation that follows it.
+  ForgetLexerWords();
   {
     LexerSwap lexer(source);
     sDelegate = delegate;
