@@ -13,6 +13,7 @@
 
 #include "Compiler/TacOpcodeList.h"
 #include "Compiler/datatypes.h"
+#include "Universal/RecycledBlocks.h"
 #include "Universal/ustring.h"
 
 #define QUORL_TAC_ENUMERATOR(name) kTac##name,
@@ -139,6 +140,12 @@ struct TacLine {
   TacAddr const* result;
   unsigned long mLine;  // source line, from 0; becomes the line table
   TacLine* mNext;
+
+  // Lines are made and freed by the million: their blocks are recycled.
+  static void* operator new(size_t size) { return TakeRecycledBlock(size); }
+  static void operator delete(void* block, size_t size) {
+    GiveBackRecycledBlock(block, size);
+  }
 };
 
 // Linear code. The block owns its lines; whole blocks move into others in

@@ -16,6 +16,7 @@
 #include "Compiler/SourceLocation.h"
 #include "Compiler/TemporaryList.h"
 #include "Compiler/datatypes.h"
+#include "Universal/RecycledBlocks.h"
 #include "Universal/SimpleVector.h"
 #include "Universal/ustring.h"
 
@@ -37,7 +38,8 @@ constexpr uint32_t kSemDeadTag = SemTag('D', 'E', 'A', 'D');
 
 // The root: a value with no content (a keyword token's value). Operations a
 // kind does not support are compiler faults and end in SemBase::Error.
-class SemBase {
+// Values are made and freed by the million: their blocks are recycled.
+class SemBase : public RecycledObject {
  public:
   static SemBase* New();
   virtual ~SemBase();

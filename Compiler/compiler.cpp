@@ -172,10 +172,13 @@ Ref<CodeModule> Compiler::CompileOrThrow(string const& source,
                                          GlobalSymbolTable* symbols) {
   QASSERT(symbols);
   // The lexer's words are shared by the compilation's values and go with
-  // them.
-  struct ForgetWordsAtEnd {
-    ~ForgetWordsAtEnd() { ForgetLexerWords(); }
-  } forgetWords;
+  // them; the blocks its values and lines freed go back to the heap.
+  struct ReleaseAtEnd {
+    ~ReleaseAtEnd() {
+      ForgetLexerWords();
+      ReleaseRecycledBlocks();
+    }
+  } releaseAtEnd;
   std::unique_ptr<SrcContext> context(CreateCompilationContext(name));
   context->blocks.Enter(symbols);
   // The declarations are copied before the target constants join them:

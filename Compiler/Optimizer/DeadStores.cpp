@@ -60,38 +60,50 @@ bool IsStructure(TacAddr const* addr) {
   return addr->mType.GetMainType() == kStructureType;
 }
 
+// The zeroed home, with what the scan compares against worked out once.
+struct Home {
+  explicit Home(TacAddr const* zeroed)
+      : addr(zeroed), storage(zeroed->GetStorageClass()),
+        start(storage == kStackDataStorage ? zeroed->StorageOffset() : 0),
+        size(zeroed->mType.StorageSize()) {}
+  TacAddr const* addr;
+  StorageClass storage;
+  unsigned long start, size;
+};
+
 // A block's variable and its shadow in the enclosing scope are two
 // operands for one home, so operands are compared by their storage.
-bool SameHome(TacAddr const* a, TacAddr const* b) {
-  if (a == b) return true;
-  if (a->IsConstant() || b->IsConstant() || a == nilTacAddr || b == nilTacAddr)
-    return false;
-  if (a->GetStorageClass() != b->GetStorageClass()) return false;
-  if (a->GetStorageClass() == kGlobalDataStorage) return a->LinkID() == b->LinkID();
-  if (a->GetStorageClass() != kStackDataStorage) return true;
-  unsigned long aStart = a->StorageOffset(), bStart = b->StorageOffset();
-  return aStart < bStart + b->mType.StorageSize() &&
-         bStart < aStart + a->mType.StorageSize();
+bool SameHome(TacAddr const* a, Home const& home) {
+  if (a == home.addr) return true;
+  if (a->IsConstant() || a == nilTacAddr) return false;
+  StorageClass storage = a->GetStorageClass();
+  if (storage != home.storage) return false;
+  if (storage == kGlobalDataStorage) return a->LinkID() == home.addr->LinkID();
+  if (storage != kStackDataStorage) return true;
+  unsigned long start = a->StorageOffset();
+  return start < home.start + home.size &&
+         home.start < start + a->mType.StorageSize();
 }
 
 // A structure operand may be the whole of which the zeroed value is a
 // part. Only a write to exactly the zeroed home covers it.
-Fate FateAfter(TacLine const& line, TacAddr const* zeroed) {
+Fate FateAfter(TacLine const& line, Home const& zeroed) {
   if (EndsTheView(line.opcode)) return kKeep;
   if (IsStructure(line.opA) || IsStructure(line.opB) || IsStructure(line.result))
     return kKeep;
   if (SameHome(line.opA, zeroed) || SameHome(line.opB, zeroed)) return kKeep;
   if (!SameHome(line.result, zeroed)) return kUndecided;
-  bool whole = line.result->GetStorageClass() == zeroed->GetStorageClass() &&
-               (zeroed->GetStorageClass() == kGlobalDataStorage ||
-                line.result->StorageOffset() == zeroed->StorageOffset()) &&
-               line.result->mType.StorageSize() == zeroed->mType.StorageSize();
+  bool whole = line.result->GetStorageClass() == zeroed.storage &&
+               (zeroed.storage == kGlobalDataStorage ||
+                line.result->StorageOffset() == zeroed.start) &&
+               line.result->mType.StorageSize() == zeroed.size;
   return whole ? kOverwritten : kKeep;
 }
 
 bool OverwrittenBeforeRead(TacLine const* zero) {
+  Home zeroed(zero->result);
   for (TacLine const* later = zero->mNext; later; later = later->mNext) {
-    Fate fate = FateAfter(*later, zero->result);
+    Fate fate = FateAfter(*later, zeroed);
     if (fate != kUndecided) return fate == kOverwritten;
   }
   return false;
