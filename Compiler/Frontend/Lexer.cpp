@@ -70,6 +70,11 @@ void TokenText::Add(int c) {
   tokenbuf[mLength] = 0;
 }
 
+bool sSkimming = false;
+
+SkimmedTokens::SkimmedTokens() : mWasSkimming(sSkimming) { sSkimming = true; }
+SkimmedTokens::~SkimmedTokens() { sSkimming = mWasSkimming; }
+
 void TokenText::AddBytes(char const* bytes, unsigned int count) {
   unsigned int room = kTokenBufferSize - 1 - mLength;
   if (count > room) count = room;

@@ -55,6 +55,20 @@ extern SemBase* yylval;
 // the compilation's values.
 extern SemBase* kNullSemBase;
 
+// While one stands, tokens come without values: names and literals are
+// read over, but no value is made and no literal interned. The declaration
+// scan reads method bodies so, as only their token numbers matter to it.
+class SkimmedTokens {
+ public:
+  SkimmedTokens();
+  ~SkimmedTokens();
+
+ private:
+  SkimmedTokens(SkimmedTokens const&) = delete;
+  SkimmedTokens& operator=(SkimmedTokens const&) = delete;
+  bool mWasSkimming;
+};
+
 // Lets go of the words the lexer keeps for the compilation in progress.
 void ForgetLexerWords();
 // Starts reading `text` from its beginning; counts its line feeds.

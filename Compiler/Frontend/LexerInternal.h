@@ -58,6 +58,10 @@ inline bool IsWordByte(int c) {
 }
 int HexDigitValue(int c);  // -1 for a byte that is no hex digit
 
+// True while tokens are skimmed (see SkimmedTokens): the families read
+// over names and literals but make no value.
+extern bool sSkimming;
+
 // The token families; each is entered with the first byte consumed.
 int IdentifierToken(int first);
 int DirectiveToken();

@@ -17,6 +17,12 @@ int Deliver(TacAddr const* addr, int token) {
   return token;
 }
 
+// A skimmed literal: read over, with no value and nothing interned.
+int Skimmed(int token) {
+  EndTokenLocation();
+  return token;
+}
+
 // A decimal literal that fits 32 signed bits is an Integer, any larger one
 // a signed 64-bit literal; a radix literal is unsigned, 32 or 64 bits by
 // its high word.
@@ -28,12 +34,14 @@ int IntegerLiteralToken(uint64_t value, bool decimal) {
   } else {
     type = (value >> 32) == 0 ? kUInt32Type : kUInt64Type;
   }
+  if (sSkimming) return Skimmed(kTokInteger);
   return Deliver(CurrentTLP()->GetLiteral((long long)value, type), kTokInteger);
 }
 
 // The value comes from the literal's own bytes in the source, read in the
 // "C" locale: tokenbuf keeps only the first of a very long literal.
 int RealLiteralToken(unsigned int start) {
+  if (sSkimming) return Skimmed(kTokFloat);
   string literal;
   literal.ConstructFromBuffer(sState.text + start, sState.pos - start);
   double value = uatod(literal.CString());
@@ -90,6 +98,7 @@ int ColorLiteralToken() {
     }
     value |= long(digit) << (20 - 4 * i);
   }
+  if (sSkimming) return Skimmed(kTokColor);
   TacAddr const* addr =
       CurrentTLP()->GetLiteral(IRValue::SInt32(value), IRDataType(kColorType));
   return Deliver(addr, kTokColor);
@@ -98,6 +107,7 @@ int ColorLiteralToken() {
 // The text of a string literal, tagged UTF-8, interned; tokenbuf gets its
 // first bytes.
 int StringToken(SimpleVector<char> const& bytes, int token) {
+  if (sSkimming) return Skimmed(token);
   string text;
   if (bytes.size()) text.ConstructFromBuffer(&bytes[0], bytes.size());
   text.SetEncoding(kEncodingUTF8);

@@ -66,10 +66,10 @@ int IdentifierToken(int first) {
   int token = found.token;
   if (token == kTokRem) return CommentToken();
   if (token == kTokTrue || token == kTokFalse) {
-    yylval = BooleanLiteral(token == kTokTrue);
+    if (!sSkimming) yylval = BooleanLiteral(token == kTokTrue);
   } else if (token == 0) {
     if (word.Length() == 1 && word[0] == '_') return kTokContinuation;
-    yylval = SemIdentifier::New(word, sTokenLocation);
+    if (!sSkimming) yylval = SemIdentifier::New(word, sTokenLocation);
     token = kTokIdent;
   }
   TrackDeliveredWord(token);

@@ -74,7 +74,11 @@ void DeclarationScanner::ParseMethodBody(int endToken) {
   string unclosed(endToken == kTokSub ? "no End Sub before the end of the text"
                                       : "no End Function before the end of the text");
   for (;;) {
-    Read();
+    {
+      // Only the word after End is read with its value.
+      SkimmedTokens skimmed;
+      Read();
+    }
     if (mToken == kTokEndOfText) {
       FlagError(unclosed, header);
       return;
