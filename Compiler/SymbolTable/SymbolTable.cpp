@@ -106,7 +106,9 @@ unsigned long HomeSlot(unsigned long hash, unsigned long indexSize) {
 unsigned long SymbolTable::Probe(string const& name, unsigned long hash) const {
   unsigned long slot = HomeSlot(hash, mIndexSize);
   unsigned long compared = 1;
-  while (mIndex[slot] && mIndex[slot]->mName != name) {
+  // Names that hash apart differ, so only an equal hash costs a comparison.
+  while (mIndex[slot] &&
+         (mIndex[slot]->mHash != hash || mIndex[slot]->mName != name)) {
     slot = (slot + 1) % mIndexSize;
     compared++;
   }

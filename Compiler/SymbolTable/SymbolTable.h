@@ -16,6 +16,7 @@
 #include "Compiler/datatypes.h"
 #include "Universal/Assertion.h"
 #include "Universal/IntMap.h"
+#include "Universal/RecycledBlocks.h"
 #include "Universal/ustring.h"
 
 class SymbolTable;
@@ -40,7 +41,9 @@ class SourceUnitDependencyLink {
   SourceUnitDependencyLink* mNext;
 };
 
-class Symbol {
+// Symbols are recycled blocks: every local and hidden variable is one, and
+// a function's tables are released as soon as its code is generated.
+class Symbol : public RecycledObject {
  public:
   // The argument of IsA. A class answers true for its own kind and for every
   // kind above it in the class tree. 2 belongs to no class.
