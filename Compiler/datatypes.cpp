@@ -103,55 +103,31 @@ unsigned IRDataType::GetDimensions() const {
   return IsArray() ? mDimensions : 0;
 }
 
-// Bytes of one value in storage. Handles, pointers and references are one
-// 32-bit word; a structure is as large as its declaration says. No type
-// (a declaration whose type did not read, already reported) takes none.
-unsigned long IRDataType::StorageSize() const {
-  switch (mMainType) {
-    case kNoType:
-      return 0;
-    case kBooleanType:
-    case kSInt8Type:
-    case kUInt8Type:
-      return 1;
-    case kSInt16Type:
-    case kUInt16Type:
-      return 2;
-    case kSInt32Type:
-    case kUInt32Type:
-    case kReal32Type:
-      return 4;
-    case kSInt64Type:
-    case kUInt64Type:
-    case kReal64Type:
-    case kCurrencyType:
-      return 8;
-    case kWideNumericType:
-      return 16;
-    case kStructureType:
-      QASSERT(mDecl);
-      QASSERT(mDecl->IsA(Symbol::kStructure));
-      return static_cast<StructureSymbol*>(mDecl)->GetStorageSize();
-    case kStringType:
-    case kColorType:
-    case kVariantType:
-    case kObjectType:
-    case kUnresolvedType:
-    case kReferenceType:
-    case kArrayType:
-    case kNilType:
-    case kClassType:
-    case kPtrType:
-    case kExternalCStringType:
-    case kExternalPStringType:
-    case kWindowPtrType:
-    case kOSTypeType:
-    case kExternalWStringType:
-    case kCFStringRefType:
-      return 4;
-    default:
-      QFAIL_STRING(string("StorageSize of unknown type (") + ToString() + ")");
+// Bytes of one value in storage, by main type. Handles, pointers and
+// references are one 32-bit word; a structure (0 here) is as large as its
+// declaration says. No type (a declaration whose type did not read,
+// already reported) takes none.
+unsigned char const kSimpleStorageSizes[kCFStringRefType + 1] = {
+    0,                    // kNoType
+    1, 1, 1,              // kBooleanType, kSInt8Type, kUInt8Type
+    2, 2,                 // kSInt16Type, kUInt16Type
+    4, 4,                 // kSInt32Type, kUInt32Type
+    8, 8,                 // kSInt64Type, kUInt64Type
+    4, 8, 8,              // kReal32Type, kReal64Type, kCurrencyType
+    16,                   // kWideNumericType
+    4, 4, 4, 4,           // kStringType, kColorType, kVariantType, kObjectType
+    0,                    // kStructureType
+    4, 4, 4, 4, 4, 4,     // kUnresolvedType ... kPtrType
+    4, 4, 4, 4, 4, 4,     // kExternalCStringType ... kCFStringRefType
+};
+
+unsigned long IRDataType::OtherStorageSize() const {
+  if (mMainType == kStructureType) {
+    QASSERT(mDecl);
+    QASSERT(mDecl->IsA(Symbol::kStructure));
+    return static_cast<StructureSymbol*>(mDecl)->GetStorageSize();
   }
+  QFAIL_STRING(string("StorageSize of unknown type (") + ToString() + ")");
 }
 
 // The size itself is the alignment, not a member's natural alignment: a

@@ -46,6 +46,10 @@ enum SimpleDataType {
   kCFStringRefType = 30,
 };
 
+// Bytes of a value of each main type; 0 for a structure, whose size its
+// declaration holds.
+extern unsigned char const kSimpleStorageSizes[kCFStringRefType + 1];
+
 // A small value, copied freely. It is at most three levels deep: a
 // reference, then an array, then the element. An enum-typed value keeps its
 // integer main type and points at the enum through mDecl; a delegate-typed
@@ -78,7 +82,13 @@ class IRDataType {
   // The written name of an unresolved type; empty for all others.
   string const& TypeName() const { return mTypeName; }
 
-  unsigned long StorageSize() const;
+  // Bytes of one value in storage; asked for every operand the back end
+  // touches, so the common case stands here.
+  unsigned long StorageSize() const {
+    if (mMainType != kStructureType && unsigned(mMainType) <= kCFStringRefType)
+      return kSimpleStorageSizes[mMainType];
+    return OtherStorageSize();
+  }
   // `offset` rounded up to a multiple of the storage size (at most 8). A
   // zero-sized type gives 0 whatever the offset.
   unsigned long StorageAlign(unsigned long offset) const;
@@ -105,6 +115,7 @@ class IRDataType {
   bool operator!=(IRDataType const& other) const { return !(*this == other); }
 
  private:
+  unsigned long OtherStorageSize() const;
   string ElementText() const;
 
   SimpleDataType mMainType;

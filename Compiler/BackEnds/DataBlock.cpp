@@ -15,7 +15,11 @@ unsigned char set_machine_byte_order() {
   return reinterpret_cast<unsigned char const*>(&probe)[0] == 0x01;
 }
 
-enum { kMinGrowBy = 16, kMaxGrowBy = 4096 };
+// A block grows by at least kMinGrowBy bytes and at least half of what it
+// holds, so that a block of n bytes was copied a bounded number of times
+// in all: the code of one long main body runs to megabytes. A finished
+// function's block is cut to its length.
+enum { kMinGrowBy = 16 };
 
 }  // namespace
 
@@ -63,11 +67,12 @@ void DataBlock::ResizeBuffer(unsigned int n) {
 void DataBlock::GrowBy(unsigned int n) {
   if (mCodeLen + n <= mCapacity) return;
   unsigned int step = n > mGrowBy ? n : mGrowBy;
-  unsigned int nextGrowBy = mGrowBy * 2;
+  unsigned int half = mCapacity / 2;
+  if (step < half) step = half;
+  // No growth past the 32-bit length: the heap refuses such a block first.
+  if (step > ~0u - mCapacity) throw std::bad_alloc();
   ResizeBuffer(mCapacity + step);
-  if (nextGrowBy < kMinGrowBy) nextGrowBy = kMinGrowBy;
-  if (nextGrowBy > kMaxGrowBy) nextGrowBy = kMaxGrowBy;
-  mGrowBy = nextGrowBy;
+  mGrowBy = kMinGrowBy;
 }
 
 void DataBlock::SetLength(unsigned int n) {
