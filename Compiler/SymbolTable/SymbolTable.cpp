@@ -5,7 +5,8 @@
 
 namespace {
 
-enum { kInitialIndexSize = 17 };
+// A power of two, so that a slot is a mask away from a hash.
+enum { kInitialIndexSize = 16 };
 
 // Symbols reached inside a compilation tell it which merged units it used.
 void RecordReach(Symbol* symbol) {
@@ -94,11 +95,11 @@ SymbolTable::~SymbolTable() {
 namespace {
 
 // Names of a program often differ in their last characters only (F1, F2...),
-// so their hashes run in sequence; placed at hash % size they would fill
+// so their hashes run in sequence; placed at their low bits they would fill
 // runs of neighbouring slots that every probe must walk. Multiplying by a
-// large odd constant scatters them first.
+// large odd constant first steps them that constant apart.
 unsigned long HomeSlot(unsigned long hash, unsigned long indexSize) {
-  return (uint32_t(hash) * 2654435761u) % indexSize;
+  return (uint32_t(hash) * 2654435761u) & (indexSize - 1);
 }
 
 }  // namespace
@@ -109,7 +110,7 @@ unsigned long SymbolTable::Probe(string const& name, unsigned long hash) const {
   // Names that hash apart differ, so only an equal hash costs a comparison.
   while (mIndex[slot] &&
          (mIndex[slot]->mHash != hash || mIndex[slot]->mName != name)) {
-    slot = (slot + 1) % mIndexSize;
+    slot = (slot + 1) & (mIndexSize - 1);
     compared++;
   }
   CountKeyComparisons(compared);
@@ -117,7 +118,7 @@ unsigned long SymbolTable::Probe(string const& name, unsigned long hash) const {
 }
 
 // The growth test comes before the count rises: the tenth symbol of a
-// 17-slot table grows it. It counts symbols, not occupied slots.
+// 16-slot table grows it. It counts symbols, not occupied slots.
 void SymbolTable::Add(Symbol* item) {
   QASSERT_TEXT(0 == mIteratorLocks, "0 == mIteratorLocks");
   QASSERT_TEXT(item, "item");
@@ -151,7 +152,7 @@ void SymbolTable::EnlargeIndex() {
     Symbol* head = mIndex[i];
     if (!head) continue;
     unsigned long slot = HomeSlot(head->mHash, newSize);
-    while (fresh[slot]) slot = (slot + 1) % newSize;
+    while (fresh[slot]) slot = (slot + 1) & (newSize - 1);
     fresh[slot] = head;
   }
   delete[] mIndex;

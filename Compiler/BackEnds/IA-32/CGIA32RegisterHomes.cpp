@@ -103,8 +103,8 @@ void CGIA32::ChooseRegisterHomes(TacLine const* enter) {
   }
   SimpleVector<HomeCandidate> candidates;
   SimpleVector<TacAddr const*> others;
-  IntMap<unsigned long> candidateIndex;
-  IntMap<int> seen;
+  // Each operand met: its candidate's index, or -1 when it is no candidate.
+  IntMap<long> met;
   long depth = 0;
   for (unsigned long i = 0; i < lines.size(); i++) {
     depth += depthChange[i];
@@ -114,19 +114,19 @@ void CGIA32::ChooseRegisterHomes(TacLine const* enter) {
     TacAddr const* operands[] = {line.opA, line.opB, line.result};
     for (TacAddr const* addr : operands) {
       if (addr == nilTacAddr || addr->IsConstant()) continue;
-      if (!seen.HasEntry(Key(addr))) {
-        seen.AddEntry(Key(addr), 1);
+      long index;
+      if (!met.GetEntry(Key(addr), index)) {
         others.push_back(addr);
+        index = -1;
+        int bank = RegisterBankFor(addr);
+        if (bank >= 0) {
+          index = (long)candidates.size();
+          HomeCandidate fresh = {addr, 0, false, bank};
+          candidates.push_back(fresh);
+        }
+        met.AddEntry(Key(addr), index);
       }
-      int bank = RegisterBankFor(addr);
-      if (bank < 0) continue;
-      unsigned long index;
-      if (!candidateIndex.GetEntry(Key(addr), index)) {
-        index = candidates.size();
-        candidateIndex.AddEntry(Key(addr), index);
-        HomeCandidate fresh = {addr, 0, false, bank};
-        candidates.push_back(fresh);
-      }
+      if (index < 0) continue;
       candidates[index].weight += weight;
       if (TakesAddress(line)) candidates[index].addressed = true;
     }
