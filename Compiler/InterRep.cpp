@@ -90,8 +90,8 @@ ConstAddr::ConstAddr(IRValue const& value, IRDataType const& type)
 
 SymbolAddr::SymbolAddr(StorageClass storageClass, IRDataType const& type,
                        string const& linkID, unsigned int storageOffset)
-    : TacAddr(type), mStorageClass(storageClass), mLinkID(linkID),
-      mStorageOffset(storageOffset) {}
+    : TacAddr(type), mStorageClass(storageClass), mStorageOffset(storageOffset),
+      mLinkID(linkID) {}
 
 // ---------------------------------------------------------------- shared
 
@@ -131,6 +131,17 @@ namespace {
 // caller from another file's initialiser may already have made them.
 bool const sSharedOperandsMade = (MakeSharedOperands(), true);
 }  // namespace
+
+void SymbolAddr::SetQualifiedLinkID(string const& qualifier,
+                                    string const& name) {
+  mLinkID = name;
+  mLinkQualifier = qualifier;
+}
+
+void SymbolAddr::QualifyLinkID() const {
+  mLinkID = JoinAround(mLinkQualifier, '.', mLinkID);
+  mLinkQualifier = string();
+}
 
 // ---------------------------------------------------------------- blocks
 

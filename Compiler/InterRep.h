@@ -112,11 +112,25 @@ class SymbolAddr : public TacAddr {
   bool IsConstant() const override { return false; }
   unsigned long StorageOffset() const override { return mStorageOffset; }
   StorageClass GetStorageClass() const override { return mStorageClass; }
-  string const& LinkID() const override { return mLinkID; }
+  string const& LinkID() const override {
+    if (!mLinkQualifier.IsEmpty()) QualifyLinkID();
+    return mLinkID;
+  }
+  // The link ID `qualifier`.`name`, put together when first asked for: a
+  // local's qualified name serves listings and debug data only, and most
+  // compilations never ask.
+  void SetQualifiedLinkID(string const& qualifier, string const& name);
 
   StorageClass mStorageClass;
-  string mLinkID;  // link name of a global; qualified name of a local
   unsigned int mStorageOffset;
+
+ private:
+  void QualifyLinkID() const;
+
+  // The link name of a global; the qualified name of a local. While
+  // mLinkQualifier holds text, it is the name still to be qualified.
+  mutable string mLinkID;
+  mutable string mLinkQualifier;
 };
 
 // Shared operands, made once at program start (and again on demand by a

@@ -12,7 +12,7 @@ VariableSymbol::VariableSymbol(string const& name, IRDataType const& type,
       mUserVisible(true) {}
 
 void VariableSymbol::ComputeLinkID(string const& qualifier) {
-  mAddr.mLinkID = QualifyName(qualifier, Name());
+  mAddr.SetQualifiedLinkID(qualifier, Name());
 }
 
 unsigned long VariableSymbol::AllocateStorage(unsigned long offset) {

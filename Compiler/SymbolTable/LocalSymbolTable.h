@@ -31,7 +31,7 @@ class VariableSymbol : public Symbol {
   SymbolAddr const* GetAddr() const { return &mAddr; }
   StorageClass GetStorageClass() const { return mAddr.mStorageClass; }
   unsigned long StorageOffset() const { return mAddr.mStorageOffset; }
-  string const& LinkID() const { return mAddr.mLinkID; }
+  string const& LinkID() const { return mAddr.LinkID(); }
 
   void ProhibitInitialization() { mInitializationAllowed = false; }
   void ProhibitFinalization() { mFinalizationAllowed = false; }
