@@ -19,16 +19,16 @@ unsigned char set_machine_byte_order() {
 // holds, so that a block of n bytes was copied a bounded number of times
 // in all: the code of one long main body runs to megabytes. A finished
 // function's block is cut to its length.
-enum { kMinGrowBy = 16 };
+enum { kMinGrowBy = 64 };
 
 }  // namespace
 
 DataBlock::DataBlock(unsigned char bigEndian)
-    : mBuffer(nullptr), mCapacity(0), mCodeLen(0), mGrowBy(0),
+    : mBuffer(nullptr), mCapacity(0), mCodeLen(0),
       mBigEndian(bigEndian) {}
 
 DataBlock::DataBlock(void const* bytes, unsigned int length)
-    : mBuffer(nullptr), mCapacity(0), mCodeLen(0), mGrowBy(0),
+    : mBuffer(nullptr), mCapacity(0), mCodeLen(0),
       mBigEndian(set_machine_byte_order()) {
   AppendBytes(static_cast<unsigned char const*>(bytes), length);
 }
@@ -48,13 +48,10 @@ unsigned char* DataBlock::AllocMemory(unsigned int size) {
 
 void DataBlock::FreeMemory(unsigned char* buffer) { free(buffer); }
 
-// A smaller capacity cuts the contents and restarts the growth steps.
+// A smaller capacity cuts the contents.
 void DataBlock::ResizeBuffer(unsigned int n) {
   if (n == mCapacity) return;
-  if (n < mCapacity) {
-    if (mCodeLen > n) mCodeLen = n;
-    mGrowBy = kMinGrowBy;
-  }
+  if (mCodeLen > n) mCodeLen = n;
   unsigned char* newBuffer = AllocMemory(n);
   // Out of memory as a C++ container is: the compile turns it into an error.
   if (!newBuffer) throw std::bad_alloc();
@@ -66,13 +63,12 @@ void DataBlock::ResizeBuffer(unsigned int n) {
 
 void DataBlock::GrowBy(unsigned int n) {
   if (mCodeLen + n <= mCapacity) return;
-  unsigned int step = n > mGrowBy ? n : mGrowBy;
+  unsigned int step = n > kMinGrowBy ? n : kMinGrowBy;
   unsigned int half = mCapacity / 2;
   if (step < half) step = half;
   // No growth past the 32-bit length: the heap refuses such a block first.
   if (step > ~0u - mCapacity) throw std::bad_alloc();
   ResizeBuffer(mCapacity + step);
-  mGrowBy = kMinGrowBy;
 }
 
 void DataBlock::SetLength(unsigned int n) {

@@ -81,7 +81,6 @@ class DataBlock {
   unsigned char* mBuffer;
   unsigned int mCapacity;
   unsigned int mCodeLen;
-  unsigned int mGrowBy;
   unsigned char mBigEndian;
 
  private:

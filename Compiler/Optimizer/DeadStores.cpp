@@ -75,7 +75,7 @@ struct Home {
 // operands for one home, so operands are compared by their storage.
 bool SameHome(TacAddr const* a, Home const& home) {
   if (a == home.addr) return true;
-  if (a->IsConstant() || a == nilTacAddr) return false;
+  if (a == nilTacAddr || a->IsConstant()) return false;
   StorageClass storage = a->GetStorageClass();
   if (storage != home.storage) return false;
   if (storage == kGlobalDataStorage) return a->LinkID() == home.addr->LinkID();
