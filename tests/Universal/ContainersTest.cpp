@@ -98,6 +98,17 @@ TEST(StringMap, CaseRulesHashAndUTF8Keys) {
   string utf8("caf\xC3\xA9");
   utf8.SetEncoding(kEncodingUTF8);
   EXPECT_TRUE(map.HasEntry(utf8));
+  // ASCII text is UTF-8 byte for byte: either tag finds the other, in both
+  // kinds of map, and no conversion is made for the lookup.
+  string word("Integer");
+  word.SetEncoding(kEncodingUTF8);
+  exact.AddEntry(word, 2);
+  int value = 0;
+  EXPECT_TRUE(exact.GetEntry("Integer", value));
+  EXPECT_EQ(value, 2);
+  folding.AddEntry(word, 3);
+  EXPECT_TRUE(folding.GetEntry("INTEGER", value));
+  EXPECT_EQ(value, 3);
 }
 
 TEST(StringMapIterator, DeletesWhileIteratingSkipNothing) {
@@ -155,6 +166,23 @@ TEST(IntMap, CollisionsReplacementOrderAndRemoval) {
   int value = 0;
   EXPECT_TRUE(map.GetEntry(0, value));
   EXPECT_EQ(value, 100);
+}
+
+// Entries live in chunks: values that own memory are destroyed once, on
+// removal or with the map (the sanitized build checks), and a removed
+// entry's place serves the next key.
+TEST(IntMap, ValuesSurviveChunksRemovalAndReuse) {
+  IntMap<string> map;
+  for (int i = 0; i < 300; i++) map.AddEntry(i, string("value") + string(char('a' + i % 26)));
+  for (int i = 0; i < 300; i += 3) map.RemoveEntry(i);
+  for (int i = 1000; i < 1100; i++) map.AddEntry(i, string("again"));
+  EXPECT_EQ(map.Count(), 300u);
+  string found;
+  EXPECT_TRUE(map.GetEntry(4, found));
+  EXPECT_STREQ(found.CString(), "valuee");
+  EXPECT_FALSE(map.GetEntry(3, found));
+  EXPECT_TRUE(map.GetEntry(1099, found));
+  EXPECT_STREQ(found.CString(), "again");
 }
 
 int gLiveNodes = 0, gDepth = 0, gMaxDepth = 0;

@@ -128,6 +128,24 @@ TEST(StringConcat, EncodingsOfTheSum) {
   EXPECT_EQ((string("x") + (char)0xE9).Encoding(), (unsigned long)kEncodingUnknown);
 }
 
+// The joined name carries the tag the two sums would give it, and text
+// that is not UTF-8 goes through the sums themselves.
+TEST(StringConcat, JoinAroundIsTheTwoSums) {
+  string method("Main"), local = Tagged("caf\xC3\xA9", kEncodingUTF8);
+  string joined = JoinAround(method, '.', string("total"));
+  EXPECT_STREQ(joined.CString(), "Main.total");
+  EXPECT_EQ(joined.Encoding(), (unsigned long)kEncodingASCII);
+  joined = JoinAround(method, ' ', local);
+  EXPECT_STREQ(joined.CString(), "Main caf\xC3\xA9");
+  EXPECT_EQ(joined.Encoding(), (unsigned long)kEncodingUTF8);
+  string latin = Tagged("caf\xE9", kLatin1);
+  joined = JoinAround(latin, '.', local);
+  string summed = latin + string(".") + local;
+  EXPECT_STREQ(joined.CString(), summed.CString());
+  EXPECT_EQ(joined.Encoding(), summed.Encoding());
+  EXPECT_STREQ(JoinAround(string(), '.', method).CString(), ".Main");
+}
+
 TEST(StringCompare, EqualityIgnoresCaseOrderingIsSigned) {
   string a("Hello"), b("hELLO");
   EXPECT_TRUE(a == b);

@@ -42,11 +42,38 @@ TEST(DataBlockTest, ByteOrderIsTheBlocksNotTheHosts) {
 TEST(DataBlockTest, WritesAndReadsPastTheCapacityAreHarmless) {
   DataBlock block(0);
   block.Append32(7);
+  block.ResizeBuffer(4);  // the capacity is the four bytes written
   block.Set32(2, 0xFFFFFFFF);  // would cross the end: dropped
   block.Set8(4, 9);
   EXPECT_EQ(7u, block.Get32(0));
   EXPECT_EQ(0u, block.Get32(1));
   EXPECT_EQ(0u, block.Get8(100));
+}
+
+// Counts the buffers a block makes and the bytes they hold in all.
+class CountingBlock : public DataBlock {
+ public:
+  CountingBlock() : DataBlock(0) {}
+  unsigned char* AllocMemory(unsigned int size) override {
+    buffers++;
+    bytes += size;
+    return DataBlock::AllocMemory(size);
+  }
+  unsigned long buffers = 0, bytes = 0;
+};
+
+// The code of one long main body runs to megabytes, appended a byte at a
+// time: the block grows by half of what it holds, so the bytes it copies
+// stay proportional to its length.
+TEST(DataBlockTest, AppendingByteByByteCopiesLinearly) {
+  for (unsigned long length : {1ul << 16, 1ul << 20}) {
+    CountingBlock block;
+    for (unsigned long i = 0; i < length; i++) block.Append8(i & 0xFF);
+    EXPECT_EQ(block.Length(), length);
+    EXPECT_EQ(block.Get8(length - 1), (length - 1) & 0xFF);
+    EXPECT_LT(block.buffers, 40u) << length;
+    EXPECT_LT(block.bytes, 5 * length) << length;  // geometric: 3 × 1.5 at most
+  }
 }
 
 TEST(DataBlockTest, RangesAreCopiedAndReplaced) {

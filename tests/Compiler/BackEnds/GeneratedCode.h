@@ -30,7 +30,7 @@ class FrameTable : public LocalSymbolTable {
   void PrepareVariable(VariableSymbol* var) override {
     unsigned long offset = var->GetType().StorageAlign(mTotal);
     var->mAddr.mStorageOffset = offset;
-    var->mAddr.mLinkID = mName + "." + var->Name();
+    var->mAddr.SetQualifiedLinkID(mName, var->Name());
     mTotal = offset + var->GetType().StorageSize();
   }
 

@@ -185,3 +185,43 @@ TEST_F(LexerFixture, PlaceholderNamesAndLongTokens) {
 }
 
 }  // namespace
+
+namespace {
+
+// A word's text is made once and shared by every token that spells it the
+// same; another spelling is another word, with the same keyword token. The
+// words go when the compilation lets them go.
+TEST_F(LexerFixture, WordsAreSharedBySpellingUntilForgotten) {
+  ForgetLexerWords();
+  Start("total = Total + total\nIf iF");
+  std::vector<string> names;
+  for (int t; (t = GetToken()) != kTokEndOfText;)
+    if (t == kId) names.push_back(yylval->toString());
+  ASSERT_EQ(names.size(), 3u);
+  EXPECT_EQ(names[0].GetStringStorage(), names[2].GetStringStorage());
+  EXPECT_NE(names[0].GetStringStorage(), names[1].GetStringStorage());
+  EXPECT_STREQ(names[1].CString(), "Total");
+  EXPECT_EQ(Tokens("If iF"), (Toks{kTokIf, kTokIf}));
+  ForgetLexerWords();
+  Start("total");
+  ASSERT_EQ(GetToken(), kId);
+  EXPECT_NE(yylval->toString().GetStringStorage(), names[0].GetStringStorage());
+}
+
+// Skimmed tokens carry no value: the declaration scan reads method bodies
+// so, and interns none of their literals.
+TEST_F(LexerFixture, SkimmedTokensHaveNoValues) {
+  Start("name 12 1.5 \"text\" &cFF0000 True");
+  {
+    SkimmedTokens skimmed;
+    for (int expected : {kId, kInt, (int)kTokFloat, (int)kTokString, (int)kTokColor, (int)kTokTrue}) {
+      EXPECT_EQ(GetToken(), expected);
+      EXPECT_EQ(yylval, kNullSemBase);
+    }
+  }
+  Start("name 12");
+  EXPECT_EQ(GetToken(), kId);
+  EXPECT_NE(yylval, kNullSemBase) << "values again once the skim ends";
+}
+
+}  // namespace
