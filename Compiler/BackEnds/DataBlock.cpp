@@ -19,7 +19,7 @@ unsigned char set_machine_byte_order() {
 // holds, so that a block of n bytes was copied a bounded number of times
 // in all: the code of one long main body runs to megabytes. A finished
 // function's block is cut to its length.
-enum { kMinGrowBy = 64 };
+unsigned int const kMinGrowBy = 64;
 
 }  // namespace
 
