@@ -2,6 +2,13 @@
 
 #include "Universal/Assertion.h"
 #include "Universal/CompileWorkCounters.h"
+#include "Universal/RecycledBlocks.h"
+
+// Most lists hold a temporary or two and live for one statement: their
+// buffers are recycled blocks.
+void TemporaryList::FreeBuffer() {
+  if (mBuf) GiveBackRecycledBlock(mBuf, mCapacity * sizeof(VariableSymbol*));
+}
 
 TemporaryList::TemporaryList(TemporaryList const& other)
     : mBuf(nullptr), mFirst(0), mEnd(0), mCapacity(0) {
@@ -33,7 +40,7 @@ void TemporaryList::deleteIdx(unsigned long i) {
 }
 
 void TemporaryList::deleteAll() {
-  delete[] mBuf;
+  FreeBuffer();
   mBuf = nullptr;
   mFirst = mEnd = mCapacity = 0;
 }
@@ -65,10 +72,11 @@ void TemporaryList::Reallocate(unsigned long front, unsigned long back) {
   unsigned long frontRoom = front ? front + count : 0;
   unsigned long backRoom = back + count;
   if (backRoom < 4) backRoom = 4;
-  VariableSymbol** fresh = new VariableSymbol*[frontRoom + count + backRoom];
+  VariableSymbol** fresh = static_cast<VariableSymbol**>(TakeRecycledBlock(
+      (frontRoom + count + backRoom) * sizeof(VariableSymbol*)));
   for (unsigned long i = 0; i < count; i++) fresh[frontRoom + i] = mBuf[mFirst + i];
   CountListSteps(count);
-  delete[] mBuf;
+  FreeBuffer();
   mBuf = fresh;
   mFirst = frontRoom;
   mEnd = frontRoom + count;

@@ -17,7 +17,7 @@ class TemporaryList {
   TemporaryList() : mBuf(nullptr), mFirst(0), mEnd(0), mCapacity(0) {}
   TemporaryList(TemporaryList const& other);
   TemporaryList& operator=(TemporaryList const& other);
-  ~TemporaryList() { delete[] mBuf; }
+  ~TemporaryList() { FreeBuffer(); }
 
   unsigned long size() const { return mEnd - mFirst; }
   VariableSymbol* operator[](unsigned long i) const { return mBuf[mFirst + i]; }
@@ -34,6 +34,7 @@ class TemporaryList {
   // after them; the items are copied once.
   void Reallocate(unsigned long front, unsigned long back);
   void Swap(TemporaryList& other);
+  void FreeBuffer();
 
   VariableSymbol** mBuf;
   unsigned long mFirst;     // index of the first item

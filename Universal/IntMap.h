@@ -12,6 +12,7 @@
 
 #include "Universal/Assertion.h"
 #include "Universal/CompileWorkCounters.h"
+#include "Universal/RecycledBlocks.h"
 
 template <class T>
 struct IntMapEntry {
@@ -36,7 +37,7 @@ class IntMap {
   }
 
   virtual ~IntMap() {
-    if (mBins != mInlineBins) delete[] mBins;
+    DeleteBins();
     for (IntMapEntry<T>* entry = mHead; entry;) {
       IntMapEntry<T>* next = entry->mNextInOrder;
       entry->~IntMapEntry<T>();
@@ -44,7 +45,7 @@ class IntMap {
     }
     while (mChunks) {
       Chunk* next = mChunks->next;
-      ::operator delete(mChunks);
+      GiveBackRecycledBlock(mChunks, ChunkBytes(mChunks->count));
       mChunks = next;
     }
   }
@@ -102,10 +103,14 @@ class IntMap {
   IntMap& operator=(IntMap const&) = delete;
 
   static IntMapEntry<T>** NewBinArray(unsigned long count) {
-    IntMapEntry<T>** bins = new IntMapEntry<T>*[count];
-    QASSERT(bins);
-    memset(bins, 0, count * sizeof(IntMapEntry<T>*));
-    return bins;
+    void* bins = TakeRecycledBlock(count * sizeof(IntMapEntry<T>*));
+    return static_cast<IntMapEntry<T>**>(
+        memset(bins, 0, count * sizeof(IntMapEntry<T>*)));
+  }
+
+  void DeleteBins() {
+    if (mBins != mInlineBins)
+      GiveBackRecycledBlock(mBins, mBinCount * sizeof(IntMapEntry<T>*));
   }
 
   // The bin count is a power of two: the mask keeps the product's low bits,
@@ -116,11 +121,16 @@ class IntMap {
 
   // Entries live in chunks, each twice the size of the one before up to a
   // limit, so that a map of n keys makes about log n allocations; a removed
-  // entry's place is reused.
+  // entry's place is reused. Chunks and bins are recycled blocks: the code
+  // generator makes several small maps for every function.
   enum { kFirstChunkSize = 8, kLargestChunkSize = 1024 };
   struct alignas(IntMapEntry<T>) Chunk {
     Chunk* next;
+    unsigned long count;
   };
+  static size_t ChunkBytes(unsigned long count) {
+    return sizeof(Chunk) + count * sizeof(IntMapEntry<T>);
+  }
   struct FreePlace {
     FreePlace* next;
   };
@@ -144,9 +154,9 @@ class IntMap {
                   "a free entry holds a link");
     unsigned long count = mNextChunkSize;
     if (mNextChunkSize < kLargestChunkSize) mNextChunkSize *= 2;
-    Chunk* chunk = static_cast<Chunk*>(
-        ::operator new(sizeof(Chunk) + count * sizeof(IntMapEntry<T>)));
+    Chunk* chunk = static_cast<Chunk*>(TakeRecycledBlock(ChunkBytes(count)));
     chunk->next = mChunks;
+    chunk->count = count;
     mChunks = chunk;
     IntMapEntry<T>* places = reinterpret_cast<IntMapEntry<T>*>(chunk + 1);
     for (unsigned long i = count; i-- > 0;) {
@@ -157,7 +167,7 @@ class IntMap {
   }
 
   void Rehash(unsigned long binCount) {
-    if (mBins != mInlineBins) delete[] mBins;
+    DeleteBins();
     mBins = NewBinArray(binCount);
     mBinCount = binCount;
     for (IntMapEntry<T>* e = mHead; e; e = e->mNextInOrder) {

@@ -57,7 +57,8 @@ class VariableSymbol : public Symbol {
 };
 
 // One scope's symbols; owns them.
-class LocalSymbolTable {
+// Every block makes one: tables are recycled blocks.
+class LocalSymbolTable : public RecycledObject {
  public:
   LocalSymbolTable(string const& name, StorageClass mode);
 

@@ -1,5 +1,7 @@
 #include "Compiler/SymbolTable/SymbolTable.h"
 
+#include <string.h>
+
 #include "Compiler/CompilationState.h"
 #include "Universal/CompileWorkCounters.h"
 
@@ -67,8 +69,23 @@ bool LookupSet::Next() {
 
 // ------------------------------------------------------------- SymbolTable
 
+namespace {
+
+// Index arrays come and go with every block's table: small ones are
+// recycled blocks.
+Symbol** NewIndex(unsigned long size) {
+  void* block = TakeRecycledBlock(size * sizeof(Symbol*));
+  return static_cast<Symbol**>(memset(block, 0, size * sizeof(Symbol*)));
+}
+
+void DeleteIndex(Symbol** index, unsigned long size) {
+  GiveBackRecycledBlock(index, size * sizeof(Symbol*));
+}
+
+}  // namespace
+
 SymbolTable::SymbolTable()
-    : mIndex(new Symbol*[kInitialIndexSize]()),
+    : mIndex(NewIndex(kInitialIndexSize)),
       mIndexSize(kInitialIndexSize), mSymbolCount(0), mFirst(nullptr),
       mLast(nullptr), mIteratorLocks(0), mDeclarationsByLine(nullptr) {}
 
@@ -86,7 +103,7 @@ SymbolTable::~SymbolTable() {
     item = next;
   }
   QASSERT_TEXT(deleteCtr == mSymbolCount, "deleteCtr == mSymbolCount");
-  delete[] mIndex;
+  DeleteIndex(mIndex, mIndexSize);
   delete mDeclarationsByLine;
 }
 
@@ -147,7 +164,7 @@ void SymbolTable::IndexByLine(Symbol* item) const {
 
 void SymbolTable::EnlargeIndex() {
   unsigned long newSize = 2 * mIndexSize;
-  Symbol** fresh = new Symbol*[newSize]();
+  Symbol** fresh = NewIndex(newSize);
   for (unsigned long i = 0; i < mIndexSize; i++) {
     Symbol* head = mIndex[i];
     if (!head) continue;
@@ -155,7 +172,7 @@ void SymbolTable::EnlargeIndex() {
     while (fresh[slot]) slot = (slot + 1) & (newSize - 1);
     fresh[slot] = head;
   }
-  delete[] mIndex;
+  DeleteIndex(mIndex, mIndexSize);
   mIndex = fresh;
   mIndexSize = newSize;
 }
