@@ -42,8 +42,6 @@ struct ReleaseAtThreadEnd {
 };
 thread_local ReleaseAtThreadEnd tRelease;
 
-size_t ClassOf(size_t size) { return (size + kGrain - 1) / kGrain - 1; }
-
 }  // namespace
 
 #ifdef QUORL_SANITIZE
@@ -54,6 +52,12 @@ void ReleaseRecycledBlocks() {}
 unsigned long WaitingRecycledBlocks() { return 0; }
 
 #else
+
+namespace {
+
+size_t ClassOf(size_t size) { return (size + kGrain - 1) / kGrain - 1; }
+
+}  // namespace
 
 void* TakeRecycledBlock(size_t size) {
   if (size == 0 || size > kLargestRecycled) return ::operator new(size);
