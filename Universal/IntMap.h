@@ -103,9 +103,8 @@ class IntMap {
   IntMap& operator=(IntMap const&) = delete;
 
   static IntMapEntry<T>** NewBinArray(unsigned long count) {
-    void* bins = TakeRecycledBlock(count * sizeof(IntMapEntry<T>*));
     return static_cast<IntMapEntry<T>**>(
-        memset(bins, 0, count * sizeof(IntMapEntry<T>*)));
+        TakeZeroedRecycledBlock(count * sizeof(IntMapEntry<T>*)));
   }
 
   void DeleteBins() {

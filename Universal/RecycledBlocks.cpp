@@ -1,6 +1,8 @@
 // The lists of recycled blocks; see the header.
 #include "Universal/RecycledBlocks.h"
 
+#include <string.h>
+
 #include <new>
 
 #include "Universal/WorkCounterStorage.h"
@@ -43,6 +45,10 @@ struct ReleaseAtThreadEnd {
 thread_local ReleaseAtThreadEnd tRelease;
 
 }  // namespace
+
+void* TakeZeroedRecycledBlock(size_t size) {
+  return memset(TakeRecycledBlock(size), 0, size);
+}
 
 #ifdef QUORL_SANITIZE
 

@@ -16,6 +16,8 @@
 #include <stddef.h>
 
 void* TakeRecycledBlock(size_t size);
+// The same, with every byte zero: an empty index of pointers.
+void* TakeZeroedRecycledBlock(size_t size);
 void GiveBackRecycledBlock(void* block, size_t size);
 void ReleaseRecycledBlocks();
 // Blocks waiting in this thread's lists, for tests.

@@ -69,18 +69,16 @@ string UserFunction(ClassSymbol* cls, char const* name, string generated) {
   MethodList own = cls->MethodDeclarationListOwner::LookupMethods(
       name, kPlainMethods);
   if (!own || own->size() == 0) return generated;
-  for (unsigned long i = 0; i < own->size(); i++) {
-    MethodSymbol* method = (*own)[i];
-    bool oneSubWithoutParameters =
-        own->size() == 1 && method->IsInstanceMethod() &&
-        method->CountParameters() == 1 &&
-        method->GetReturnType().GetMainType() == kNoType;
-    if (!oneSubWithoutParameters) {
-      Error(kErrorHiddenMethodShape, SourceLocation(method->SourceLine()));
-      return generated;
-    }
+  MethodSymbol* method = (*own)[0];
+  bool oneSubWithoutParameters =
+      own->size() == 1 && method->IsInstanceMethod() &&
+      method->CountParameters() == 1 &&
+      method->GetReturnType().GetMainType() == kNoType;
+  if (!oneSubWithoutParameters) {
+    Error(kErrorHiddenMethodShape, SourceLocation(method->SourceLine()));
+    return generated;
   }
-  return (*own)[0]->GetLinkID();
+  return method->GetLinkID();
 }
 
 // __Init: the field initialisers of the body, run on a new object with its

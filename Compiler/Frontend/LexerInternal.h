@@ -83,7 +83,7 @@ struct LexerWord {
   string const* text;
   int token;
 };
-// The word of these bytes, valid until the next call.
-LexerWord const& FindLexerWord(char const* bytes, unsigned int length);
+// The word of these bytes; its text stays valid until the next call.
+LexerWord FindLexerWord(char const* bytes, unsigned int length);
 
 #endif

@@ -25,9 +25,9 @@ struct Word {
 
 class WordTable {
  public:
-  LexerWord const& Find(char const* bytes, unsigned int length) {
+  LexerWord Find(char const* bytes, unsigned int length) {
     uint32_t hash = HashOf(bytes, length);
-    if (mSlots.empty()) mSlots.assign(kFirstSlotCount, kEmpty);
+    if (mSlots.empty()) Grow();
     unsigned int mask = (unsigned int)mSlots.size() - 1;
     for (unsigned int slot = hash & mask;; slot = (slot + 1) & mask) {
       unsigned int index = mSlots[slot];
@@ -67,11 +67,7 @@ class WordTable {
     return hash;
   }
 
-  LexerWord const& Answer(Word const& word) {
-    mAnswer.text = &word.text;
-    mAnswer.token = word.token;
-    return mAnswer;
-  }
+  static LexerWord Answer(Word const& word) { return {&word.text, word.token}; }
 
   void Place(unsigned int index) {
     unsigned int mask = (unsigned int)mSlots.size() - 1;
@@ -88,14 +84,13 @@ class WordTable {
 
   std::vector<Word> mWords;
   std::vector<unsigned int> mSlots;
-  LexerWord mAnswer;
 };
 
 WordTable sWords;
 
 }  // namespace
 
-LexerWord const& FindLexerWord(char const* bytes, unsigned int length) {
+LexerWord FindLexerWord(char const* bytes, unsigned int length) {
   return sWords.Find(bytes, length);
 }
 

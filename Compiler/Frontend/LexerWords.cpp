@@ -31,7 +31,7 @@ StringMap<int>& TokenMap() {
 
 // The word from `start` to the current position; tokenbuf receives as much
 // of it as fits.
-LexerWord const& CollectWord(unsigned int start) {
+LexerWord CollectWord(unsigned int start) {
   TokenText text;
   text.AddBytes(sState.text + start, sState.pos - start);
   return FindLexerWord(sState.text + start, sState.pos - start);
@@ -61,7 +61,7 @@ int IdentifierToken(int first) {
   }
   putback(c);
   EndTokenLocation();
-  LexerWord const& found = CollectWord(start);
+  LexerWord found = CollectWord(start);
   string const& word = *found.text;
   int token = found.token;
   if (token == kTokRem) return CommentToken();

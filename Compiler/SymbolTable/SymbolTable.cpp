@@ -1,7 +1,5 @@
 #include "Compiler/SymbolTable/SymbolTable.h"
 
-#include <string.h>
-
 #include "Compiler/CompilationState.h"
 #include "Universal/CompileWorkCounters.h"
 
@@ -74,8 +72,7 @@ namespace {
 // Index arrays come and go with every block's table: small ones are
 // recycled blocks.
 Symbol** NewIndex(unsigned long size) {
-  void* block = TakeRecycledBlock(size * sizeof(Symbol*));
-  return static_cast<Symbol**>(memset(block, 0, size * sizeof(Symbol*)));
+  return static_cast<Symbol**>(TakeZeroedRecycledBlock(size * sizeof(Symbol*)));
 }
 
 void DeleteIndex(Symbol** index, unsigned long size) {
