@@ -140,14 +140,6 @@ unsigned long IRDataType::StorageAlign(unsigned long offset) const {
   return (offset + size - 1) / size * size;
 }
 
-bool IRDataType::IsFloat() const {
-  return mMainType == kReal32Type || mMainType == kReal64Type;
-}
-
-bool IRDataType::IsInteger() const {
-  return InRange(mMainType, kSInt8Type, kUInt64Type);
-}
-
 bool IRDataType::IsNumeric() const {
   return InRange(mMainType, kSInt8Type, kWideNumericType);
 }

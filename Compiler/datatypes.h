@@ -93,8 +93,12 @@ class IRDataType {
   // zero-sized type gives 0 whatever the offset.
   unsigned long StorageAlign(unsigned long offset) const;
 
-  bool IsFloat() const;
-  bool IsInteger() const;
+  bool IsFloat() const {
+    return mMainType == kReal32Type || mMainType == kReal64Type;
+  }
+  bool IsInteger() const {
+    return mMainType >= kSInt8Type && mMainType <= kUInt64Type;
+  }
   bool IsNumeric() const;
   bool Signed() const;
   bool IsArray() const;

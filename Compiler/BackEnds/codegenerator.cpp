@@ -243,19 +243,9 @@ bool CodeGenerator::ExprIsFloat(TacLine const& line) {
   return true;
 }
 
-bool CodeGenerator::AddrIsInt64(TacAddr const* addr) {
-  IRDataType const& type = addr->mType;
-  return type.GetMainType() == kCurrencyType ||
-         (type.IsInteger() && type.StorageSize() == 8);
-}
-
 bool CodeGenerator::ExprIsInt64(TacLine const& line) {
   return AddrIsInt64(line.opA) || AddrIsInt64(line.opB) ||
          AddrIsInt64(line.result);
-}
-
-bool CodeGenerator::AddrIsStruct(TacAddr const* addr) {
-  return addr->mType.GetMainType() == kStructureType;
 }
 
 bool CodeGenerator::ExprIsStruct(TacLine const& line) {

@@ -228,9 +228,15 @@ class CodeGenerator {
   void Error(CompileErrorCode code, SimpleVector<string> const& arguments);
 
   static bool ExprIsFloat(TacLine const& line);
-  static bool AddrIsInt64(TacAddr const* addr);
+  // The 64-bit integers and Currency (the only integers of 8 bytes).
+  static bool AddrIsInt64(TacAddr const* addr) {
+    SimpleDataType type = addr->mType.GetMainType();
+    return type == kSInt64Type || type == kUInt64Type || type == kCurrencyType;
+  }
   static bool ExprIsInt64(TacLine const& line);
-  static bool AddrIsStruct(TacAddr const* addr);
+  static bool AddrIsStruct(TacAddr const* addr) {
+    return addr->mType.GetMainType() == kStructureType;
+  }
   static bool ExprIsStruct(TacLine const& line);
   static ArithmeticCategory CategorizeType(IRDataType const& type);
   // Mixed signedness of one width resolves to signed; anything else must

@@ -26,8 +26,11 @@ void InitLexer(char const* text) {
   sState.text = text;
   sState.atLineStart = 1;
   sState.canAssign = 1;
-  for (char const* p = text; *p; p++)
-    if (*p == '\n') sState.totalLines++;
+  char const* end = text + strlen(text);
+  for (char const* p = text; (p = static_cast<char const*>(
+                                  memchr(p, '\n', size_t(end - p)))) != nullptr;
+       p++)
+    sState.totalLines++;
   tokenbuf[0] = 0;
   kNullSemBase = SemBase::New();
   yylval = kNullSemBase;

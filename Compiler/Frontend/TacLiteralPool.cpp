@@ -1,9 +1,31 @@
 #include "Compiler/Frontend/TacLiteralPool.h"
 
+#include <new>
+
 #include "Universal/Assertion.h"
 
 TacLiteralPool::~TacLiteralPool() {
   for (unsigned long i = 0; i < mOwned.size(); i++) delete mOwned[i];
+  for (unsigned long b = 0; b < mConstantBlocks.size(); b++) {
+    ConstAddr* block = mConstantBlocks[b];
+    bool last = b + 1 == mConstantBlocks.size();
+    unsigned long count = last ? mConstantsInLastBlock : kConstantsPerBlock;
+    for (unsigned long i = 0; i < count; i++) block[i].~ConstAddr();
+    ::operator delete(block);
+  }
+}
+
+template <class... Arguments>
+ConstAddr* TacLiteralPool::NewConstant(Arguments const&... arguments) {
+  if (mConstantsInLastBlock == kConstantsPerBlock) {
+    void* block = ::operator new(kConstantsPerBlock * sizeof(ConstAddr));
+    mConstantBlocks.push_back(static_cast<ConstAddr*>(block));
+    mConstantsInLastBlock = 0;
+  }
+  ConstAddr* place = mConstantBlocks.peek_back() + mConstantsInLastBlock;
+  new (place) ConstAddr(arguments...);
+  mConstantsInLastBlock++;
+  return place;
 }
 
 TacAddr* TacLiteralPool::Own(TacAddr* addr) {
@@ -14,7 +36,7 @@ TacAddr* TacLiteralPool::Own(TacAddr* addr) {
 TacAddr const* TacLiteralPool::GetLiteral(string const& text) {
   TacAddr* addr;
   if (mStringLiterals.GetEntry(text, addr)) return addr;
-  addr = Own(new ConstAddr(text));
+  addr = NewConstant(text);
   mStringLiterals.AddEntry(text, addr);
   return addr;
 }
@@ -33,14 +55,14 @@ TacAddr const* TacLiteralPool::GetLiteral(long long value,
       break;
     case kSInt64Type:
     case kUInt64Type:
-      return Own(new ConstAddr(IRValue::SInt64(value), IRDataType(type)));
+      return NewConstant(IRValue::SInt64(value), IRDataType(type));
     default:
       QFAIL("unknown integer type");
   }
   int key = (int)value;
   TacAddr* addr;
   if (map->GetEntry(key, addr)) return addr;
-  addr = Own(new ConstAddr(IRValue::SInt32(key), IRDataType(type)));
+  addr = NewConstant(IRValue::SInt32(key), IRDataType(type));
   map->AddEntry(key, addr);
   return addr;
 }
@@ -59,5 +81,5 @@ TacAddr const* TacLiteralPool::GetLiteral(IRValue const& value,
         break;
     }
   }
-  return Own(new ConstAddr(value, type));
+  return NewConstant(value, type);
 }

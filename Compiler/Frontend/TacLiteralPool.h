@@ -1,6 +1,10 @@
 // Interned constants of a compilation. Identical string literals and 32-bit
 // integers share one operand; the pool owns every operand it hands out and
 // frees them all with itself.
+//
+// A compilation makes a constant for every label and literal, a few hundred
+// thousand in a big program, so the constants are made side by side in
+// blocks and destroyed block by block, not one heap block each.
 #ifndef COMPILER_FRONTEND_TACLITERALPOOL_H
 #define COMPILER_FRONTEND_TACLITERALPOOL_H
 
@@ -29,12 +33,19 @@ class TacLiteralPool {
  protected:
   // Takes ownership of `addr` and returns it.
   TacAddr* Own(TacAddr* addr);
+  // A new constant in the pool's blocks.
+  template <class... Arguments>
+  ConstAddr* NewConstant(Arguments const&... arguments);
 
  private:
   TacLiteralPool(TacLiteralPool const&) = delete;
   TacLiteralPool& operator=(TacLiteralPool const&) = delete;
 
+  static unsigned long const kConstantsPerBlock = 512;
+
   SimpleVector<TacAddr*> mOwned;
+  SimpleVector<ConstAddr*> mConstantBlocks;
+  unsigned long mConstantsInLastBlock = kConstantsPerBlock;
   IntMap<TacAddr*> mSInt32Literals;
   IntMap<TacAddr*> mUInt32Literals;
   StringMapCase<TacAddr*> mStringLiterals;

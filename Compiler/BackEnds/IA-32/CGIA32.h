@@ -26,6 +26,7 @@
 #define COMPILER_BACKENDS_IA32_CGIA32_H
 
 #include "Compiler/BackEnds/IA-32/IA32OpWriter.h"
+#include "Compiler/BackEnds/OperandIndex.h"
 #include "Compiler/BackEnds/codegenerator.h"
 #include "Universal/IntMap.h"
 
@@ -186,14 +187,21 @@ class CGIA32 : public CodeGenerator, public IA32OpWriter {
     kReloadGlobalHomes, kReloadAfterCall, kReloadSSEHomes, kReloadAllHomes
   };
   void ReloadHomeRegisters(HomesToReload which);
-  struct HomeCandidate {
+  // An operand's memory home, worked out once per function.
+  struct OperandHome {
     TacAddr const* addr;
+    StorageClass storage;
+    unsigned long start;  // stack homes only
+    unsigned long size;
+  };
+  struct HomeCandidate {
+    unsigned long operand;  // its entry among the function's operands
     long weight;     // uses, weighted by loop depth
     bool addressed;  // its address is taken, or it was already offered
     int bank;        // 0 general, 1 SSE
   };
   void PickHomes(SimpleVector<HomeCandidate>& candidates,
-                 SimpleVector<TacAddr const*> const& others, int bank,
+                 SimpleVector<OperandHome> const& operands, int bank,
                  int const* registers, int count);
   // A float place the x87 stack wrote: its home register reads it back.
   void RefreshHome(TacAddr const* dest);
@@ -396,6 +404,8 @@ class CGIA32 : public CodeGenerator, public IA32OpWriter {
   TacAddr const* mXMMHomes[kXMMRegisterCount];
   int mXMMHomeMask;
   bool mHasLandingPad;
+  // The operands ChooseRegisterHomes has met in the current function.
+  OperandIndex mMetOperands;
   SimpleVector<unsigned long long> mConstantPool;
   SimpleVector<ConstantReference> mConstantReferences;
   TacAddr const* mFlagsHold;

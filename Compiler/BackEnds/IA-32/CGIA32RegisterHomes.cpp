@@ -33,23 +33,27 @@ long const kLoopWeight = 8;
 int const kDeepestWeightedLoop = 5;
 
 // 0 for a general register, 1 for an SSE register, -1 for neither.
-int RegisterBankFor(TacAddr const* addr) {
-  if (addr == nilTacAddr || addr->IsConstant()) return -1;
-  StorageClass home = addr->GetStorageClass();
-  if (home != kStackDataStorage && home != kGlobalDataStorage) return -1;
-  SimpleDataType type = addr->mType.GetMainType();
+int RegisterBankFor(CGIA32::OperandHome const& home) {
+  if (home.storage != kStackDataStorage && home.storage != kGlobalDataStorage)
+    return -1;
+  SimpleDataType type = home.addr->mType.GetMainType();
   if (type == kSInt32Type || type == kUInt32Type) return 0;
   if (type == kReal64Type) return 1;
   return -1;
 }
 
-bool SameOrOverlappingHome(TacAddr const* a, TacAddr const* b) {
-  if (a->GetStorageClass() != b->GetStorageClass()) return false;
-  if (a->GetStorageClass() == kGlobalDataStorage) return a->LinkID() == b->LinkID();
-  if (a->GetStorageClass() != kStackDataStorage) return false;
-  unsigned long aStart = a->StorageOffset(), bStart = b->StorageOffset();
-  return aStart < bStart + b->mType.StorageSize() &&
-         bStart < aStart + a->mType.StorageSize();
+CGIA32::OperandHome HomeOf(TacAddr const* addr) {
+  StorageClass storage = addr->GetStorageClass();
+  unsigned long start = storage == kStackDataStorage ? addr->StorageOffset() : 0;
+  return {addr, storage, start, addr->mType.StorageSize()};
+}
+
+bool SameOrOverlappingHome(CGIA32::OperandHome const& a,
+                           CGIA32::OperandHome const& b) {
+  if (a.storage != b.storage) return false;
+  if (a.storage == kGlobalDataStorage) return a.addr->LinkID() == b.addr->LinkID();
+  if (a.storage != kStackDataStorage) return false;
+  return a.start < b.start + b.size && b.start < a.start + a.size;
 }
 
 // Lines that need more than the three registers left over, or that reach
@@ -66,10 +70,6 @@ bool RulesOutRegisterHomes(TacLine const& line) {
 
 bool TakesAddress(TacLine const& line) {
   return line.opcode == kTacVarptr || line.opcode == kTacEndianSwap;
-}
-
-unsigned int Key(TacAddr const* addr) {
-  return static_cast<unsigned int>(reinterpret_cast<unsigned long>(addr) >> 2);
 }
 
 }  // namespace
@@ -102,9 +102,9 @@ void CGIA32::ChooseRegisterHomes(TacLine const* enter) {
     }
   }
   SimpleVector<HomeCandidate> candidates;
-  SimpleVector<TacAddr const*> others;
+  SimpleVector<OperandHome> homes;
   // Each operand met: its candidate's index, or -1 when it is no candidate.
-  IntMap<long> met;
+  mMetOperands.Clear();
   long depth = 0;
   for (unsigned long i = 0; i < lines.size(); i++) {
     depth += depthChange[i];
@@ -115,31 +115,31 @@ void CGIA32::ChooseRegisterHomes(TacLine const* enter) {
     for (TacAddr const* addr : operands) {
       if (addr == nilTacAddr || addr->IsConstant()) continue;
       long index;
-      if (!met.GetEntry(Key(addr), index)) {
-        others.push_back(addr);
+      if (!mMetOperands.Find(addr, &index)) {
+        homes.push_back(HomeOf(addr));
         index = -1;
-        int bank = RegisterBankFor(addr);
+        int bank = RegisterBankFor(homes.peek_back());
         if (bank >= 0) {
           index = (long)candidates.size();
-          HomeCandidate fresh = {addr, 0, false, bank};
+          HomeCandidate fresh = {homes.size() - 1, 0, false, bank};
           candidates.push_back(fresh);
         }
-        met.AddEntry(Key(addr), index);
+        mMetOperands.Add(addr, index);
       }
       if (index < 0) continue;
       candidates[index].weight += weight;
       if (TakesAddress(line)) candidates[index].addressed = true;
     }
   }
-  PickHomes(candidates, others, 0, kHomeRegisters, kHomeRegisterCount);
+  PickHomes(candidates, homes, 0, kHomeRegisters, kHomeRegisterCount);
   if (mOptions.mUseSSE2FloatingPointMath)
-    PickHomes(candidates, others, 1, kXMMHomeRegisters, kXMMHomeRegisterCount);
+    PickHomes(candidates, homes, 1, kXMMHomeRegisters, kXMMHomeRegisterCount);
 }
 
 // The heaviest candidates of the bank that share their home with no other
 // operand, one per register.
 void CGIA32::PickHomes(SimpleVector<HomeCandidate>& candidates,
-                       SimpleVector<TacAddr const*> const& others, int bank,
+                       SimpleVector<OperandHome> const& operands, int bank,
                        int const* registers, int count) {
   for (int home = 0; home < count; home++) {
     long best = -1;
@@ -151,19 +151,20 @@ void CGIA32::PickHomes(SimpleVector<HomeCandidate>& candidates,
     if (best < 0) break;
     HomeCandidate& chosen = candidates[best];
     chosen.addressed = true;  // taken: not offered again
+    OperandHome const& own = operands[chosen.operand];
     bool shared = false;
-    for (unsigned long i = 0; i < others.size() && !shared; i++)
-      shared = others[i] != chosen.addr && SameOrOverlappingHome(others[i], chosen.addr);
+    for (unsigned long i = 0; i < operands.size() && !shared; i++)
+      shared = i != chosen.operand && SameOrOverlappingHome(operands[i], own);
     if (shared) {
       home--;
       continue;
     }
     int reg = registers[home];
     RegisterState* states = bank ? mXMMRegisters : mRegisters;
-    (bank ? mXMMHomes : mHomes)[reg] = chosen.addr;
+    (bank ? mXMMHomes : mHomes)[reg] = own.addr;
     (bank ? mXMMHomeMask : mHomeMask) |= RegisterBit(reg);
     states[reg].mUsed = true;
-    states[reg].Record(chosen.addr);
+    states[reg].Record(own.addr);
   }
 }
 

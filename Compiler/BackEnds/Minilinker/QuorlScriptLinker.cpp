@@ -53,13 +53,14 @@ void QuorlScriptLinker::RecordGlobalOffsets() {
 
 // Branches are finished here; every other import stays for the data pass.
 void QuorlScriptLinker::ResolveJumps() {
-  SimpleVector<Import> remaining;
   SimpleVector<Import>& imports = mOneCode->mImports;
+  unsigned long kept = 0;
   for (unsigned long i = 0; i < imports.size(); i++) {
     Import& import = imports[i];
     unsigned long entry;
     if (!import.IsRelativeBranch()) {
-      remaining.push_back(import);
+      if (kept != i) imports[kept] = import;
+      kept++;
     } else if (import.mSourceLibrary.IsEmpty() &&
                mEntrypoints.GetEntry(import.mName, entry)) {
       ResolveLocalJump(import.mOffset, entry);
@@ -68,7 +69,7 @@ void QuorlScriptLinker::ResolveJumps() {
       if (address) ResolveExternalJump(import, address);
     }
   }
-  imports = remaining;
+  imports.truncate(kept);
 }
 
 unsigned long QuorlScriptLinker::FunctionAddress(Import const& import) {

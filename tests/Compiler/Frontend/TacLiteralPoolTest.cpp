@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "Compiler/Frontend/TacLiteralPool.h"
 #include "Compiler/SymbolTable/GlobalSymbolTable.h"
 #include "../CompilerTestSupport.h"
@@ -40,4 +42,20 @@ TEST(TacLiteralPool, GeneralFormRoutesPlainTypesAndKeepsTheRest) {
   EXPECT_EQ(enumType, low->mType);
   TacAddr const* half = pool.GetLiteral(IRValue::Real64(0.5), IRDataType(kReal64Type));
   EXPECT_NE(half, pool.GetLiteral(IRValue::Real64(0.5), IRDataType(kReal64Type)));
+}
+
+// Constants live in blocks: thousands of them, across many blocks, stay
+// distinct and keep their values, strings included, until the pool goes.
+TEST(TacLiteralPool, ConstantsSpanningManyBlocksKeepTheirValues) {
+  TacLiteralPool pool;
+  SimpleVector<TacAddr const*> numbers, texts;
+  for (int i = 0; i < 3000; i++) {
+    numbers.push_back(pool.GetLiteral(i, kSInt32Type));
+    texts.push_back(pool.GetLiteral(string(("t" + std::to_string(i)).c_str())));
+  }
+  for (int i = 0; i < 3000; i++) {
+    ASSERT_EQ(numbers[i], pool.GetLiteral(i, kSInt32Type));
+    ASSERT_EQ(i, numbers[i]->GetValue()->uSInt32);
+    ASSERT_EQ("t" + std::to_string(i), Std(texts[i]->GetValue()->mString));
+  }
 }

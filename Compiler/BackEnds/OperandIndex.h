@@ -1,0 +1,88 @@
+// OperandIndex: a number per operand, for the scans that visit one
+// function's lines and meet each operand many times.
+//
+// It is an open-addressed table keyed by the operand's address. Emptying it
+// for the next function costs nothing: every slot carries the generation it
+// was written in, and a slot of an older generation counts as free. The
+// slots are kept from function to function, so a generator allocates them
+// only while its largest function grows.
+#ifndef COMPILER_BACKENDS_OPERANDINDEX_H
+#define COMPILER_BACKENDS_OPERANDINDEX_H
+
+#include <stdint.h>
+#include <string.h>
+
+#include "Compiler/InterRep.h"
+
+class OperandIndex {
+ public:
+  OperandIndex() = default;
+  ~OperandIndex() { delete[] mSlots; }
+  OperandIndex(OperandIndex const&) = delete;
+  OperandIndex& operator=(OperandIndex const&) = delete;
+
+  // Forgets every operand.
+  void Clear() {
+    mCount = 0;
+    if (++mGeneration == 0) {  // wrapped: old stamps could look current
+      if (mSlots) memset(mSlots, 0, mCapacity * sizeof(Slot));
+      mGeneration = 1;
+    }
+  }
+
+  bool Find(TacAddr const* addr, long* value) const {
+    if (!mSlots) return false;
+    for (unsigned long i = Hash(addr) & (mCapacity - 1);; i = (i + 1) & (mCapacity - 1)) {
+      Slot const& slot = mSlots[i];
+      if (slot.generation != mGeneration) return false;
+      if (slot.addr == addr) {
+        *value = slot.value;
+        return true;
+      }
+    }
+  }
+
+  // The operand must not be in the index yet.
+  void Add(TacAddr const* addr, long value) {
+    if (2 * (mCount + 1) > mCapacity) Grow();
+    Place(addr, value);
+    mCount++;
+  }
+
+ private:
+  struct Slot {
+    TacAddr const* addr;
+    uint32_t generation;
+    long value;
+  };
+  static unsigned long const kSmallestCapacity = 64;
+
+  // Operands are heap blocks: their low bits carry nothing.
+  static unsigned long Hash(TacAddr const* addr) {
+    uint32_t bits = static_cast<uint32_t>(reinterpret_cast<uintptr_t>(addr) >> 3);
+    return (bits * 2654435761u) >> 8;
+  }
+
+  void Place(TacAddr const* addr, long value) {
+    unsigned long i = Hash(addr) & (mCapacity - 1);
+    while (mSlots[i].generation == mGeneration) i = (i + 1) & (mCapacity - 1);
+    mSlots[i] = {addr, mGeneration, value};
+  }
+
+  void Grow() {
+    Slot* old = mSlots;
+    unsigned long oldCapacity = mCapacity;
+    mCapacity = mCapacity ? 2 * mCapacity : kSmallestCapacity;
+    mSlots = new Slot[mCapacity]();
+    for (unsigned long i = 0; i < oldCapacity; i++)
+      if (old[i].generation == mGeneration) Place(old[i].addr, old[i].value);
+    delete[] old;
+  }
+
+  Slot* mSlots = nullptr;
+  unsigned long mCapacity = 0;
+  unsigned long mCount = 0;
+  uint32_t mGeneration = 1;
+};
+
+#endif
