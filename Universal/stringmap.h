@@ -14,6 +14,8 @@
 
 #include <string.h>
 
+#include <utility>
+
 #include "Universal/Assertion.h"
 #include "Universal/CompileWorkCounters.h"
 #include "Universal/ustring.h"
@@ -26,6 +28,7 @@ struct StringMapEntry {
   StringMapEntry* mNextInBin;
   StringMapEntry* mNextInOrder;
   StringMapEntry* mPreviousInOrder;  // so that a deletion needs no walk
+  unsigned long mHash;  // of mKey, kept so that growing never rehashes
   string mKey;
   T mValue;
 };
@@ -82,13 +85,15 @@ class StringMap {
   void AddEntry(string const& key, T value) {
     string utf8 = key.GetUTF8String();
     if (!mBins) AllocateBins();
-    Entry* entry = Find(utf8);
+    unsigned long hash = hashString(utf8);
+    Entry* entry = Find(utf8, hash);
     if (entry) {
       entry->mValue = value;
       return;
     }
     entry = new Entry;
     QASSERT(entry);
+    entry->mHash = hash;
     entry->mKey = utf8;
     entry->mValue = value;
     LinkIntoBin(entry, mBins, mBinCount);
@@ -117,12 +122,15 @@ class StringMap {
   }
 
   bool HasEntry(string const& key) const {
-    return mBins && Find(LookupKey(key));
+    if (!mBins) return false;
+    string lookup = LookupKey(key);
+    return Find(lookup, hashString(lookup));
   }
 
   bool GetEntry(string const& key, T& value) const {
     if (!mBins) return false;
-    Entry* entry = Find(LookupKey(key));
+    string lookup = LookupKey(key);
+    Entry* entry = Find(lookup, hashString(lookup));
     if (!entry) return false;
     value = entry->mValue;
     return true;
@@ -160,6 +168,18 @@ class StringMap {
   unsigned long Count() const { return mCount; }
   unsigned int BinCount() const { return mBinCount; }
 
+  // Trades contents with a map of the same kind, entries and all, without
+  // copying one. No iterator may be alive on either.
+  void Swap(StringMap& other) {
+    QASSERT(NULL == mIterators && NULL == other.mIterators);
+    QASSERT(mHashesDecide == other.mHashesDecide);
+    std::swap(mBinCount, other.mBinCount);
+    std::swap(mCount, other.mCount);
+    std::swap(mBins, other.mBins);
+    std::swap(mHead, other.mHead);
+    std::swap(mTail, other.mTail);
+  }
+
   // Calls `fn` per entry in insertion order until it returns false.
   void Iterate(bool (*fn)(string, T, long), long refCon);
 
@@ -196,7 +216,7 @@ class StringMap {
   void AllocateBins() { mBins = NewBinArray(mBinCount); }
 
   void LinkIntoBin(Entry* entry, Entry** bins, unsigned int binCount) {
-    unsigned long bin = hashString(entry->mKey) % binCount;
+    unsigned long bin = entry->mHash % binCount;
     entry->mNextInBin = bins[bin];
     bins[bin] = entry;
   }
@@ -207,13 +227,13 @@ class StringMap {
     return key.HasUTF8Bytes() ? key : key.GetUTF8String();
   }
 
-  Entry* Find(string const& utf8Key) const {
-    unsigned long bin = hashString(utf8Key) % mBinCount;
+  Entry* Find(string const& utf8Key, unsigned long hash) const {
     unsigned long compared = 0;
-    Entry* e = mBins[bin];
+    Entry* e = mBins[hash % mBinCount];
     for (; e; e = e->mNextInBin) {
       compared++;
-      if (StringsMatch(e->mKey, utf8Key)) break;
+      if ((!mHashesDecide || e->mHash == hash) && StringsMatch(e->mKey, utf8Key))
+        break;
     }
     CountKeyComparisons(compared);
     return e;
@@ -263,6 +283,12 @@ class StringMap {
   Entry* mHead;
   Entry* mTail;
   StringMapIterator<T>* mIterators;
+
+ protected:
+  // Whether keys that match always have equal hashes, so that a key of
+  // another hash needs no comparing. Exact keys do; keys matched without
+  // case may differ in the case of letters the hash does not fold.
+  bool mHashesDecide = false;
 };
 
 // Case-sensitive keys: the same hash without folding, and keys match only
@@ -271,10 +297,13 @@ template <class T>
 class StringMapCase : public StringMap<T> {
  public:
   explicit StringMapCase(unsigned int binCount = 256)
-      : StringMap<T>(binCount) {}
+      : StringMap<T>(binCount) {
+    this->mHashesDecide = true;
+  }
 
   StringMapCase(StringMapCase const& other)
       : StringMap<T>(other.BinCount()) {
+    this->mHashesDecide = true;
     this->CopyEntriesFrom(other);
   }
 

@@ -97,6 +97,25 @@ TEST(StringMap, Resizes192Then193AndKeepsOrderAcrossDelete) {
   EXPECT_EQ(keys.back(), "key1000");
 }
 
+// Swapping trades whole maps, order and bins included; each keeps
+// working, growing and finding keys afterwards.
+TEST(StringMap, SwapTradesContentsAndBothKeepWorking) {
+  StringMapCase<int> big, small;
+  for (int i = 0; i < 500; i++) big.AddEntry(Key(i), i);
+  small.AddEntry(string("only"), 1);
+  big.Swap(small);
+  EXPECT_EQ(big.Count(), 1u);
+  EXPECT_EQ(KeysInOrder(small).size(), 500u);
+  int value = -1;
+  EXPECT_TRUE(small.GetEntry(Key(499), value));
+  EXPECT_EQ(value, 499);
+  EXPECT_FALSE(big.HasEntry(Key(3)));
+  for (int i = 0; i < 300; i++) big.AddEntry(Key(i), -i);  // grows anew
+  EXPECT_TRUE(big.GetEntry(Key(299), value));
+  EXPECT_EQ(value, -299);
+  EXPECT_TRUE(big.GetEntry(string("only"), value));
+}
+
 TEST(StringMap, CaseRulesHashAndUTF8Keys) {
   StringMap<int> folding;
   for (char const* key : {"a", "Name", "c", "NAME"}) folding.AddEntry(key, 7);

@@ -26,9 +26,9 @@
 #define COMPILER_BACKENDS_IA32_CGIA32_H
 
 #include "Compiler/BackEnds/IA-32/IA32OpWriter.h"
-#include "Compiler/BackEnds/OperandIndex.h"
 #include "Compiler/BackEnds/codegenerator.h"
 #include "Universal/IntMap.h"
+#include "Universal/PointerIndex.h"
 
 class LocalSymbolTable;
 
@@ -405,7 +405,7 @@ class CGIA32 : public CodeGenerator, public IA32OpWriter {
   int mXMMHomeMask;
   bool mHasLandingPad;
   // The operands ChooseRegisterHomes has met in the current function.
-  OperandIndex mMetOperands;
+  PointerIndex mMetOperands;
   SimpleVector<unsigned long long> mConstantPool;
   SimpleVector<ConstantReference> mConstantReferences;
   TacAddr const* mFlagsHold;

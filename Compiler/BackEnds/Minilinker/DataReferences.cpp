@@ -43,10 +43,18 @@ unsigned long QuorlScriptLinker::CodePointerAddress(Import const& import) {
   return FunctionAddress(import);
 }
 
-unsigned long QuorlScriptLinker::GlobalAddress(Import const& import) const {
+// A global is referred to from many sites through one shared name text:
+// its offset is kept by the text's storage once found, for as long as the
+// imports, which hold the storages, are being resolved.
+unsigned long QuorlScriptLinker::GlobalAddress(Import const& import) {
+  void const* name = import.mName.GetStringStorage();
+  long known;
+  if (name && mGlobalOffsetsByName.Find(name, &known))
+    return GlobalDataBase() + static_cast<unsigned long>(known);
   unsigned long offset = 0;
   QASSERT_NAMED(mGlobalMap.GetEntry(import.mName, offset), "0",
                 string("Could not find data: ") + import.mName);
+  if (name) mGlobalOffsetsByName.Add(name, static_cast<long>(offset));
   return GlobalDataBase() + offset;
 }
 
@@ -108,4 +116,6 @@ void QuorlScriptLinker::ResolveDataReferences() {
     ResolveCodeReference(mOneCode->mImports[i], made);
   for (unsigned long i = 0; i < mStaticData->mImports.size(); i++)
     ResolveStaticDataReference(mStaticData->mImports[i], made);
+  // The names' storages may be given back from here on.
+  mGlobalOffsetsByName.Clear();
 }

@@ -52,22 +52,43 @@ void QuorlScriptLinker::RecordGlobalOffsets() {
 }
 
 // Branches are finished here; every other import stays for the data pass.
+// The imports of one name mostly share the name's text, so a target found
+// once is kept by the text's storage and found again without hashing it.
+// The imports are all kept until every branch is done: a storage given back
+// meanwhile could come again as another name's.
 void QuorlScriptLinker::ResolveJumps() {
   SimpleVector<Import>& imports = mOneCode->mImports;
-  unsigned long kept = 0;
+  PointerIndex localTargets;     // name storage -> entry offset
+  PointerIndex externalTargets;  // name storage -> address
   for (unsigned long i = 0; i < imports.size(); i++) {
     Import& import = imports[i];
-    unsigned long entry;
-    if (!import.IsRelativeBranch()) {
-      if (kept != i) imports[kept] = import;
-      kept++;
-    } else if (import.mSourceLibrary.IsEmpty() &&
-               mEntrypoints.GetEntry(import.mName, entry)) {
-      ResolveLocalJump(import.mOffset, entry);
-    } else {
-      unsigned long address = FunctionAddress(import);
-      if (address) ResolveExternalJump(import, address);
+    if (!import.IsRelativeBranch()) continue;
+    void const* name = import.mName.GetStringStorage();
+    bool ownName = name && import.mSourceLibrary.IsEmpty();
+    long known;
+    if (ownName && localTargets.Find(name, &known)) {
+      ResolveLocalJump(import.mOffset, static_cast<unsigned long>(known));
+      continue;
     }
+    if (ownName && externalTargets.Find(name, &known)) {
+      ResolveExternalJump(import, static_cast<unsigned long>(known));
+      continue;
+    }
+    unsigned long entry;
+    if (import.mSourceLibrary.IsEmpty() &&
+        mEntrypoints.GetEntry(import.mName, entry)) {
+      ResolveLocalJump(import.mOffset, entry);
+      if (ownName) localTargets.Add(name, static_cast<long>(entry));
+    } else if (unsigned long address = FunctionAddress(import)) {
+      ResolveExternalJump(import, address);
+      if (ownName) externalTargets.Add(name, static_cast<long>(address));
+    }
+  }
+  unsigned long kept = 0;
+  for (unsigned long i = 0; i < imports.size(); i++) {
+    if (imports[i].IsRelativeBranch()) continue;
+    if (kept != i) imports[kept] = imports[i];
+    kept++;
   }
   imports.truncate(kept);
 }

@@ -7,6 +7,7 @@
 
 #include "Compiler/BackEnds/Minilinker/ExecutableDataBlock.h"
 #include "Compiler/Linker/Linker.h"
+#include "Universal/PointerIndex.h"
 #include "Universal/SimpleVector.h"
 #include "Universal/stringmap.h"
 
@@ -64,6 +65,9 @@ class QuorlScriptLinker : public Linker {
   // Offsets of the merged code to source lines, and of the link names.
   CodeOffsetToLineIndex const& LineTable() const { return mOneCode->mLineTable; }
   StringMapCase<unsigned long> const& Entrypoints() const { return mEntrypoints; }
+  // The entry points for the ready code to take over; the last use of them
+  // here.
+  StringMapCase<unsigned long>* HandOverEntrypoints() { return &mEntrypoints; }
   // Where a global lies in the global data; false when the code has none of
   // that name.
   bool GlobalOffset(string const& name, unsigned long* offset) const {
@@ -89,12 +93,13 @@ class QuorlScriptLinker : public Linker {
   void KeepSiteReference(stringStorage* storage);
   // A function pointer's target, in the code or from the delegate.
   unsigned long CodePointerAddress(Import const& import);
-  unsigned long GlobalAddress(Import const& import) const;
+  unsigned long GlobalAddress(Import const& import);
   void ResolveCodeReference(Import& import, StringMapCase<string>& made);
   void ResolveStaticDataReference(Import const& import,
                                   StringMapCase<string>& made);
 
   StringMapCase<unsigned long> mGlobalMap;  // global -> offset in mGlobalData
+  PointerIndex mGlobalOffsetsByName;  // name storage -> offset, once found
   Ref<DataBlock> mGlobalData;
   Ref<ExecutableDataBlock> mCode;
   unsigned long mStaticDataOffset;

@@ -60,9 +60,9 @@ unsigned long RunReadyCode::LineAt(void const* address) const {
   return static_cast<unsigned long>(line) + 1;
 }
 
-void RunReadyCode::SetEntrypoints(
-    StringMapCase<unsigned long> const& entrypoints) {
-  mEntrypoints = entrypoints;
+void RunReadyCode::TakeEntrypoints(StringMapCase<unsigned long>* entrypoints) {
+  mEntrypoints.DeleteAll();
+  mEntrypoints.Swap(*entrypoints);
   mFunctionStarts.clear();
   StringMapIterator<unsigned long>* iter = mEntrypoints.NewIterator();
   unsigned long offset = 0;
@@ -190,7 +190,7 @@ RunReadyCode* MiniLink(Ref<CodeModule> code, StringMap<void*>* functions,
         linker->GetGlobalData(), linker->GetCode(), literals,
         reinterpret_cast<ScriptEntrypoint>(linker->MainEntrypoint()));
     result->SetLineTable(linker->LineTable());
-    result->SetEntrypoints(linker->Entrypoints());
+    result->TakeEntrypoints(linker->HandOverEntrypoints());
     unsigned long countdown = 0;
     if (linker->GlobalOffset(kYieldCountdownWord, &countdown))
       result->SetYieldCountdown(countdown);

@@ -52,7 +52,9 @@ class RunReadyCode {
   // The lines of the code and the offsets of its functions by link name,
   // given by the linker.
   void SetLineTable(CodeOffsetToLineIndex const& lines) { mLines = lines; }
-  void SetEntrypoints(StringMapCase<unsigned long> const& entrypoints);
+  // Takes the entries of `entrypoints` (link name to offset), which is left
+  // empty.
+  void TakeEntrypoints(StringMapCase<unsigned long>* entrypoints);
   // Whether the address lies in this code; the 1-based source line of the
   // instruction that starts at `address` (0 when unknown).
   bool Contains(void const* address) const;

@@ -1,27 +1,25 @@
-// OperandIndex: a number per operand, for the scans that visit one
-// function's lines and meet each operand many times.
+// PointerIndex: a number per object, keyed by the object's address, for
+// passes that meet the same objects many times: the operands of one
+// function's lines, the shared name strings of a module's imports.
 //
-// It is an open-addressed table keyed by the operand's address. Emptying it
-// for the next function costs nothing: every slot carries the generation it
-// was written in, and a slot of an older generation counts as free. The
-// slots are kept from function to function, so a generator allocates them
-// only while its largest function grows.
-#ifndef COMPILER_BACKENDS_OPERANDINDEX_H
-#define COMPILER_BACKENDS_OPERANDINDEX_H
+// It is an open-addressed table. Emptying it costs nothing: every slot
+// carries the generation it was written in, and a slot of an older
+// generation counts as free. The slots are kept across emptyings, so a
+// code generator allocates them only while its largest function grows.
+#ifndef UNIVERSAL_POINTERINDEX_H
+#define UNIVERSAL_POINTERINDEX_H
 
 #include <stdint.h>
 #include <string.h>
 
-#include "Compiler/InterRep.h"
-
-class OperandIndex {
+class PointerIndex {
  public:
-  OperandIndex() = default;
-  ~OperandIndex() { delete[] mSlots; }
-  OperandIndex(OperandIndex const&) = delete;
-  OperandIndex& operator=(OperandIndex const&) = delete;
+  PointerIndex() = default;
+  ~PointerIndex() { delete[] mSlots; }
+  PointerIndex(PointerIndex const&) = delete;
+  PointerIndex& operator=(PointerIndex const&) = delete;
 
-  // Forgets every operand.
+  // Forgets every object.
   void Clear() {
     mCount = 0;
     if (++mGeneration == 0) {  // wrapped: old stamps could look current
@@ -30,7 +28,7 @@ class OperandIndex {
     }
   }
 
-  bool Find(TacAddr const* addr, long* value) const {
+  bool Find(void const* addr, long* value) const {
     if (!mSlots) return false;
     for (unsigned long i = Hash(addr) & (mCapacity - 1);; i = (i + 1) & (mCapacity - 1)) {
       Slot const& slot = mSlots[i];
@@ -42,8 +40,8 @@ class OperandIndex {
     }
   }
 
-  // The operand must not be in the index yet.
-  void Add(TacAddr const* addr, long value) {
+  // The object must not be in the index yet.
+  void Add(void const* addr, long value) {
     if (2 * (mCount + 1) > mCapacity) Grow();
     Place(addr, value);
     mCount++;
@@ -51,19 +49,19 @@ class OperandIndex {
 
  private:
   struct Slot {
-    TacAddr const* addr;
+    void const* addr;
     uint32_t generation;
     long value;
   };
   static unsigned long const kSmallestCapacity = 64;
 
-  // Operands are heap blocks: their low bits carry nothing.
-  static unsigned long Hash(TacAddr const* addr) {
+  // The objects are heap blocks: their low bits carry nothing.
+  static unsigned long Hash(void const* addr) {
     uint32_t bits = static_cast<uint32_t>(reinterpret_cast<uintptr_t>(addr) >> 3);
     return (bits * 2654435761u) >> 8;
   }
 
-  void Place(TacAddr const* addr, long value) {
+  void Place(void const* addr, long value) {
     unsigned long i = Hash(addr) & (mCapacity - 1);
     while (mSlots[i].generation == mGeneration) i = (i + 1) & (mCapacity - 1);
     mSlots[i] = {addr, mGeneration, value};
@@ -85,4 +83,4 @@ class OperandIndex {
   uint32_t mGeneration = 1;
 };
 
-#endif
+#endif  // UNIVERSAL_POINTERINDEX_H
