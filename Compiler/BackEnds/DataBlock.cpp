@@ -104,7 +104,7 @@ void DataBlock::Append(StaticDataBlock* other) {
   AppendBytes(block->Buffer(), block->Length());
 }
 
-void DataBlock::Append8(unsigned int value) {
+void DataBlock::AppendGrowing8(unsigned int value) {
   GrowBy(1);
   mCodeLen += 1;
   Set8(mCodeLen - 1, value);

@@ -52,7 +52,14 @@ class DataBlock {
   // Reserves exactly n bytes; a smaller n cuts the contents.
   void ResizeBuffer(unsigned int n);
 
-  void Append8(unsigned int value);
+  // A code generator appends a byte at a time: the common case, room left,
+  // stands here.
+  void Append8(unsigned int value) {
+    if (mCodeLen < mCapacity)
+      mBuffer[mCodeLen++] = static_cast<unsigned char>(value);
+    else
+      AppendGrowing8(value);
+  }
   void Append16(unsigned int value);
   void Append32(unsigned int value);
   // Writes past the capacity are dropped without a word: patching a stale
@@ -77,6 +84,7 @@ class DataBlock {
   // Room for n more bytes, growing in doubling steps of 16 to 4,096.
   void GrowBy(unsigned int n);
   void AppendBytes(unsigned char const* bytes, unsigned int length);
+  void AppendGrowing8(unsigned int value);
 
   unsigned char* mBuffer;
   unsigned int mCapacity;
