@@ -98,6 +98,16 @@ class RegisterState {
   enum { kMaxCachedTacAddrs = 64 };
 
   RegisterState() : mUsed(false), mLastUse(0), mRecordedTacAddrs(0) {}
+  // Copies carry the recorded operands only, not the whole array: the
+  // generator saves and restores the states of every register per function.
+  RegisterState(RegisterState const& other) { *this = other; }
+  RegisterState& operator=(RegisterState const& other) {
+    mUsed = other.mUsed;
+    mLastUse = other.mLastUse;
+    mRecordedTacAddrs = other.mRecordedTacAddrs;
+    for (int i = 0; i < mRecordedTacAddrs; i++) mRecorded[i] = other.mRecorded[i];
+    return *this;
+  }
 
   // Adds the operand. Once full, the last entry is overwritten.
   void Record(TacAddr const* addr);
