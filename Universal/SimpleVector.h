@@ -101,12 +101,6 @@ class SimpleVector {
     }
   }
 
-  // Keeps the first n items and the capacity; the rest are reset.
-  void truncate(unsigned long n) {
-    for (unsigned long i = n; i < mQtyItems; i++) mBuf[i] = T();
-    if (n < mQtyItems) mQtyItems = n;
-  }
-
   void deleteAll() {
     delete[] mBuf;
     mBuf = nullptr;

@@ -57,22 +57,6 @@ TEST(SimpleVector, IndexingAtSizeRaisesTheSizeAndEmptyPopAsserts) {
   EXPECT_EXIT(v.pop_back(), testing::ExitedWithCode(1), "");
 }
 
-// Truncating keeps the first items and the buffer, and lets go of the
-// rest: a string past the cut is released at once.
-TEST(SimpleVector, TruncateKeepsTheHeadAndReleasesTheTail) {
-  SimpleVector<string> v;
-  string shared("shared");
-  for (int i = 0; i < 20; i++) v.push_back(i < 5 ? Key(i) : shared);
-  unsigned long capacity = v.capacity();
-  v.truncate(5);
-  EXPECT_EQ(v.size(), 5u);
-  EXPECT_EQ(v.capacity(), capacity);
-  EXPECT_STREQ(v[4].CString(), "key4");
-  EXPECT_EQ(shared.GetStringStorage()->mRefCount, 1);
-  v.truncate(9);  // a longer cut changes nothing
-  EXPECT_EQ(v.size(), 5u);
-}
-
 TEST(SimpleVector, PushingAnOwnItemAcrossGrowth) {
   SimpleVector<string> v;
   for (int i = 0; i < 16; i++) v.push_back(string("item"));

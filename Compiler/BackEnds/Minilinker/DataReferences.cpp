@@ -113,7 +113,8 @@ void QuorlScriptLinker::ResolveStaticDataReference(
 void QuorlScriptLinker::ResolveDataReferences() {
   StringMapCase<string> made;
   for (unsigned long i = 0; i < mOneCode->mImports.size(); i++)
-    ResolveCodeReference(mOneCode->mImports[i], made);
+    if (!mOneCode->mImports[i].IsRelativeBranch())  // done by ResolveJumps
+      ResolveCodeReference(mOneCode->mImports[i], made);
   for (unsigned long i = 0; i < mStaticData->mImports.size(); i++)
     ResolveStaticDataReference(mStaticData->mImports[i], made);
   // The names' storages may be given back from here on.

@@ -51,11 +51,10 @@ void QuorlScriptLinker::RecordGlobalOffsets() {
   delete iter;
 }
 
-// Branches are finished here; every other import stays for the data pass.
-// The imports of one name mostly share the name's text, so a target found
-// once is kept by the text's storage and found again without hashing it.
-// The imports are all kept until every branch is done: a storage given back
-// meanwhile could come again as another name's.
+// Branches are finished here; the data pass passes over them. The imports
+// of one name mostly share the name's text, so a target found once is kept
+// by the text's storage and found again without hashing it; the imports,
+// which hold the storages, all stay for as long as the index does.
 void QuorlScriptLinker::ResolveJumps() {
   SimpleVector<Import>& imports = mOneCode->mImports;
   PointerIndex localTargets;     // name storage -> entry offset
@@ -84,13 +83,6 @@ void QuorlScriptLinker::ResolveJumps() {
       if (ownName) externalTargets.Add(name, static_cast<long>(address));
     }
   }
-  unsigned long kept = 0;
-  for (unsigned long i = 0; i < imports.size(); i++) {
-    if (imports[i].IsRelativeBranch()) continue;
-    if (kept != i) imports[kept] = imports[i];
-    kept++;
-  }
-  imports.truncate(kept);
 }
 
 unsigned long QuorlScriptLinker::FunctionAddress(Import const& import) {
