@@ -30,7 +30,8 @@ class PointerIndex {
 
   bool Find(void const* addr, long* value) const {
     if (!mSlots) return false;
-    for (unsigned long i = Hash(addr) & (mCapacity - 1);; i = (i + 1) & (mCapacity - 1)) {
+    unsigned long mask = mCapacity - 1;
+    for (unsigned long i = Hash(addr) & mask;; i = (i + 1) & mask) {
       Slot const& slot = mSlots[i];
       if (slot.generation != mGeneration) return false;
       if (slot.addr == addr) {
@@ -40,7 +41,8 @@ class PointerIndex {
     }
   }
 
-  // The object must not be in the index yet.
+  // The object must not be in the index yet. At most half the slots are
+  // taken, so every search meets a free one.
   void Add(void const* addr, long value) {
     if (2 * (mCount + 1) > mCapacity) Grow();
     Place(addr, value);

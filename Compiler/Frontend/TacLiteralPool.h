@@ -45,6 +45,7 @@ class TacLiteralPool {
 
   SimpleVector<TacAddr*> mOwned;
   SimpleVector<ConstAddr*> mConstantBlocks;
+  // Full until the first block is made.
   unsigned long mConstantsInLastBlock = kConstantsPerBlock;
   IntMap<TacAddr*> mSInt32Literals;
   IntMap<TacAddr*> mUInt32Literals;
