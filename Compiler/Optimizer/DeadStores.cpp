@@ -60,22 +60,24 @@ bool IsStructure(TacAddr const* addr) {
   return addr->mType.GetMainType() == kStructureType;
 }
 
-// The zeroed home, with what the scan compares against worked out once.
+// The zeroed home, with what the scan compares against worked out once;
+// the absent operand too, which most lines have one or two of.
 struct Home {
   explicit Home(TacAddr const* zeroed)
       : addr(zeroed), storage(zeroed->GetStorageClass()),
         start(storage == kStackDataStorage ? zeroed->StorageOffset() : 0),
-        size(zeroed->mType.StorageSize()) {}
+        size(zeroed->mType.StorageSize()), none(nilTacAddr) {}
   TacAddr const* addr;
   StorageClass storage;
   unsigned long start, size;
+  TacAddr const* none;
 };
 
 // A block's variable and its shadow in the enclosing scope are two
 // operands for one home, so operands are compared by their storage.
 bool SameHome(TacAddr const* a, Home const& home) {
   if (a == home.addr) return true;
-  if (a == nilTacAddr || a->IsConstant()) return false;
+  if (a == home.none || a->IsConstant()) return false;
   StorageClass storage = a->GetStorageClass();
   if (storage != home.storage) return false;
   if (storage == kGlobalDataStorage) return a->LinkID() == home.addr->LinkID();
@@ -91,7 +93,8 @@ Fate FateAfter(TacLine const& line, Home const& zeroed) {
   if (EndsTheView(line.opcode)) return kKeep;
   if (IsStructure(line.opA) || IsStructure(line.opB) || IsStructure(line.result))
     return kKeep;
-  if (SameHome(line.opA, zeroed) || SameHome(line.opB, zeroed)) return kKeep;
+  if (line.opA != zeroed.none && SameHome(line.opA, zeroed)) return kKeep;
+  if (line.opB != zeroed.none && SameHome(line.opB, zeroed)) return kKeep;
   if (!SameHome(line.result, zeroed)) return kUndecided;
   bool whole = line.result->GetStorageClass() == zeroed.storage &&
                (zeroed.storage == kGlobalDataStorage ||
