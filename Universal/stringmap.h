@@ -29,6 +29,7 @@ struct StringMapEntry {
   StringMapEntry* mNextInOrder;
   StringMapEntry* mPreviousInOrder;  // so that a deletion needs no walk
   unsigned long mHash;  // of mKey, kept so that growing never rehashes
+  bool mPlainKey;       // mKey is plain ASCII: see PlainASCII
   string mKey;
   T mValue;
 };
@@ -86,7 +87,8 @@ class StringMap {
     string utf8 = key.GetUTF8String();
     if (!mBins) AllocateBins();
     unsigned long hash = hashString(utf8);
-    Entry* entry = Find(utf8, hash);
+    bool plain = PlainASCII(utf8);
+    Entry* entry = Find(utf8, hash, plain);
     if (entry) {
       entry->mValue = value;
       return;
@@ -94,6 +96,7 @@ class StringMap {
     entry = new Entry;
     QASSERT(entry);
     entry->mHash = hash;
+    entry->mPlainKey = plain;
     entry->mKey = utf8;
     entry->mValue = value;
     LinkIntoBin(entry, mBins, mBinCount);
@@ -124,13 +127,13 @@ class StringMap {
   bool HasEntry(string const& key) const {
     if (!mBins) return false;
     string lookup = LookupKey(key);
-    return Find(lookup, hashString(lookup));
+    return Find(lookup, hashString(lookup), PlainASCII(lookup));
   }
 
   bool GetEntry(string const& key, T& value) const {
     if (!mBins) return false;
     string lookup = LookupKey(key);
-    Entry* entry = Find(lookup, hashString(lookup));
+    Entry* entry = Find(lookup, hashString(lookup), PlainASCII(lookup));
     if (!entry) return false;
     value = entry->mValue;
     return true;
@@ -227,12 +230,24 @@ class StringMap {
     return key.HasUTF8Bytes() ? key : key.GetUTF8String();
   }
 
-  Entry* Find(string const& utf8Key, unsigned long hash) const {
+  // Keys of plain ASCII (no byte above 127, no NUL) that match, with or
+  // without case, have equal hashes, since the hash folds the ASCII
+  // letters; other keys may match across a difference the hash does not
+  // fold, or past a NUL where the comparison stops.
+  static bool PlainASCII(string const& key) {
+    char const* bytes = key.CString();
+    for (unsigned long i = 0; i < key.Length(); i++)
+      if (static_cast<signed char>(bytes[i]) <= 0) return false;
+    return true;
+  }
+
+  Entry* Find(string const& utf8Key, unsigned long hash, bool plain) const {
     unsigned long compared = 0;
     Entry* e = mBins[hash % mBinCount];
     for (; e; e = e->mNextInBin) {
       compared++;
-      if ((!mHashesDecide || e->mHash == hash) && StringsMatch(e->mKey, utf8Key))
+      bool hashesDecide = mHashesDecide || (plain && e->mPlainKey);
+      if ((!hashesDecide || e->mHash == hash) && StringsMatch(e->mKey, utf8Key))
         break;
     }
     CountKeyComparisons(compared);

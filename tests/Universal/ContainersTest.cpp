@@ -128,6 +128,14 @@ TEST(StringMap, CaseRulesHashAndUTF8Keys) {
   folding.AddEntry(word, 3);
   EXPECT_TRUE(folding.GetEntry("INTEGER", value));
   EXPECT_EQ(value, 3);
+  // Among many keys, a folding lookup still meets its key in another case,
+  // and a key with bytes above ASCII in the same case.
+  for (int i = 0; i < 2000; i++) folding.AddEntry(Key(i), i);
+  EXPECT_TRUE(folding.GetEntry("KEY1999", value));
+  EXPECT_EQ(value, 1999);
+  folding.AddEntry(utf8, 8);
+  EXPECT_TRUE(folding.GetEntry(utf8, value));
+  EXPECT_EQ(value, 8);
 }
 
 TEST(StringMapIterator, DeletesWhileIteratingSkipNothing) {
