@@ -18,6 +18,7 @@
 #include "Compiler/SymbolTable/SymbolIterators.h"
 #include "Compiler/SymbolTable/SymbolTable.h"
 #include "Compiler/datatypes.h"
+#include "Universal/PointerIndex.h"
 #include "Universal/SimpleVector.h"
 #include "Universal/stringmap.h"
 
@@ -323,9 +324,14 @@ class MethodDeclarationListOwner {
     bool mixed;
   };
   // Keyed by name and link ID; built when first asked, rebuilt when the
-  // table has grown or a link ID has changed since.
+  // table has grown or a link ID has changed since. Each method's answer
+  // is worked out with the index and kept by the method's address, so that
+  // the question, asked once per method body, costs one probe.
   void IndexLinkIDs() const;
+  // The answer for `method` from the index by name and link ID.
+  bool PlacedElsewhere(MethodSymbol const* method) const;
   mutable StringMap<LinkIDPlaces>* mLinkIDPlaces;
+  mutable PointerIndex mDeclaredElsewhere;  // method -> 1 or 0
   mutable unsigned long mIndexedSymbols;
   mutable unsigned long mIndexedLinkIDChanges;
 };

@@ -73,6 +73,21 @@ void MethodDeclarationListOwner::IndexLinkIDs() const {
     }
     mLinkIDPlaces->AddEntry(key, places);
   }
+  mDeclaredElsewhere.Clear();
+  SymbolTableIterator again(mMethodTable);
+  while (again.Next()) {
+    if (!again.Value()->IsA(Symbol::kMethod)) continue;
+    MethodSymbol const* method = static_cast<MethodSymbol const*>(again.Value());
+    mDeclaredElsewhere.Add(method, PlacedElsewhere(method) ? 1 : 0);
+  }
+}
+
+bool MethodDeclarationListOwner::PlacedElsewhere(
+    MethodSymbol const* method) const {
+  LinkIDPlaces places;
+  if (!mLinkIDPlaces->GetEntry(NameAndLinkID(method), places)) return false;
+  return places.mixed || places.line != method->SourceLine() ||
+         places.unit != method->SourceUnit();
 }
 
 bool MethodDeclarationListOwner::LinkIDDeclaredElsewhere(
@@ -80,10 +95,9 @@ bool MethodDeclarationListOwner::LinkIDDeclaredElsewhere(
   if (!mLinkIDPlaces || mIndexedSymbols != mMethodTable->Count() ||
       mIndexedLinkIDChanges != MethodSymbol::LinkIDChanges())
     IndexLinkIDs();
-  LinkIDPlaces places;
-  if (!mLinkIDPlaces->GetEntry(NameAndLinkID(method), places)) return false;
-  return places.mixed || places.line != method->SourceLine() ||
-         places.unit != method->SourceUnit();
+  long known;
+  if (mDeclaredElsewhere.Find(method, &known)) return known != 0;
+  return PlacedElsewhere(method);  // a method of another table
 }
 
 MethodSymbol* MethodDeclarationListOwner::LookupMethodDeclaration(
