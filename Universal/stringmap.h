@@ -124,16 +124,10 @@ class StringMap {
     mBinCount = newSize;
   }
 
-  bool HasEntry(string const& key) const {
-    if (!mBins) return false;
-    string lookup = LookupKey(key);
-    return Find(lookup, hashString(lookup), PlainASCII(lookup));
-  }
+  bool HasEntry(string const& key) const { return FindKey(key); }
 
   bool GetEntry(string const& key, T& value) const {
-    if (!mBins) return false;
-    string lookup = LookupKey(key);
-    Entry* entry = Find(lookup, hashString(lookup), PlainASCII(lookup));
+    Entry* entry = FindKey(key);
     if (!entry) return false;
     value = entry->mValue;
     return true;
@@ -239,6 +233,12 @@ class StringMap {
     for (unsigned long i = 0; i < key.Length(); i++)
       if (static_cast<signed char>(bytes[i]) <= 0) return false;
     return true;
+  }
+
+  Entry* FindKey(string const& key) const {
+    if (!mBins) return nullptr;
+    string lookup = LookupKey(key);
+    return Find(lookup, hashString(lookup), PlainASCII(lookup));
   }
 
   Entry* Find(string const& utf8Key, unsigned long hash, bool plain) const {

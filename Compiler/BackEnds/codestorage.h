@@ -81,7 +81,7 @@ class DataBlock {
  protected:
   // Frees the buffer through the most derived FreeMemory; for destructors.
   void ReleaseBuffer();
-  // Room for n more bytes, growing in doubling steps of 16 to 4,096.
+  // Room for n more bytes, growing by at least half the capacity.
   void GrowBy(unsigned int n);
   void AppendBytes(unsigned char const* bytes, unsigned int length);
   void AppendGrowing8(unsigned int value);

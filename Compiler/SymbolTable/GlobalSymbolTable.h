@@ -291,7 +291,7 @@ class TypeSymbol : public MemberSymbol {
 class MethodDeclarationListOwner {
  public:
   explicit MethodDeclarationListOwner(SymbolTable* table)
-      : mMethodTable(table), mLinkIDPlaces(nullptr), mIndexedSymbols(0),
+      : mMethodTable(table), mLinkIDsIndexed(false), mIndexedSymbols(0),
         mIndexedLinkIDChanges(0) {}
   MethodDeclarationListOwner(MethodDeclarationListOwner const&) = delete;
   MethodDeclarationListOwner& operator=(MethodDeclarationListOwner const&) = delete;
@@ -309,29 +309,21 @@ class MethodDeclarationListOwner {
   }
 
   // Whether another method of the name of `method`, declared at another
-  // place, has its link ID: two bodies for one signature.
+  // place, has its link ID: two bodies for one signature. `method` is one
+  // of this owner's; any other gets false.
   bool LinkIDDeclaredElsewhere(MethodSymbol const* method) const;
 
  protected:
   SymbolTable* mMethodTable;
 
  private:
-  // Where the methods of one name and link ID are declared: the place of
-  // the first, and whether any other stands elsewhere.
-  struct LinkIDPlaces {
-    unsigned int line;
-    SourceUnitDependencyLink* unit;
-    bool mixed;
-  };
-  // Keyed by name and link ID; built when first asked, rebuilt when the
-  // table has grown or a link ID has changed since. Each method's answer
-  // is worked out with the index and kept by the method's address, so that
-  // the question, asked once per method body, costs one probe.
+  // Works out every method's answer at once, when first asked and again
+  // when the table has grown or a link ID has changed since, and keeps it
+  // by the method's address: the question, asked once per method body,
+  // costs one probe.
   void IndexLinkIDs() const;
-  // The answer for `method` from the index by name and link ID.
-  bool PlacedElsewhere(MethodSymbol const* method) const;
-  mutable StringMap<LinkIDPlaces>* mLinkIDPlaces;
   mutable PointerIndex mDeclaredElsewhere;  // method -> 1 or 0
+  mutable bool mLinkIDsIndexed;
   mutable unsigned long mIndexedSymbols;
   mutable unsigned long mIndexedLinkIDChanges;
 };

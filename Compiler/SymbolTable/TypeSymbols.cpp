@@ -41,9 +41,7 @@ MethodList MethodDeclarationListOwner::LookupMethods(
   return out;
 }
 
-MethodDeclarationListOwner::~MethodDeclarationListOwner() {
-  delete mLinkIDPlaces;
-}
+MethodDeclarationListOwner::~MethodDeclarationListOwner() = default;
 
 namespace {
 
@@ -52,52 +50,58 @@ string NameAndLinkID(MethodSymbol const* method) {
   return method->Name() + string("\n") + method->GetLinkID();
 }
 
+// Where the methods of one name and link ID are declared: the place of the
+// first, and whether any other stands elsewhere.
+struct LinkIDPlaces {
+  unsigned int line;
+  SourceUnitDependencyLink* unit;
+  bool mixed;
+};
+
+// Every method of the table, events included.
+template <class Visit>
+void ForEachMethod(SymbolTable* table, Visit visit) {
+  SymbolTableIterator each(table);
+  while (each.Next())
+    if (each.Value()->IsA(Symbol::kMethod))
+      visit(static_cast<MethodSymbol const*>(each.Value()));
+}
+
 }  // namespace
 
 void MethodDeclarationListOwner::IndexLinkIDs() const {
-  delete mLinkIDPlaces;
-  mLinkIDPlaces = new StringMap<LinkIDPlaces>;
+  mLinkIDsIndexed = true;
   mIndexedSymbols = mMethodTable->Count();
   mIndexedLinkIDChanges = MethodSymbol::LinkIDChanges();
-  SymbolTableIterator each(mMethodTable);
-  while (each.Next()) {
-    if (!each.Value()->IsA(Symbol::kMethod)) continue;
-    MethodSymbol const* method = static_cast<MethodSymbol const*>(each.Value());
+  StringMap<LinkIDPlaces> placesByKey;
+  ForEachMethod(mMethodTable, [&](MethodSymbol const* method) {
     string key = NameAndLinkID(method);
     LinkIDPlaces places;
-    if (!mLinkIDPlaces->GetEntry(key, places)) {
+    if (!placesByKey.GetEntry(key, places)) {
       places = {method->SourceLine(), method->SourceUnit(), false};
     } else if (places.line != method->SourceLine() ||
                places.unit != method->SourceUnit()) {
       places.mixed = true;
     }
-    mLinkIDPlaces->AddEntry(key, places);
-  }
+    placesByKey.AddEntry(key, places);
+  });
   mDeclaredElsewhere.Clear();
-  SymbolTableIterator again(mMethodTable);
-  while (again.Next()) {
-    if (!again.Value()->IsA(Symbol::kMethod)) continue;
-    MethodSymbol const* method = static_cast<MethodSymbol const*>(again.Value());
-    mDeclaredElsewhere.Add(method, PlacedElsewhere(method) ? 1 : 0);
-  }
-}
-
-bool MethodDeclarationListOwner::PlacedElsewhere(
-    MethodSymbol const* method) const {
-  LinkIDPlaces places;
-  if (!mLinkIDPlaces->GetEntry(NameAndLinkID(method), places)) return false;
-  return places.mixed || places.line != method->SourceLine() ||
-         places.unit != method->SourceUnit();
+  ForEachMethod(mMethodTable, [&](MethodSymbol const* method) {
+    LinkIDPlaces places = {method->SourceLine(), method->SourceUnit(), false};
+    placesByKey.GetEntry(NameAndLinkID(method), places);
+    bool elsewhere = places.mixed || places.line != method->SourceLine() ||
+                     places.unit != method->SourceUnit();
+    mDeclaredElsewhere.Add(method, elsewhere ? 1 : 0);
+  });
 }
 
 bool MethodDeclarationListOwner::LinkIDDeclaredElsewhere(
     MethodSymbol const* method) const {
-  if (!mLinkIDPlaces || mIndexedSymbols != mMethodTable->Count() ||
+  if (!mLinkIDsIndexed || mIndexedSymbols != mMethodTable->Count() ||
       mIndexedLinkIDChanges != MethodSymbol::LinkIDChanges())
     IndexLinkIDs();
-  long known;
-  if (mDeclaredElsewhere.Find(method, &known)) return known != 0;
-  return PlacedElsewhere(method);  // a method of another table
+  long elsewhere = 0;
+  return mDeclaredElsewhere.Find(method, &elsewhere) && elsewhere != 0;
 }
 
 MethodSymbol* MethodDeclarationListOwner::LookupMethodDeclaration(
